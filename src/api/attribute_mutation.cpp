@@ -1,0 +1,204 @@
+// Calls that change the attributes of the current invocation and their values.
+#include "api/frame.h"
+#include "api/node_effects.h"
+#include "foundation/error_store.h"
+#include "foundation/memory.h"
+#include "foundation/text.h"
+#include "tree/child_index.h"
+#include "tree/node.h"
+#include "tree/node_storage.h"
+
+namespace jt {
+namespace {
+
+constexpr std::uint32_t kOverridden = 6;  // KMT_STATUS_OVERRIDDEN
+
+Frame in_attribute(Frame frame, std::int32_t handle, const char *service_name, const char *name) {
+  return frame.in_template(handle).in_service(service_name).in_invocation().in_attribute(name);
+}
+
+Frame in_attribute(jt_parser_space *space, const void *value, std::int32_t handle, const char *service_name,
+                   const char *name) {
+  return in_attribute(Frame(space).needs(value != nullptr, message::kNullValue), handle, service_name, name);
+}
+
+// ---- Adding and replacing ---------------------------------------------------------------------------------
+
+std::int32_t add_value(jt_parser_space *space, const Frame &at, jt_node *value) {
+  return add_or_destroy(space, at.attribute(), value, add_child);
+}
+
+// The old values go only once the new one is there.
+std::int32_t replace_values(jt_parser_space *space, const Frame &at, jt_node *value) {
+  if (value != nullptr) destroy_children(space, &at.attribute());
+  return add_value(space, at, value);
+}
+
+std::int32_t set_compulsion(const Frame &at, std::int32_t non_compulsory) {
+  if (!at) return 0;
+  at.attribute().non_compulsory = non_compulsory;
+  return 1;
+}
+
+// ---- Deleting ---------------------------------------------------------------------------------------------
+
+std::int32_t delete_found(jt_parser_space *space, jt_node *stored) {
+  if (stored == nullptr) {
+    report(space, message::kNoSuchValue);
+    return 0;
+  }
+  return destroy_node(space, stored);
+}
+
+// Whether the attribute's type is known and has the operations that the call needs.
+template <typename... Operations>
+bool has_operations(jt_parser_space *space, const jt_node &attribute, const char *attribute_name,
+                    Operations jt_type::*...operations) {
+  if (!has_known_type(attribute)) {
+    report(space, message::kUnknownDataType);
+    return false;
+  }
+  const bool complete = ((attribute.type->*operations != nullptr) && ...);
+  if (!complete) jt_error(space, message::kNoCompareOfAttribute, attribute_name);
+  return complete;
+}
+
+// The value that a text denotes, for as long as a call needs it.
+jt_value *evaluate(jt_parser_space *space, const jt_type &type, const char *text) {
+  char *const copy = copy_text(space, text);
+  jt_value *const value = copy != nullptr ? type.eval(space, copy) : nullptr;
+  er_free(copy);
+  if (value == nullptr) report(space, message::kUnparsableValue, text);
+  return value;
+}
+
+std::int32_t delete_by_text(jt_parser_space *space, jt_node &attribute, const char *text) {
+  jt_value *const value = evaluate(space, *attribute.type, text);
+  if (value == nullptr) return 0;
+  jt_node *const stored = find_value(attribute, value);
+  attribute.type->kill(space, value);
+  return delete_found(space, stored);
+}
+
+// ---- Overriding -------------------------------------------------------------------------------------------
+
+jt_node *find_overridable(jt_parser_space *space, const Frame &at, const char *attribute_name,
+                          const jt_value *old_value) {
+  jt_node &attribute = at.attribute();
+  if (!has_operations(space, attribute, attribute_name, &jt_type::cmp, &jt_type::copy, &jt_type::deval,
+                      &jt_type::kill)) {
+    return nullptr;
+  }
+  if (attribute.non_compulsory == 0) {
+    jt_error(space, message::kCompulsory, attribute_name);
+    return nullptr;
+  }
+  jt_node *const stored = find_value(attribute, old_value);
+  if (stored == nullptr) report(space, message::kNoSuchValue);
+  return stored;
+}
+
+// Everything that can fail comes first. A value without a text leaves no overridden text.
+std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node &stored,
+                            const jt_value *new_value) {
+  jt_value *const copy = attribute.type->copy(space, new_value);
+  if (copy == nullptr) {
+    report(space, message::kInvalidValue);
+    return 0;
+  }
+  char *const replaced = attribute.type->deval(space, stored.value);
+  unindex_child(attribute, stored);
+  release_value(*space, stored);
+  stored.value = copy;
+  index_child(attribute, stored);
+  release_text(attribute, attribute.overridden_value);
+  attribute.overridden_value = replaced;
+  set_status_number(*space, attribute, kOverridden);
+  return 1;
+}
+
+}  // namespace
+}  // namespace jt
+
+extern "C" {
+
+int32_t jt_add_attribute(jt_parser_space *space, int32_t handle, const char *service_name,
+                         const char *type_name, const char *attribute_name) {
+  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name).in_invocation();
+  if (!at) return 0;
+  jt_node &invocation = at.invocation();
+  jt_node *const attribute =
+      create_typed_node(space, type_name, attribute_name, JT_NODE_ATTRIBUTE, &invocation);
+  return jt::add_or_destroy(space, invocation, attribute, add_unique_child);
+}
+
+int32_t jt_delete_attribute(jt_parser_space *space, int32_t handle, const char *service_name,
+                            const char *attribute_name) {
+  const jt::Frame at = jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name);
+  return at ? destroy_node(space, &at.attribute()) : 0;
+}
+
+int32_t jt_add_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
+                                      const char *attribute_name, const char *text) {
+  const jt::Frame at = jt::in_attribute(space, text, handle, service_name, attribute_name);
+  return at ? jt::add_value(space, at, create_value_node(space, at.attribute().type, text)) : 0;
+}
+
+int32_t jt_set_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
+                                      const char *attribute_name, const char *text) {
+  const jt::Frame at = jt::in_attribute(space, text, handle, service_name, attribute_name);
+  return at ? jt::replace_values(space, at, create_value_node(space, at.attribute().type, text)) : 0;
+}
+
+int32_t jt_add_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
+                               const char *attribute_name, const jt_value *value) {
+  const jt::Frame at = jt::in_attribute(space, value, handle, service_name, attribute_name);
+  return at ? jt::add_value(space, at, create_value_ptr_node(space, at.attribute().type, value)) : 0;
+}
+
+int32_t jt_set_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
+                               const char *attribute_name, const jt_value *value) {
+  const jt::Frame at = jt::in_attribute(space, value, handle, service_name, attribute_name);
+  return at ? jt::replace_values(space, at, create_value_ptr_node(space, at.attribute().type, value)) : 0;
+}
+
+int32_t jt_delete_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
+                                  const char *attribute_name, const jt_value *value) {
+  const jt::Frame at = jt::in_attribute(space, value, handle, service_name, attribute_name);
+  if (!at || !jt::has_operations(space, at.attribute(), attribute_name, &jt_type::cmp)) return 0;
+  return jt::delete_found(space, jt::find_value(at.attribute(), value));
+}
+
+int32_t jt_delete_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
+                                         const char *attribute_name, const char *text) {
+  const jt::Frame at = jt::in_attribute(space, text, handle, service_name, attribute_name);
+  if (!at) return 0;
+  jt_node &attribute = at.attribute();
+  if (!jt::has_known_type(attribute)) return jt::delete_found(space, jt::find_pending_value(attribute, text));
+  const bool complete =
+      jt::has_operations(space, attribute, attribute_name, &jt_type::eval, &jt_type::cmp, &jt_type::kill);
+  return complete ? jt::delete_by_text(space, attribute, text) : 0;
+}
+
+int32_t jt_override_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
+                                    const char *attribute_name, const jt_value *old_value,
+                                    const jt_value *new_value) {
+  const bool given = old_value != nullptr && new_value != nullptr;
+  const jt::Frame at = jt::in_attribute(jt::Frame(space).needs(given, jt::message::kNullValue), handle,
+                                        service_name, attribute_name);
+  if (!at) return 0;
+  jt_node *const stored = jt::find_overridable(space, at, attribute_name, old_value);
+  return stored != nullptr ? jt::override_value(space, at.attribute(), *stored, new_value) : 0;
+}
+
+int32_t jt_set_attribute_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
+                                    const char *attribute_name) {
+  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), 0);
+}
+
+int32_t jt_set_attribute_non_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
+                                        const char *attribute_name) {
+  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), 1);
+}
+
+}  // extern "C"

@@ -1,0 +1,53 @@
+#include "api/frame.h"
+
+#include "tree/links.h"
+#include "tree/node.h"
+
+namespace jt {
+
+Frame::Frame(jt_parser_space *space) : space_(space), passed_(space != nullptr) { reset_error_status(space); }
+
+void Frame::fail(const char *message, const char *detail) {
+  jt_error(space_, message, detail);
+  passed_ = false;
+}
+
+Frame &Frame::needs(bool given, const char *message) {
+  if (passed_ && !given) fail(message);
+  return *this;
+}
+
+Frame &Frame::in_template(std::int32_t handle) {
+  if (!passed_) return *this;
+  root_ = opaque_to_node(space_, handle);
+  if (root_ == nullptr) {
+    fail(message::kNotAHandle);
+  } else if (root_->node_class != JT_NODE_TEMPLATE) {
+    fail(message::kNotATemplate);
+  }
+  return *this;
+}
+
+Frame &Frame::in_service(const char *name) {
+  if (!passed_) return *this;
+  service_ = get_child(space_, root_, name);
+  if (service_ == nullptr) fail(message::kDoesNotExist, name);
+  return *this;
+}
+
+Frame &Frame::in_invocation() {
+  if (!passed_) return *this;
+  start_cursor(*service_);
+  invocation_ = service_->cursor;
+  if (invocation_ == nullptr) fail(message::kNoInvocation);
+  return *this;
+}
+
+Frame &Frame::in_attribute(const char *name) {
+  if (!passed_) return *this;
+  attribute_ = get_child(space_, invocation_, name);
+  if (attribute_ == nullptr) fail(message::kDoesNotExist, name);
+  return *this;
+}
+
+}  // namespace jt

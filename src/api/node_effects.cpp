@@ -1,0 +1,29 @@
+#include "api/node_effects.h"
+
+#include "foundation/error_store.h"
+#include "foundation/memory.h"
+#include "tree/node.h"
+
+namespace jt {
+
+char *copy_type_name(jt_parser_space *space, const jt_node &node, const char *node_name) {
+  const bool known = has_known_type(node);
+  const char *const type_name = type_name_of(node);
+  if (type_name == nullptr) {
+    report(space, known ? message::kNamelessType : message::kNoTypeName);
+    return nullptr;
+  }
+  char *const copy = copy_plain_text(type_name);
+  if (copy == nullptr && known) jt_error(space, message::kNoKnownTypeCopy, node_name);
+  if (copy == nullptr && !known) report(space, message::kNoUnknownTypeCopy, type_name);
+  return copy;
+}
+
+std::int32_t add_or_destroy(jt_parser_space *space, jt_node &parent, jt_node *node, AddOperation add) {
+  if (node == nullptr) return 0;
+  if (add(space, &parent, node) != 0) return 1;
+  destroy_node(space, node);
+  return 0;
+}
+
+}  // namespace jt

@@ -1,0 +1,21 @@
+// Effects that several calls share once the frame has found their node.
+#ifndef JT_API_NODE_EFFECTS_H
+#define JT_API_NODE_EFFECTS_H
+
+#include <cstdint>
+
+#include "jt.h"
+
+namespace jt {
+
+// A copy of the name of the node's type; the caller's name for the node goes into the report of a failure.
+char *copy_type_name(jt_parser_space *space, const jt_node &node, const char *node_name);
+
+// Links a node that was just made with one of the add_ operations, or destroys it. A null node has been
+// reported.
+using AddOperation = int32_t (*)(jt_parser_space *space, jt_node *parent, jt_node *child);
+std::int32_t add_or_destroy(jt_parser_space *space, jt_node &parent, jt_node *node, AddOperation add);
+
+}  // namespace jt
+
+#endif

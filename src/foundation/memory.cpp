@@ -1,0 +1,56 @@
+#include "foundation/memory.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "foundation/parser_space.h"
+
+namespace jt {
+namespace {
+
+void *take_zeroed(jt_parser_space *space, std::size_t count, std::size_t size) {
+  void *const block = std::calloc(count, size);
+  if (block == nullptr) report(space, message::kAllocation);
+  return block;
+}
+
+char *fill(void *block, std::string_view text) {
+  auto *const copy = static_cast<char *>(block);
+  if (copy == nullptr) return nullptr;
+  std::memcpy(copy, text.data(), text.size());
+  copy[text.size()] = '\0';
+  return copy;
+}
+
+}  // namespace
+
+void *take_block(jt_parser_space *space, std::size_t bytes) { return take_zeroed(space, 1, bytes); }
+
+void *take_value_block(jt_parser_space *space, std::size_t bytes) {
+  if (space == nullptr || space->block_source == nullptr) return take_block(space, bytes);
+  return space->block_source->take(*space->block_source, *space, bytes);
+}
+
+char *copy_text(jt_parser_space *space, std::string_view text) {
+  return fill(take_block(space, text.size() + 1), text);
+}
+
+char *copy_plain_text(std::string_view text) { return fill(std::malloc(text.size() + 1), text); }
+
+}  // namespace jt
+
+extern "C" {
+
+void *my_calloc(jt_parser_space *space, size_t count, int32_t size) {
+  if (count == 0 || size <= 0) return nullptr;
+  return jt::take_zeroed(space, count, static_cast<std::size_t>(size));
+}
+
+int32_t er_free(void *block) {
+  if (block == nullptr) return 1;
+  *static_cast<char *>(block) = '\0';
+  std::free(block);
+  return 1;
+}
+
+}  // extern "C"

@@ -1,0 +1,138 @@
+#include "foundation/node_table.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "foundation/markers.h"
+#include "foundation/memory.h"
+#include "foundation/parser_space.h"
+
+namespace jt {
+namespace {
+
+constexpr std::int32_t kWordBits = 32;
+constexpr std::int32_t kLargestTable = INT32_MAX / 4;
+
+std::size_t words_for(std::size_t bits) { return (bits + kWordBits - 1) / kWordBits; }
+
+// Words of all levels of a bitmap over so many slots.
+std::size_t bitmap_words(std::size_t slots) {
+  std::size_t words = 0;
+  for (int level = 0; level < FreeSlots::kLevels; ++level) {
+    slots = words_for(slots);
+    words += slots;
+  }
+  return words;
+}
+
+// Slots and bitmap lie in one block, so that a table grows whole or not at all.
+bool reserve(jt_parser_space &space, std::int32_t wanted) {
+  NodeTable &table = space.table;
+  FreeSlots &map = space.free_slots;
+  const auto slots = static_cast<std::size_t>(wanted);
+  auto *const block = static_cast<jt_node **>(
+      take_block(&space, slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
+  if (block == nullptr) return false;
+  auto *words = reinterpret_cast<std::uint32_t *>(block + slots);
+  std::size_t old_bits = static_cast<std::size_t>(map.reserved);
+  std::size_t new_bits = slots;
+  for (std::uint32_t *&level : map.levels) {
+    old_bits = words_for(old_bits);
+    new_bits = words_for(new_bits);
+    std::copy_n(level, level != nullptr ? old_bits : 0, words);
+    level = words;
+    words += new_bits;
+  }
+  std::copy_n(table.slots, table.count, block);
+  er_free(table.slots);
+  table.slots = block;
+  map.reserved = wanted;
+  return true;
+}
+
+bool grow(jt_parser_space &space) {
+  NodeTable &table = space.table;
+  const bool room = table.capacity < space.free_slots.reserved;
+  if (!room && (table.capacity > kLargestTable || !reserve(space, table.capacity * 2))) return false;
+  table.capacity += kTableStep;
+  return true;
+}
+
+void set_free(FreeSlots &map, std::int32_t slot) {
+  auto bit = static_cast<std::uint32_t>(slot);
+  for (std::uint32_t *const level : map.levels) {
+    std::uint32_t &word = level[bit / kWordBits];
+    const bool known_above = word != 0;
+    word |= 1U << bit % kWordBits;
+    if (known_above) break;
+    bit /= kWordBits;
+  }
+  ++map.free;
+}
+
+// The top level is one word; each step down follows the lowest bit that is set.
+std::int32_t take_lowest_free(FreeSlots &map) {
+  std::uint32_t bit = 0;
+  for (int level = FreeSlots::kLevels - 1; level >= 0; --level) {
+    bit = bit * kWordBits +
+          static_cast<std::uint32_t>(std::countr_zero(map.levels[static_cast<std::size_t>(level)][bit]));
+  }
+  const auto slot = static_cast<std::int32_t>(bit);
+  for (std::uint32_t *const level : map.levels) {
+    std::uint32_t &word = level[bit / kWordBits];
+    word &= word - 1;
+    if (word != 0) break;
+    bit /= kWordBits;
+  }
+  --map.free;
+  return slot;
+}
+
+}  // namespace
+
+bool open_node_table(jt_parser_space &space) {
+  if (!reserve(space, kTableStep)) return false;
+  space.table.capacity = kTableStep;
+  return true;
+}
+
+void close_node_table(jt_parser_space &space) {
+  er_free(space.table.slots);
+  space.table = {};
+  space.free_slots = {};
+}
+
+std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node) {
+  if (space == nullptr) return -1;
+  NodeTable &table = space->table;
+  std::int32_t slot = table.count;
+  if (space->free_slots.free > 0) {
+    slot = take_lowest_free(space->free_slots);
+  } else if (table.count == table.capacity && !grow(*space)) {
+    report(space, message::kNoNodeTable);
+    return -1;
+  } else {
+    ++table.count;
+  }
+  table.slots[slot] = node;
+  return slot;
+}
+
+std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark) {
+  if (space == nullptr) return 1;
+  NodeTable &table = space->table;
+  if (table.slots == nullptr || bookmark < 0 || bookmark >= table.count) {
+    report(space, message::kBadBookmark);
+    return 1;
+  }
+  if (table.slots[bookmark] == released_slot()) return 0;
+  table.slots[bookmark] = released_slot();
+  set_free(space->free_slots, bookmark);
+  return 1;
+}
+
+bool holds_node(const jt_parser_space &space, std::int32_t bookmark, const jt_node *node) {
+  return bookmark >= 0 && bookmark < space.table.count && space.table.slots[bookmark] == node;
+}
+
+}  // namespace jt

@@ -1,0 +1,21 @@
+// The parser space: the one record that a session owns. The stated fields come first and in their order; the
+// fields after them only serve speed.
+#ifndef JT_FOUNDATION_PARSER_SPACE_H
+#define JT_FOUNDATION_PARSER_SPACE_H
+
+#include "foundation/error_store.h"
+#include "foundation/memory.h"
+#include "foundation/node_table.h"
+#include "foundation/piece_pool.h"
+#include "jt.h"
+
+struct jt_parser_space {
+  char *label;
+  jt::NodeTable table;
+  jt::ErrorStore errors;
+  jt::FreeSlots free_slots;
+  jt::PiecePool pool;
+  jt::BlockSource *block_source;  // not null only while a value node is being made
+};
+
+#endif

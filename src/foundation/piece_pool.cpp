@@ -1,0 +1,101 @@
+#include "foundation/piece_pool.h"
+
+#include <algorithm>
+
+#include "foundation/memory.h"
+#include "foundation/parser_space.h"
+
+namespace jt {
+
+// Pieces follow the page record, each at a multiple of the unit, up to `used`.
+struct alignas(kPieceUnit) Page {
+  std::uint32_t bytes;  // the whole page
+  std::uint32_t used;   // up to here pieces have been cut
+  std::uint32_t live;   // pieces that have not been released
+};
+
+namespace {
+
+constexpr std::size_t kFirstPage = 2048;
+constexpr std::size_t kLargestPage = 65536;
+static_assert(kLargestPage / kPieceUnit < UINT16_MAX, "a tag can hold every distance");
+static_assert(alignof(FreePiece) <= kPieceUnit);
+
+std::byte *byte_of(Page *page, std::size_t offset) { return reinterpret_cast<std::byte *>(page) + offset; }
+
+Page *page_of(void *piece, PieceTag tag) {
+  return reinterpret_cast<Page *>(static_cast<std::byte *>(piece) - tag.page_units * kPieceUnit);
+}
+
+void link_free(PiecePool &pool, void *piece, PieceTag tag) {
+  FreePiece *&first = pool.free[tag.units];
+  auto *const released = static_cast<FreePiece *>(piece);
+  *released = {tag, first, nullptr};
+  if (first != nullptr) first->previous = released;
+  first = released;
+}
+
+void unlink_free(PiecePool &pool, FreePiece *piece) {
+  (piece->previous != nullptr ? piece->previous->next : pool.free[piece->tag.units]) = piece->next;
+  if (piece->next != nullptr) piece->next->previous = piece->previous;
+}
+
+// All pieces of the page have been released: none may be found in a list any more.
+void discard_page(PiecePool &pool, Page *page) {
+  for (std::size_t offset = sizeof(Page); offset < page->used;) {
+    auto *const piece = reinterpret_cast<FreePiece *>(byte_of(page, offset));
+    offset += piece->tag.units * kPieceUnit;
+    unlink_free(pool, piece);
+  }
+  if (page == pool.current) {
+    page->used = sizeof(Page);
+  } else {
+    er_free(page);
+  }
+}
+
+// What is left of the current page is given up; it is less than one piece. An empty page is not left behind.
+Page *open_page(jt_parser_space &space) {
+  PiecePool &pool = space.pool;
+  const std::size_t bytes = std::clamp(pool.page_bytes, kFirstPage, kLargestPage);
+  auto *const page = static_cast<Page *>(take_block(&space, bytes));
+  if (page == nullptr) return nullptr;
+  *page = {static_cast<std::uint32_t>(bytes), sizeof(Page), 0};
+  if (pool.current != nullptr && pool.current->live == 0) er_free(pool.current);
+  pool.current = page;
+  pool.page_bytes = bytes * 2;
+  return page;
+}
+
+}  // namespace
+
+void *take_piece(jt_parser_space &space, std::size_t bytes, PieceTag &tag) {
+  PiecePool &pool = space.pool;
+  const std::size_t units = (std::max(bytes, sizeof(FreePiece)) + kPieceUnit - 1) / kPieceUnit;
+  if (FreePiece *const piece = pool.free[units]; piece != nullptr) {
+    unlink_free(pool, piece);
+    tag = piece->tag;
+    ++page_of(piece, tag)->live;
+    return piece;
+  }
+  Page *page = pool.current;
+  if (page == nullptr || page->bytes - page->used < units * kPieceUnit) page = open_page(space);
+  if (page == nullptr) return nullptr;
+  tag = {static_cast<std::uint16_t>(units), static_cast<std::uint16_t>(page->used / kPieceUnit)};
+  page->used += static_cast<std::uint32_t>(units * kPieceUnit);
+  ++page->live;
+  return byte_of(page, tag.page_units * kPieceUnit);
+}
+
+void release_piece(jt_parser_space &space, void *piece, PieceTag tag) {
+  Page *const page = page_of(piece, tag);
+  link_free(space.pool, piece, tag);
+  if (--page->live == 0) discard_page(space.pool, page);
+}
+
+void close_piece_pool(jt_parser_space &space) {
+  er_free(space.pool.current);
+  space.pool.current = nullptr;
+}
+
+}  // namespace jt

@@ -1,0 +1,62 @@
+// Pieces: the storage of nodes. A piece is cut from a page that holds many of them, so a template of
+// thousands of nodes costs few blocks of the heap and its nodes lie side by side. A released piece is taken
+// again by the next one of its size; a page whose pieces have all been released goes back to the heap. A
+// session that builds and destroys, or edits one template, for a year therefore does not grow.
+//
+// A piece has no header. Its owner keeps the tag that came with it, which says how long the piece is and how
+// far it lies behind the start of its page.
+#ifndef JT_FOUNDATION_PIECE_POOL_H
+#define JT_FOUNDATION_PIECE_POOL_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "jt.h"
+
+namespace jt {
+
+// Lengths and distances are counted in units.
+constexpr std::size_t kPieceUnit = 8;
+
+// The longest piece. What is longer is better off as a block of its own.
+constexpr std::size_t kMaxPiece = 1024;
+
+struct PieceTag {
+  std::uint16_t units;       // length
+  std::uint16_t page_units;  // distance from the start of the page
+};
+
+struct Page;
+
+// A released piece, waiting among those of its length. Neighbours are linked both ways: a page that goes back
+// to the heap takes its released pieces out of their lists.
+struct FreePiece {
+  PieceTag tag;
+  FreePiece *next;
+  FreePiece *previous;
+};
+
+struct PiecePool {
+  Page *current;                                             // the page that new pieces are cut from
+  std::size_t page_bytes;                                    // size of the next page
+  std::array<FreePiece *, kMaxPiece / kPieceUnit + 1> free;  // by length in units
+};
+
+// A piece of at least `bytes` bytes (at most kMaxPiece), not zeroed; null after "allocation error".
+void *take_piece(jt_parser_space &space, std::size_t bytes, PieceTag &tag);
+
+void release_piece(jt_parser_space &space, void *piece, PieceTag tag);
+
+// Gives back the page that is kept ready, once every piece has been released.
+void close_piece_pool(jt_parser_space &space);
+
+// Whether an address lies inside the piece.
+inline bool in_piece(const void *piece, PieceTag tag, const void *address) {
+  const auto distance = reinterpret_cast<std::uintptr_t>(address) - reinterpret_cast<std::uintptr_t>(piece);
+  return distance < tag.units * kPieceUnit;
+}
+
+}  // namespace jt
+
+#endif

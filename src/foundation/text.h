@@ -1,0 +1,46 @@
+// Text helpers that know no locale: letters A to Z fold, digits are 0 to 9, everything else is a byte. Names
+// of every kind (services, attributes, types, enumerations) are compared and hashed through here, so that a
+// look-up by hash and one by comparison can never disagree.
+#ifndef JT_FOUNDATION_TEXT_H
+#define JT_FOUNDATION_TEXT_H
+
+#include <cstdint>
+#include <string_view>
+
+namespace jt {
+
+constexpr unsigned char fold(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + ('a' - 'A')) : byte;
+}
+
+constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
+// Order of two names, letters folded: negative, 0 or positive.
+constexpr int compare_names(std::string_view a, std::string_view b) {
+  const std::size_t common = a.size() < b.size() ? a.size() : b.size();
+  for (std::size_t i = 0; i < common; ++i) {
+    if (fold(a[i]) != fold(b[i])) return fold(a[i]) - fold(b[i]);
+  }
+  return a.size() < b.size() ? -1 : (a.size() > b.size() ? 1 : 0);
+}
+
+constexpr bool same_name(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && compare_names(a, b) == 0;
+}
+
+// Names that are the same have the same hash.
+constexpr std::uint32_t name_hash(std::string_view name) {
+  std::uint32_t hash = 2166136261U;
+  for (const char c : name) hash = (hash ^ fold(c)) * 16777619U;
+  return hash ^ (hash >> 15U);
+}
+
+// A text that may be null, as a view; null reads as empty.
+constexpr std::string_view view_of(const char *text) {
+  return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+}  // namespace jt
+
+#endif

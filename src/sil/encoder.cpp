@@ -1,0 +1,236 @@
+// The encoder: writes a template tree as SIL text in its one layout. Names, statuses' texts and overridden
+// values are written as they are; values are escaped.
+#include "foundation/error_store.h"
+#include "foundation/memory.h"
+#include "foundation/text.h"
+#include "sil/escape.h"
+#include "sil/output.h"
+#include "tree/node.h"
+
+namespace jt {
+namespace {
+
+constexpr std::size_t kHeaderColumn = 0;
+constexpr std::size_t kFlagColumn = 4;
+constexpr std::size_t kInvocationColumn = 1;
+constexpr std::size_t kAttributeColumn = 6;
+constexpr std::size_t kValueColumn = 25;
+
+struct Encoder {
+  jt_parser_space *space;
+  Output &out;
+  EscapedText &scratch;
+};
+
+// ---- Values -----------------------------------------------------------------------------------------------
+
+// A text of the library's, released at the end of its scope.
+struct OwnedText {
+  explicit OwnedText(char *owned) : text(owned) {}
+  ~OwnedText() { er_free(text); }
+  OwnedText(const OwnedText &) = delete;
+  OwnedText &operator=(const OwnedText &) = delete;
+
+  char *text;
+};
+
+// Puts a text into the scratch; without memory the whole encoding fails.
+bool escape(Encoder &encoder, const char *text, Quoting quoting, const char *failure, const char *detail) {
+  if (encoder.scratch.escape(view_of(text), quoting)) return true;
+  jt_error(encoder.space, failure, detail);
+  encoder.out.fail();
+  return false;
+}
+
+// False when the value has no text, which has been reported.
+bool escape_value(Encoder &encoder, const jt_node &value) {
+  if (!has_known_type(value)) {
+    return escape(encoder, value.pending_value, Quoting::kNone, message::kNoPendingText, value.pending_value);
+  }
+  const jt_type &type = *value.type;
+  const OwnedText text(type.deval != nullptr ? type.deval(encoder.space, value.value) : nullptr);
+  if (text.text == nullptr) {
+    report(encoder.space, message::kBadValue);
+    return false;
+  }
+  const bool is_string = same_name(view_of(type.name), "string");
+  return escape(encoder, text.text, is_string ? Quoting::kQuotes : Quoting::kNone, message::kNoOutput, "");
+}
+
+// A value without a text is left out with its separator, so that what is written can be read.
+void write_values(Encoder &encoder, const jt_node &attribute) {
+  bool separate = false;
+  for (const jt_node *value = attribute.first_child; value != nullptr; value = value->next_sibling) {
+    if (!escape_value(encoder, *value)) continue;
+    if (separate) encoder.out.append_raw(", ");
+    encoder.out.append(encoder.scratch.view(), kValueColumn, Layout::kLine);
+    separate = true;
+  }
+}
+
+// ---- Statuses and attributes ------------------------------------------------------------------------------
+
+void write_status(Encoder &encoder, const jt_node &node) {
+  if (node.status != nullptr) {
+    const OwnedText name(get_status_string(encoder.space, node.status));
+    encoder.out.append_raw("(");
+    encoder.out.append_raw(view_of(name.text));
+    if (node.overridden_value != nullptr) {
+      encoder.out.append_raw("{");
+      encoder.out.append_raw(node.overridden_value);
+      encoder.out.append_raw("}");
+    }
+    encoder.out.append_raw(")");
+  }
+  encoder.out.append_raw(node.node_class == JT_NODE_SERVICE ? "\n\n" : "\n");
+}
+
+void write_attribute(Encoder &encoder, const jt_node &attribute, std::size_t flag_column,
+                     std::size_t column) {
+  Output &out = encoder.out;
+  if (attribute.non_compulsory != 0) out.append("* ", flag_column, Layout::kLine);
+  out.append(view_of(type_name_of(attribute)), column, Layout::kLine);
+  out.append_raw(" ");
+  out.append(view_of(attribute.name), column, Layout::kLine);
+  out.append(" = ", kValueColumn, Layout::kLine);
+  out.append(view_of(attribute.comment), kValueColumn, Layout::kBlock);
+  write_values(encoder, attribute);
+  out.append_raw(";");
+  write_status(encoder, attribute);
+}
+
+// ---- Services ---------------------------------------------------------------------------------------------
+
+void write_invocation(Encoder &encoder, const jt_node &invocation) {
+  Output &out = encoder.out;
+  out.append(view_of(invocation.name), kInvocationColumn, Layout::kLine);
+  out.append("{\n", kInvocationColumn, Layout::kLine);
+  out.append(view_of(invocation.comment), kAttributeColumn, Layout::kBlock);
+  for (const jt_node *node = invocation.first_child; node != nullptr; node = node->next_sibling) {
+    write_attribute(encoder, *node, kFlagColumn, kAttributeColumn);
+  }
+  out.append_raw(" }");
+  write_status(encoder, invocation);
+}
+
+// Each piece is appended by itself, because a line may be folded before each.
+void write_service(Encoder &encoder, const jt_node &service) {
+  Output &out = encoder.out;
+  out.append("[", 0, Layout::kLine);
+  out.append(view_of(type_name_of(service)), 0, Layout::kLine);
+  out.append(" ", 0, Layout::kLine);
+  out.append(view_of(service.name), 0, Layout::kLine);
+  out.append("]\n", 0, Layout::kLine);
+  out.append(view_of(service.comment), kInvocationColumn, Layout::kBlock);
+  for (const jt_node *node = service.first_child; node != nullptr; node = node->next_sibling) {
+    write_invocation(encoder, *node);
+  }
+  out.append_raw("end");
+  write_status(encoder, service);
+}
+
+void write_body(Encoder &encoder, const jt_node &container) {
+  encoder.out.append(view_of(container.comment), 0, Layout::kBlock);
+  for (const jt_node *node = container.first_child; node != nullptr; node = node->next_sibling) {
+    write_service(encoder, *node);
+  }
+}
+
+// ---- The header -------------------------------------------------------------------------------------------
+
+// The three values of the header by position, each with the report of its absence.
+constexpr const char *kMissing[] = {message::kNoLanguageVersion, message::kNoCharacterEncoding,
+                                    message::kNoInteractionId};
+
+bool header_is_complete(jt_parser_space *space, const jt_node &header) {
+  const jt_node *attribute = header.parent;
+  for (const char *const missing : kMissing) {
+    if (attribute == nullptr || attribute->value == nullptr) {
+      report(space, missing);
+      return false;
+    }
+    attribute = attribute->next_sibling;
+  }
+  return true;
+}
+
+std::string_view opening_of(const jt_node &header) {
+  if (header.node_class == JT_NODE_HEADER_QUESTION) return "\n<? SIL ";
+  return header.node_class == JT_NODE_HEADER_EXCLAIM ? "\n<! SIL " : "\n< SIL ";
+}
+
+void write_header(Encoder &encoder, const jt_node &header) {
+  Output &out = encoder.out;
+  out.append(view_of(header.comment), 0, Layout::kBlock);
+  out.append(opening_of(header), 0, Layout::kBlock);
+  const jt_node *attribute = header.parent;
+  for (const std::string_view behind : {" ", " ", " >\n\n"}) {
+    out.append(reinterpret_cast<const char *>(attribute->value), 0, Layout::kLine);
+    out.append(behind, 0, Layout::kLine);
+    attribute = attribute->next_sibling;
+  }
+  for (const jt_node *node = header.first_child; node != nullptr; node = node->next_sibling) {
+    write_attribute(encoder, *node, kHeaderColumn, kHeaderColumn);
+  }
+}
+
+// ---- The template -----------------------------------------------------------------------------------------
+
+// What surrounds a section, and whether the body follows, by the form of the header.
+struct Frame {
+  std::string_view open;
+  std::string_view close;
+  bool section;
+  bool body;
+};
+
+Frame frame_of(const jt_node &header, bool has_section) {
+  const bool exclaim = header.node_class == JT_NODE_HEADER_EXCLAIM;
+  if (!has_section) return {{}, {}, false, !exclaim};
+  if (header.node_class == JT_NODE_HEADER_QUESTION) return {"\n< ? >\n", "< /? >\n\n", true, true};
+  if (exclaim) return {"\n< ! >\n", "< /! >\n\n", true, false};
+  return {{}, {}, false, false};
+}
+
+// A part that is not to be written is laid out all the same: its values make their reports, and the column
+// moves.
+void write_part(Encoder &encoder, const jt_node &container, bool written) {
+  const std::size_t length = encoder.out.length();
+  write_body(encoder, container);
+  if (!written) encoder.out.cut(length);
+}
+
+void write_framed(Encoder &encoder, const jt_node &root, const jt_node &header) {
+  const jt_node *const section = root.next_sibling;
+  const Frame frame = frame_of(header, section != nullptr);
+  write_header(encoder, header);
+  if (section != nullptr) {
+    encoder.out.append_frame(frame.open);
+    write_part(encoder, *section, frame.section);
+    encoder.out.append_frame(frame.close);
+  }
+  write_part(encoder, root, frame.body);
+  encoder.out.append_frame("\n< /SIL >\n");
+}
+
+}  // namespace
+}  // namespace jt
+
+extern "C" char *encode_template(jt_parser_space *space, jt_node *root) {
+  if (root == nullptr) {
+    jt::report(space, jt::message::kNullTemplate);
+    return nullptr;
+  }
+  jt::Output out(space);
+  jt::EscapedText scratch;
+  jt::Encoder encoder = {space, out, scratch};
+  const jt_node *const header = root->previous_sibling;
+  if (header == nullptr) {
+    jt::write_body(encoder, *root);
+  } else if (jt::header_is_complete(space, *header)) {
+    jt::write_framed(encoder, *root, *header);
+  } else {
+    return nullptr;
+  }
+  return out.take();
+}

@@ -1,0 +1,34 @@
+// The last stage: "< /SIL >" and nothing behind it, where there is a header; else nothing at all.
+#include "foundation/error_store.h"
+#include "sil/decoder.h"
+
+namespace jt {
+namespace {
+
+Outcome accept_marker(Decoder & /*decoder*/, const Token &token) {
+  return same_name(token.text, "/SIL") ? Outcome::kAccepted : Outcome::kRefused;
+}
+
+constexpr std::array kRows = {
+    Row{State::kMarkerBegin, one_of(TokenKind::kLess), nullptr, State::kMarkerWord},
+    Row{State::kMarkerWord, kAnyText, accept_marker, State::kMarkerEnd},
+    Row{State::kMarkerEnd, one_of(TokenKind::kGreater), nullptr, State::kMarkerRead},
+};
+
+bool end_of_text(Decoder &decoder, State state) {
+  if (!has_header(*decoder.root) || state == State::kMarkerRead) return true;
+  if (state == State::kMarkerBegin) report(decoder.space, message::kMissingEndMarker);
+  return false;
+}
+
+constexpr auto kTable = by_state(kRows);
+constexpr Machine kMachine = {kTable.rows.data(), kTable.begin.data(), end_of_text, report_expected};
+
+}  // namespace
+
+bool check_end_marker(Decoder &decoder) {
+  decoder.top = decoder.root;
+  return run_machine(decoder, kMachine, State::kMarkerBegin);
+}
+
+}  // namespace jt

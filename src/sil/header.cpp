@@ -1,0 +1,114 @@
+// The header stage: the optional "< SIL version encoding identifier >" in its three forms, with the
+// attributes that may follow it.
+#include <cstring>
+
+#include "foundation/error_store.h"
+#include "foundation/memory.h"
+#include "sil/decoder.h"
+#include "tree/comment.h"
+#include "tree/construction.h"
+#include "tree/links.h"
+#include "types/type_tables.h"
+
+namespace jt {
+namespace {
+
+constexpr std::string_view kVersion = "4.2.00";
+constexpr std::string_view kEncoding = "ASCII";
+
+Outcome no_header(Decoder &decoder, const Token & /*token*/) {
+  restore_token(decoder.cursor);
+  if (!move_comment(*decoder.space, *decoder.top, *decoder.root)) return Outcome::kStopped;
+  destroy_node(decoder.space, decoder.top);
+  return Outcome::kAccepted;
+}
+
+template <std::int32_t HeaderClass>
+Outcome set_form(Decoder &decoder, const Token & /*token*/) {
+  decoder.header_class = HeaderClass;
+  return Outcome::kAccepted;
+}
+
+Outcome accept_language(Decoder & /*decoder*/, const Token &token) {
+  return same_name(token.text, "SIL") ? Outcome::kAccepted : Outcome::kRefused;
+}
+
+Outcome accept_plain_form(Decoder &decoder, const Token &token) {
+  decoder.header_class = JT_NODE_HEADER_PLAIN;
+  return accept_language(decoder, token);
+}
+
+Outcome keep_version(Decoder &decoder, const Token &token) {
+  std::memcpy(decoder.version.data(), token.text.data(), token.text.size() + 1);
+  if (!same_name(token.text, kVersion)) report(decoder.space, message::kVersionMismatch);
+  return Outcome::kAccepted;
+}
+
+Outcome check_encoding(Decoder &decoder, const Token &token) {
+  if (!same_name(token.text, kEncoding)) report(decoder.space, message::kNotAscii);
+  return Outcome::kAccepted;
+}
+
+jt_node *make_header_attribute(Decoder &decoder, std::string_view name, std::string_view text) {
+  jt_node *const node =
+      make_typed_node(*decoder.space, find_base_type("string"), nullptr, name, JT_NODE_ATTRIBUTE);
+  if (node == nullptr) return nullptr;
+  node->value = reinterpret_cast<jt_value *>(copy_text(decoder.space, text));
+  if (node->value != nullptr) return node;
+  destroy_node(decoder.space, node);
+  return nullptr;
+}
+
+// The header is linked to its three attributes only when it has them all.
+Outcome save_header(Decoder &decoder, const Token & /*token*/) {
+  const std::string_view identifier(decoder.kept.data(), decoder.kept_length);
+  std::array<jt_node *, 3> attributes = {
+      make_header_attribute(decoder, "LanguageVersion", decoder.version.data()),
+      make_header_attribute(decoder, "CharacterEncoding", kEncoding),
+      make_header_attribute(decoder, "InteractionID", identifier)};
+  for (const jt_node *const attribute : attributes) {
+    if (attribute != nullptr) continue;
+    for (jt_node *const made : attributes) destroy_node(decoder.space, made);
+    report(decoder.space, message::kNoHeader);
+    return Outcome::kStopped;
+  }
+  link_header_attributes(*decoder.top, attributes);
+  decoder.top->node_class = decoder.header_class;
+  restore_token(decoder.cursor);
+  return decode_header_attributes(decoder, *decoder.top) ? Outcome::kAccepted : Outcome::kStopped;
+}
+
+constexpr TokenSet kBehindHeader =
+    one_of(TokenKind::kOpenBracket, TokenKind::kLess, TokenKind::kWord, TokenKind::kAsterisk);
+
+// header = [ "<" [ "?" | "!" ] "SIL" version encoding identifier ">" attributes ]
+constexpr std::array kRows = {
+    Row{State::kHeaderBegin, one_of(TokenKind::kOpenBracket), no_header, State::kFinished},
+    Row{State::kHeaderBegin, one_of(TokenKind::kLess), nullptr, State::kHeaderForm},
+    Row{State::kHeaderForm, one_of(TokenKind::kExclamation), set_form<JT_NODE_HEADER_EXCLAIM>,
+        State::kHeaderWord},
+    Row{State::kHeaderForm, one_of(TokenKind::kQuestion), set_form<JT_NODE_HEADER_QUESTION>,
+        State::kHeaderWord},
+    Row{State::kHeaderForm, one_of(TokenKind::kWord), accept_plain_form, State::kHeaderVersion},
+    Row{State::kHeaderWord, one_of(TokenKind::kWord), accept_language, State::kHeaderVersion},
+    Row{State::kHeaderVersion, one_of(TokenKind::kWord), keep_version, State::kHeaderEncoding},
+    Row{State::kHeaderEncoding, kAnyToken, check_encoding, State::kHeaderIdentifier},
+    Row{State::kHeaderIdentifier, one_of(TokenKind::kWord), keep_text, State::kHeaderEnd},
+    Row{State::kHeaderEnd, one_of(TokenKind::kGreater), nullptr, State::kHeaderSaved},
+    Row{State::kHeaderSaved, kBehindHeader, save_header, State::kFinished},
+};
+
+constexpr auto kTable = by_state(kRows);
+constexpr Machine kMachine = {kTable.rows.data(), kTable.begin.data(), nullptr, report_expected};
+
+}  // namespace
+
+bool decode_header(Decoder &decoder) {
+  jt_node *const header = create_typed_node(decoder.space, "sil_header", "header", JT_NODE_HEADER, nullptr);
+  if (header == nullptr) return false;
+  link_header(*decoder.root, *header);
+  decoder.top = header;
+  return run_machine(decoder, kMachine, State::kHeaderBegin);
+}
+
+}  // namespace jt

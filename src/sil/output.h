@@ -1,0 +1,62 @@
+// The encoder's output: a growing text with the layout rules of columns. The column is counted from the last
+// line feed on. There is one counter for each thread, and it goes on from one encoding to the next, because
+// the layout of a text depends on where the last one ended.
+#ifndef JT_SIL_OUTPUT_H
+#define JT_SIL_OUTPUT_H
+
+#include <cstddef>
+#include <string_view>
+
+#include "jt.h"
+
+namespace jt {
+
+enum class Layout {
+  kRaw,    // as it is
+  kLine,   // indented at the beginning of each line
+  kBlock,  // also padded up to the indent on a line that has begun
+};
+
+class Output {
+ public:
+  explicit Output(jt_parser_space *space) : space_(space) {}
+  ~Output();
+  Output(const Output &) = delete;
+  Output &operator=(const Output &) = delete;
+
+  // Appends a text that is laid out. A long line is folded before it, never within.
+  void append(std::string_view text, std::size_t indent, Layout layout);
+  void append_raw(std::string_view text) { append(text, 0, Layout::kRaw); }
+
+  // Appends a text of the frame around the laid out parts, which counts no columns.
+  void append_frame(std::string_view text) { write(text); }
+
+  std::size_t length() const { return length_; }
+
+  // Gives up what was appended behind a length.
+  void cut(std::size_t length) { length_ = length; }
+
+  // Memory ran out, and that has been reported; later appends do nothing.
+  bool failed() const { return failed_; }
+  void fail() { failed_ = true; }
+
+  // The whole text as one block that the caller owns, or null after a failure.
+  char *take();
+
+ private:
+  bool reserve(std::size_t more);
+  void write(std::string_view text);
+  void write_blanks(std::size_t count);
+  void indent_line(std::size_t indent, Layout layout);
+  void write_laid_out(std::string_view text, std::size_t indent, Layout layout);
+
+  jt_parser_space *space_;
+  char *text_ = nullptr;
+  std::size_t length_ = 0;
+  std::size_t room_ = 0;
+  bool failed_ = false;
+};
+
+}  // namespace jt
+
+#endif

@@ -1,0 +1,195 @@
+#include "tree/child_index.h"
+
+#include <bit>
+#include <cstdlib>
+
+#include "tree/node.h"
+#include "types/value_hash.h"
+
+namespace jt {
+
+// Open addressing with linear probing. Of several children of one key only the first in the list has an
+// entry; `hidden` counts the others. Entries are kept dense by closing the gap when one goes, so there are no
+// tombstones.
+struct ChildIndex {
+  std::uint32_t mask;    // entries - 1, a power of two less one
+  std::uint32_t used;    // entries that hold a child
+  std::uint32_t hidden;  // children with a key, but without an entry
+  jt_node **entries;
+};
+
+namespace {
+
+constexpr int kShortList = 12;
+
+// What a child is found by: a text, or a value of a type.
+struct Key {
+  std::uint32_t hash;
+  std::string_view text;
+  const jt_type *type;  // null: the text counts
+  const jt_value *value;
+};
+
+Key key_of_text(std::string_view text) { return {name_hash(text), text, nullptr, nullptr}; }
+
+bool has_key(const jt_node &child) {
+  return child.node_class == JT_NODE_VALUE ? child.value != nullptr : child.name != nullptr;
+}
+
+// The hash is not asked for: it is stored with the child once that is known to have a table.
+Key key_of(const jt_node &child) {
+  if (child.node_class != JT_NODE_VALUE) return {child.key_hash, child.name, nullptr, nullptr};
+  if (!has_known_type(child)) return {child.key_hash, view_of(child.pending_value), nullptr, nullptr};
+  return {child.key_hash, {}, child.type, child.value};
+}
+
+bool is_worth(const Key &key, const jt_node &child) {
+  if (key.type == nullptr) return has_key(child) && same_name(key_of(child).text, key.text);
+  return key.type->cmp(nullptr, key.value, child.value) == 0;
+}
+
+bool matches(const Key &key, const jt_node &child) {
+  return child.key_hash == key.hash && is_worth(key, child);
+}
+
+// The hash of a value is only wanted by a table; false when its type has none.
+bool set_key_hash(jt_node &child) {
+  if (child.node_class != JT_NODE_VALUE) return true;
+  if (has_known_type(child)) return hash_value(*child.type, child.value, child.key_hash);
+  child.key_hash = name_hash(view_of(child.pending_value));
+  return true;
+}
+
+// The entry with that key, or the empty one where it belongs.
+jt_node *&entry_of(const ChildIndex &index, const Key &key) {
+  std::uint32_t at = key.hash & index.mask;
+  while (index.entries[at] != nullptr && !matches(key, *index.entries[at])) at = (at + 1) & index.mask;
+  return index.entries[at];
+}
+
+// Blocks of the plain heap: nothing is reported when there are none.
+ChildIndex *open_index(std::uint32_t size) {
+  auto *const index =
+      static_cast<ChildIndex *>(std::calloc(1, sizeof(ChildIndex) + size * sizeof(jt_node *)));
+  if (index == nullptr) return nullptr;
+  index->mask = size - 1;
+  index->entries = reinterpret_cast<jt_node **>(index + 1);
+  return index;
+}
+
+bool comes_before(const jt_node &child, const jt_node &other) {
+  const jt_node *next = child.next_sibling;
+  while (next != nullptr && next != &other) next = next->next_sibling;
+  return next != nullptr;
+}
+
+void insert(ChildIndex &index, jt_node &child) {
+  jt_node *&entry = entry_of(index, key_of(child));
+  if (entry == nullptr) {
+    entry = &child;
+    ++index.used;
+    return;
+  }
+  ++index.hidden;
+  if (child.next_sibling != nullptr && comes_before(child, *entry)) entry = &child;
+}
+
+// Moves every later entry of the run into the gap when that brings it closer to its home.
+void close_gap(ChildIndex &index, std::uint32_t gap) {
+  for (std::uint32_t at = (gap + 1) & index.mask; index.entries[at] != nullptr; at = (at + 1) & index.mask) {
+    const std::uint32_t home = index.entries[at]->key_hash & index.mask;
+    if (((at - home) & index.mask) < ((at - gap) & index.mask)) continue;
+    index.entries[gap] = index.entries[at];
+    gap = at;
+  }
+  index.entries[gap] = nullptr;
+  --index.used;
+}
+
+// With this many children or more a table would need more entries than can be counted.
+constexpr std::uint32_t kMostIndexed = 1U << 28U;
+
+// A quarter full, so that the number of children can double before the next rebuild.
+void build_index(jt_node &parent) {
+  drop_index(parent);
+  std::uint32_t children = 0;
+  for (jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
+    if (!set_key_hash(*child) || ++children > kMostIndexed) return;
+  }
+  parent.index = open_index(std::bit_ceil(children * 4));
+  if (parent.index == nullptr) return;
+  // From the last to the first: whoever comes later is hidden by whoever comes before, without a search.
+  for (jt_node *child = parent.last_child; child != nullptr; child = child->previous_sibling) {
+    if (!has_key(*child)) continue;
+    jt_node *&entry = entry_of(*parent.index, key_of(*child));
+    ++(entry == nullptr ? parent.index->used : parent.index->hidden);
+    entry = child;
+  }
+}
+
+jt_node *find_in_list(jt_node &parent, const Key &key, bool hashed) {
+  jt_node *child = parent.first_child;
+  int passed = 0;
+  for (; child != nullptr && !(hashed ? matches(key, *child) : is_worth(key, *child));
+       child = child->next_sibling) {
+    ++passed;
+  }
+  if (passed > kShortList) build_index(parent);
+  return child;
+}
+
+}  // namespace
+
+jt_node *find_child(jt_node &parent, std::string_view name) {
+  const Key key = key_of_text(name);
+  return parent.index != nullptr ? entry_of(*parent.index, key) : find_in_list(parent, key, true);
+}
+
+jt_node *find_value(jt_node &attribute, const jt_value *value) {
+  Key key = {0, {}, attribute.type, value};
+  const bool hashed = hash_value(*attribute.type, value, key.hash);
+  return attribute.index != nullptr && hashed ? entry_of(*attribute.index, key)
+                                              : find_in_list(attribute, key, false);
+}
+
+jt_node *find_pending_value(jt_node &attribute, std::string_view text) {
+  const Key key = key_of_text(text);
+  return attribute.index != nullptr ? entry_of(*attribute.index, key) : find_in_list(attribute, key, false);
+}
+
+void index_child(jt_node &parent, jt_node &child) {
+  if (parent.index == nullptr || !has_key(child)) return;
+  if (!set_key_hash(child)) {
+    drop_index(parent);
+  } else if (parent.index->used > parent.index->mask / 2) {
+    build_index(parent);
+  } else {
+    insert(*parent.index, child);
+  }
+}
+
+void unindex_child(jt_node &parent, jt_node &child) {
+  if (parent.index == nullptr || !has_key(child)) return;
+  ChildIndex &index = *parent.index;
+  const Key key = key_of(child);
+  jt_node *&entry = entry_of(index, key);
+  if (entry != &child) {
+    --index.hidden;
+    return;
+  }
+  jt_node *next = index.hidden > 0 ? child.next_sibling : nullptr;
+  while (next != nullptr && !matches(key, *next)) next = next->next_sibling;
+  if (next != nullptr) {
+    entry = next;
+    --index.hidden;
+  } else {
+    close_gap(index, static_cast<std::uint32_t>(&entry - index.entries));
+  }
+}
+
+void drop_index(jt_node &node) {
+  std::free(node.index);
+  node.index = nullptr;
+}
+
+}  // namespace jt

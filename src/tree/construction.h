@@ -1,0 +1,31 @@
+// Making nodes. A node is made whole or not at all, and stands in the node table from then on; linking it
+// into a tree is a separate step.
+#ifndef JT_TREE_CONSTRUCTION_H
+#define JT_TREE_CONSTRUCTION_H
+
+#include <cstdint>
+#include <string_view>
+
+#include "jt.h"
+
+namespace jt {
+
+// A node of a type that has been looked up already. The type name is kept only for the unknown type; a null
+// one leaves the node without.
+jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char *type_name,
+                         std::string_view name, std::int32_t node_class);
+
+// Whether a value node was made; a text that its type refuses is not a failure of the session.
+enum class Making { kMade, kRefused, kNoMemory };
+
+struct MadeValue {
+  Making result;
+  jt_node *node;
+};
+
+// A value node from a text, which its type may write into.
+MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text);
+
+}  // namespace jt
+
+#endif

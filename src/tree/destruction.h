@@ -1,0 +1,15 @@
+// Taking nodes out of the tree and out of the table. Nothing here recurses: subtrees and connected structures
+// of any shape and depth are walked in a loop.
+#ifndef JT_TREE_DESTRUCTION_H
+#define JT_TREE_DESTRUCTION_H
+
+#include "jt.h"
+
+namespace jt {
+
+// Destroys every node of the session, whatever its links say.
+void destroy_registered_nodes(jt_parser_space &space);
+
+}  // namespace jt
+
+#endif

@@ -1,0 +1,77 @@
+// The checked operations that put nodes into a tree: add_child, add_unique_child, add_index_child; and the
+// two that only touch one node or look for one, add_comment and get_child.
+#include "foundation/error_store.h"
+#include "tree/child_index.h"
+#include "tree/comment.h"
+#include "tree/links.h"
+#include "tree/node.h"
+
+namespace jt {
+namespace {
+
+// A node must not come to hang below itself. A node without children cannot, so the walk is rare and short.
+bool is_within(const jt_node &node, const jt_node &subtree) {
+  if (&node == &subtree) return true;
+  if (subtree.first_child == nullptr) return false;
+  const jt_node *above = &node;
+  while (above != nullptr && above != &subtree) above = above->parent;
+  return above != nullptr;
+}
+
+// The child's type must be what a look-up under this parent gives; the look-up makes its reports again.
+bool fits(jt_parser_space *space, const jt_node &parent, const jt_node &child) {
+  const bool known_place = jt_get_type(space, type_name_of(child), child.node_class, &parent) == child.type;
+  const bool allowed = known_place && !is_within(parent, child) && !is_header_attribute(parent);
+  if (!allowed) report(space, message::kInconsistentType);
+  return allowed;
+}
+
+using Link = void (*)(jt_node &parent, jt_node &child);
+
+std::int32_t add(jt_parser_space *space, jt_node *parent, jt_node *child, Link link) {
+  if (space == nullptr || parent == nullptr) return 0;
+  if (child == nullptr) return 1;
+  if (!fits(space, *parent, *child)) return 0;
+  unlink(*child);
+  link(*parent, *child);
+  return 1;
+}
+
+}  // namespace
+}  // namespace jt
+
+extern "C" {
+
+int32_t add_child(jt_parser_space *space, jt_node *parent, jt_node *child) {
+  return jt::add(space, parent, child, jt::append_child);
+}
+
+int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child) {
+  if (space == nullptr || parent == nullptr) return 0;
+  if (child == nullptr) return 1;
+  if (!jt::fits(space, *parent, *child)) return 0;
+  const jt_node *const found = child->name != nullptr ? jt::find_child(*parent, child->name) : nullptr;
+  if (found != nullptr && found != child) {
+    jt::report(space, jt::message::kDuplicateName, child->name);
+    return 0;
+  }
+  jt::unlink(*child);
+  jt::append_child(*parent, *child);
+  return 1;
+}
+
+int32_t add_index_child(jt_parser_space *space, jt_node *parent, jt_node *child) {
+  return jt::add(space, parent, child, jt::insert_at_cursor);
+}
+
+int32_t add_comment(jt_parser_space *space, jt_node *node, const char *text) {
+  if (space == nullptr || node == nullptr || text == nullptr) return 0;
+  return jt::append_comment(*space, *node, text) ? 1 : 0;
+}
+
+jt_node *get_child(jt_parser_space *space, jt_node *parent, const char *name) {
+  const bool searchable = space != nullptr && parent != nullptr && parent->node_class != JT_NODE_VALUE;
+  return searchable && name != nullptr ? jt::find_child(*parent, name) : nullptr;
+}
+
+}  // extern "C"

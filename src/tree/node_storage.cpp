@@ -1,0 +1,98 @@
+#include "tree/node_storage.h"
+
+#include <cstring>
+
+#include "foundation/parser_space.h"
+#include "tree/child_index.h"
+#include "tree/comment.h"
+#include "tree/node.h"
+
+namespace jt {
+namespace {
+
+void release_status(jt_parser_space &space, jt_node &node) {
+  if (node.status != nullptr && !in_piece(&node, node.piece, node.status)) kill_status(&space, node.status);
+  node.status = nullptr;
+}
+
+}  // namespace
+
+jt_node *take_node(jt_parser_space &space, std::size_t bytes) {
+  const std::size_t room = bytes <= kMaxPiece - sizeof(jt_node) ? bytes : 0;
+  PieceTag tag;
+  void *const piece = take_piece(space, sizeof(jt_node) + room, tag);
+  if (piece == nullptr) return nullptr;
+  std::memset(piece, 0, sizeof(jt_node) + room);
+  auto *const node = static_cast<jt_node *>(piece);
+  node->piece = tag;
+  return node;
+}
+
+NodeRoom::NodeRoom(jt_parser_space &space, jt_node &node)
+    : space_(space), node_(node), used_(sizeof(jt_node)) {}
+
+char *NodeRoom::place(std::string_view text) {
+  if (node_.piece.units * kPieceUnit < used_ + text.size() + 1) return copy_text(&space_, text);
+  char *const place = reinterpret_cast<char *>(&node_) + used_;
+  std::memcpy(place, text.data(), text.size());
+  place[text.size()] = '\0';
+  used_ += text.size() + 1;
+  return place;
+}
+
+ValuePlacement::ValuePlacement(jt_parser_space &space) : BlockSource{take}, space_(space) {
+  space_.block_source = this;
+}
+
+ValuePlacement::~ValuePlacement() { space_.block_source = nullptr; }
+
+// A value that does not fit behind a record is a block of its own, and so is any value after the first.
+void *ValuePlacement::take(BlockSource &source, jt_parser_space &space, std::size_t bytes) {
+  auto &self = static_cast<ValuePlacement &>(source);
+  void *block = nullptr;
+  if (self.node_ != nullptr || bytes > kMaxPiece - sizeof(jt_node)) {
+    block = take_block(&space, bytes);
+  } else {
+    self.node_ = take_node(space, bytes);
+    block = self.node_ != nullptr ? self.node_ + 1 : nullptr;
+  }
+  self.failed_ = block == nullptr;
+  return block;
+}
+
+void release_text(jt_node &node, char *&text) {
+  if (text != nullptr && !in_piece(&node, node.piece, text)) er_free(text);
+  text = nullptr;
+}
+
+void release_value(jt_parser_space &space, jt_node &node) {
+  const bool owned =
+      node.value != nullptr && has_known_type(node) && !in_piece(&node, node.piece, node.value);
+  if (owned && node.type->kill != nullptr) node.type->kill(&space, node.value);
+  node.value = nullptr;
+}
+
+void set_status_number(jt_parser_space &space, jt_node &node, std::uint32_t number) {
+  release_status(space, node);
+  node.status_storage[0] = number;
+  node.status = reinterpret_cast<jt_status *>(node.status_storage);
+}
+
+void adopt_status(jt_parser_space &space, jt_node &node, jt_status *status) {
+  release_status(space, node);
+  node.status = status;
+}
+
+void release_node(jt_parser_space &space, jt_node *node) {
+  release_comment(*node);
+  for (char **const text :
+       {&node->name, &node->unresolved_type_name, &node->pending_value, &node->overridden_value}) {
+    release_text(*node, *text);
+  }
+  release_value(space, *node);
+  release_status(space, *node);
+  drop_index(*node);
+  release_piece(space, node, node->piece);
+}
+
+}  // namespace jt

@@ -1,0 +1,96 @@
+#include "tree/type_lookup.h"
+
+#include "foundation/error_store.h"
+#include "tree/node.h"
+#include "types/type_tables.h"
+
+namespace jt {
+namespace {
+
+// What a failed look-up means for the class of node.
+enum class Missing { kRefused, kUnknownService, kUnknownAttribute };
+
+struct Answer {
+  const jt_type *type;
+  Missing otherwise;
+};
+
+const jt_type *find_in_service(const TypeTable &table, const char *type_name) {
+  const jt_type *const found = find_type_in_table(table.rows, table.count, type_name);
+  return found != nullptr ? found : find_base_type(type_name);
+}
+
+// The types of an invocation are those of its service's name or, where the service has a name of its own,
+// those of its service's type. The service's name then stands for that type.
+const jt_type *find_invocation_type(const jt_node &service, const char *type_name) {
+  if (const TypeTable *const table = find_service_table(service.name))
+    return find_in_service(*table, type_name);
+  const TypeTable *const table = find_service_table(type_name_of(service));
+  if (table == nullptr) return find_base_type(type_name);
+  const bool named_after_service = type_name != nullptr && lowercasecmp(type_name, service.name) == 0;
+  return named_after_service ? service.type : find_in_service(*table, type_name);
+}
+
+const jt_type *find_service_type(const char *type_name) {
+  const jt_type *const found = find_base_type(type_name);
+  return found != nullptr ? found : find_service_row(type_name);
+}
+
+Answer find_attribute_type(jt_parser_space *space, const jt_node &enclosing, const char *type_name) {
+  if (enclosing.node_class == JT_NODE_INVOCATION) {
+    const char *const scope = has_known_type(enclosing) ? enclosing.type->name : nullptr;
+    return {get_type_from_services(space, scope, type_name), Missing::kUnknownAttribute};
+  }
+  if (enclosing.name == nullptr || !same_name(enclosing.name, "header")) return {nullptr, Missing::kRefused};
+  return {find_base_type(type_name), Missing::kUnknownAttribute};
+}
+
+Answer find_type(jt_parser_space *space, const char *type_name, std::int32_t node_class,
+                 const jt_node *enclosing) {
+  const auto inside = [&](std::int32_t wanted) {
+    return enclosing != nullptr && enclosing->node_class == wanted;
+  };
+  constexpr Answer kNothing = {nullptr, Missing::kRefused};
+  switch (node_class) {
+    case JT_NODE_TEMPLATE:
+    case JT_NODE_HEADER:
+    case JT_NODE_HEADER_QUESTION:
+    case JT_NODE_HEADER_PLAIN:
+    case JT_NODE_HEADER_EXCLAIM:
+      return enclosing == nullptr ? Answer{find_base_type(type_name), Missing::kRefused} : kNothing;
+    case JT_NODE_SERVICE:
+      return inside(JT_NODE_TEMPLATE) ? Answer{find_service_type(type_name), Missing::kRefused} : kNothing;
+    case JT_NODE_INVOCATION:
+      return inside(JT_NODE_SERVICE)
+                 ? Answer{find_invocation_type(*enclosing, type_name), Missing::kUnknownService}
+                 : kNothing;
+    case JT_NODE_ATTRIBUTE:
+      return enclosing != nullptr ? find_attribute_type(space, *enclosing, type_name) : kNothing;
+    case JT_NODE_VALUE:
+      return inside(JT_NODE_ATTRIBUTE) ? Answer{enclosing->type, Missing::kRefused} : kNothing;
+    default:
+      return kNothing;
+  }
+}
+
+}  // namespace
+
+void report_unknown_type(jt_parser_space *space, std::int32_t node_class, const char *type_name) {
+  jt_error(space,
+           node_class == JT_NODE_INVOCATION ? message::kUnknownService : message::kUnknownAttributeType,
+           type_name);
+}
+
+}  // namespace jt
+
+extern "C" const jt_type *jt_get_type(jt_parser_space *space, const char *type_name, int32_t node_class,
+                                      const jt_node *enclosing) {
+  const jt::Answer answer = jt::find_type(space, type_name, node_class, enclosing);
+  if (answer.type != nullptr) return answer.type;
+  if (answer.otherwise == jt::Missing::kRefused) {
+    jt_error(space, jt::message::kUnknownType, type_name);
+    return nullptr;
+  }
+  jt::report_unknown_type(space, node_class, type_name);
+  return jt::unknown_type();
+}

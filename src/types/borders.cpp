@@ -1,0 +1,101 @@
+// struct_borders. What follows the first side is first tried as the name of a flip, so a second side that is
+// written out always warns about a name that the scan list does not know; clients are used to that.
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <span>
+#include <utility>
+
+#include "foundation/error_store.h"
+#include "foundation/text.h"
+#include "types/enumeration.h"
+#include "types/number_text.h"
+#include "types/structured_types.h"
+#include "types/units.h"
+#include "types/value_lists.h"
+
+namespace jt {
+namespace {
+
+constexpr char kSeparator = '/';
+
+constexpr WarningLimits kLimits = {{{unit::kMm, 50, message::kBordersRangeMm},
+                                    {unit::kIn, 200, message::kBordersRangeIn},
+                                    {unit::kMil, 2000, message::kBordersRangeMil}}};
+
+// Which margins of the first side change places to become the second.
+struct Flip {
+  std::int32_t number;
+  bool first_pair;
+  bool last_pair;
+};
+
+constexpr std::array<Flip, 3> kFlips = {
+    {{scan::kFlipV, true, false}, {scan::kFlipH, false, true}, {scan::kFlipB, true, true}}};
+
+const Flip *evaluate_flip(jt_parser_space *space, const char *text) {
+  const auto number = static_cast<std::int32_t>(evaluate_name(space, kScanValues, text));
+  const auto *const found =
+      std::find_if(kFlips.begin(), kFlips.end(), [&](const Flip &flip) { return flip.number == number; });
+  return found != kFlips.end() ? found : nullptr;
+}
+
+Borders::Side flipped(Borders::Side side, const Flip &flip) {
+  auto &margins = side.margins;
+  if (flip.first_pair) std::swap(margins[0], margins[1]);
+  if (flip.last_pair) std::swap(margins[2], margins[3]);
+  return side;
+}
+
+bool refuse(jt_parser_space *space, const char *text) {
+  report_bad_value(space, "struct_borders", text);
+  return false;
+}
+
+// Reads one side, up to the separator behind its unit or the end. `text` is the whole value, for the report.
+bool read_side(jt_parser_space *space, const char *text, const char *&at, Borders::Side &side) {
+  for (std::int32_t &margin : side.margins) {
+    if (!read_field(at, kSeparator, margin)) return refuse(space, text);
+  }
+  const std::string_view rest = at;
+  const std::string_view unit_name = rest.substr(0, rest.find(kSeparator));
+  at += unit_name.size();
+  return read_unit(space, kLimits, unit_name, side.margins, side.unit);
+}
+
+bool add_side(jt_parser_space *space, const Borders::Side &side, ShortText &text) {
+  for (const std::int32_t margin : side.margins) add_field(margin, text);
+  return add_unit(space, side.unit, text);
+}
+
+}  // namespace
+
+bool Borders::parse(jt_parser_space *space, const char *text, Value &value) {
+  const char *at = text;
+  if (!read_side(space, text, at, value.first)) return false;
+  if (*at == '\0') {
+    value.second = value.first;
+    return true;
+  }
+  ++at;
+  if (const Flip *const flip = evaluate_flip(space, at)) {
+    value.second = flipped(value.first, *flip);
+    return true;
+  }
+  if (!read_side(space, text, at, value.second)) return false;
+  return *at == '\0' || refuse(space, text);
+}
+
+bool Borders::format(jt_parser_space *space, const Value &value, ShortText &text) {
+  if (!add_side(space, value.first, text)) return false;
+  text.add("/");
+  return add_side(space, value.second, text);
+}
+
+std::int32_t Borders::compare(const Value &a, const Value &b) {
+  const auto &left = a.first.margins;
+  const auto &right = b.first.margins;
+  return left[0] == right[0] && left[1] == right[1] && left[3] == right[3] ? 0 : kDifferent;
+}
+
+}  // namespace jt

@@ -1,0 +1,64 @@
+// struct_gutter, and its five operations under their exported names.
+#include <array>
+
+#include "foundation/error_store.h"
+#include "types/number_text.h"
+#include "types/structured_types.h"
+#include "types/units.h"
+#include "types/value_lists.h"
+
+namespace jt {
+namespace {
+
+constexpr WarningLimits kLimits = {{{unit::kMm, 25, message::kGutterRangeMm},
+                                    {unit::kIn, 100, message::kGutterRangeIn},
+                                    {unit::kMil, 1000, message::kGutterRangeMil}}};
+
+}  // namespace
+
+bool Gutter::parse(jt_parser_space *space, const char *text, Value &value) {
+  const char *at = text;
+  if (!read_field(at, '/', value.first_width) || !read_field(at, '/', value.second_width)) {
+    report_bad_value(space, "struct_gutter", text);
+    return false;
+  }
+  const std::array widths = {value.first_width, value.second_width};
+  return read_unit(space, kLimits, at, widths, value.unit);
+}
+
+bool Gutter::format(jt_parser_space *space, const Value &value, ShortText &text) {
+  add_field(value.first_width, text);
+  add_field(value.second_width, text);
+  return add_unit(space, value.unit, text);
+}
+
+std::int32_t Gutter::compare(const Value &a, const Value &b) {
+  return a.first_width != b.first_width ? order(a.first_width, b.first_width)
+                                        : order(a.second_width, b.second_width);
+}
+
+}  // namespace jt
+
+extern "C" {
+
+jt_value *eval_gutter(jt_parser_space *space, char *text) {
+  return jt::FlatType<jt::Gutter>::eval(space, text);
+}
+
+jt_value *copy_gutter(jt_parser_space *space, const jt_value *value) {
+  return jt::FlatType<jt::Gutter>::copy(space, value);
+}
+
+char *deval_gutter(jt_parser_space *space, const jt_value *value) {
+  return jt::FlatType<jt::Gutter>::deval(space, value);
+}
+
+int32_t cmp_gutter(jt_parser_space *space, const jt_value *a, const jt_value *b) {
+  return jt::FlatType<jt::Gutter>::cmp(space, a, b);
+}
+
+int32_t kill_gutter(jt_parser_space *space, jt_value *value) {
+  return jt::FlatType<jt::Gutter>::kill(space, value);
+}
+
+}  // extern "C"

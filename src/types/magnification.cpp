@@ -1,0 +1,107 @@
+// struct_magnification. The mode is a name of the scan list; how many percentages follow it is the mode's
+// own.
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <span>
+
+#include "foundation/error_store.h"
+#include "types/enumeration.h"
+#include "types/number_text.h"
+#include "types/structured_types.h"
+#include "types/value_lists.h"
+
+namespace jt {
+namespace {
+
+constexpr char kSeparator = '/';
+constexpr std::int32_t kLeast = 25;
+constexpr std::int32_t kMost = 400;
+
+struct Mode {
+  std::int32_t number;
+  std::size_t percentages;
+};
+
+constexpr std::array<Mode, 5> kModes = {
+    {{scan::kNone, 0}, {scan::kAutoIso, 0}, {scan::kAutoAna, 0}, {scan::kManIso, 1}, {scan::kManAna, 2}}};
+
+const Mode *find_mode(std::int32_t number) {
+  const auto *const found =
+      std::find_if(kModes.begin(), kModes.end(), [&](const Mode &mode) { return mode.number == number; });
+  return found != kModes.end() ? found : nullptr;
+}
+
+// The percentages behind a mode.
+struct Percentages {
+  std::array<std::int32_t, 2> numbers;
+  std::size_t count;
+
+  std::span<const std::int32_t> read() const { return std::span(numbers).first(count); }
+};
+
+// False when something else than one or two numbers stands there.
+bool read_percentages(const char *at, Percentages &percentages) {
+  percentages.count = 1;
+  if (read_field(at, kSeparator, percentages.numbers[0])) {
+    percentages.numbers[1] = read_number(at);
+    percentages.count = 2;
+  }
+  return *at == '\0';
+}
+
+// Cuts the text behind its mode. What follows the mode, or null.
+const char *cut_off_mode(char *text) {
+  char *const separator = std::strchr(text, kSeparator);
+  if (separator == nullptr) return nullptr;
+  *separator = '\0';
+  return separator + 1;
+}
+
+bool is_in_range(std::int32_t percentage) { return percentage >= kLeast && percentage <= kMost; }
+
+}  // namespace
+
+bool Magnification::parse(jt_parser_space *space, char *text, Value &value) {
+  const char *const rest = cut_off_mode(text);
+  value.mode = static_cast<std::int32_t>(evaluate_name(space, kScanValues, text));
+  Percentages percentages{};
+  const bool well_formed = rest == nullptr || read_percentages(rest, percentages);
+  const Mode *const mode = find_mode(value.mode);
+  if (!well_formed || mode == nullptr || mode->percentages != percentages.count) {
+    report_bad_value(space, "struct_magnification", text);
+    return false;
+  }
+  const auto numbers = percentages.read();
+  if (!std::all_of(numbers.begin(), numbers.end(), is_in_range)) {
+    report(space, message::kMagnificationRange);
+    report_bad_value(space, "struct_magnification", text);
+    return false;
+  }
+  if (!numbers.empty()) {
+    value.first = numbers.front();
+    value.second = numbers.back();
+  }
+  return true;
+}
+
+bool Magnification::format(jt_parser_space *space, const Value &value, ShortText &text) {
+  const std::string_view name = encode_number(space, kScanValues, static_cast<std::uint32_t>(value.mode));
+  text.add(name);
+  const Mode *const mode = find_mode(value.mode);
+  const Percentages percentages = {{value.first, value.second}, mode != nullptr ? mode->percentages : 0};
+  for (const std::int32_t percentage : percentages.read()) {
+    text.add("/");
+    text.add_number(percentage);
+  }
+  return !name.empty();
+}
+
+// With one percentage there is an order; otherwise values are equal or not.
+std::int32_t Magnification::compare(const Value &a, const Value &b) {
+  if (a.mode != b.mode) return kDifferent;
+  if (a.mode == scan::kManIso) return order(a.first, b.first);
+  return a.first == b.first && a.second == b.second ? 0 : kDifferent;
+}
+
+}  // namespace jt

@@ -1,0 +1,70 @@
+// struct_rectangle. Unlike the other types with units it refuses what lies outside its limits, and a name
+// that is no unit at all.
+#include <array>
+
+#include "foundation/error_store.h"
+#include "types/number_text.h"
+#include "types/structured_types.h"
+#include "types/units.h"
+#include "types/value_list.h"
+#include "types/value_lists.h"
+
+namespace jt {
+namespace {
+
+constexpr std::string_view kTypeName = "struct_rectangle";
+
+// All inclusive. A position may reach as far as a size.
+struct Limit {
+  std::int32_t unit;
+  std::int32_t most_across;  // x and width
+  std::int32_t most_down;    // y and height
+  std::int32_t least_size;
+};
+
+constexpr std::array<Limit, 3> kLimits = {
+    {{unit::kMm, 350, 500, 25}, {unit::kIn, 1400, 2000, 100}, {unit::kMil, 14000, 20000, 1000}}};
+
+bool is_within(const Rectangle::Value &value, const Limit &limit) {
+  return value.x <= limit.most_across && value.y <= limit.most_down && value.width >= limit.least_size &&
+         value.width <= limit.most_across && value.height >= limit.least_size &&
+         value.height <= limit.most_down;
+}
+
+bool read_numbers(const char *&at, Rectangle::Value &value) {
+  return read_field(at, '/', value.x) && read_field(at, '/', value.y) && read_field(at, '/', value.width) &&
+         read_field(at, '/', value.height);
+}
+
+}  // namespace
+
+bool Rectangle::parse(jt_parser_space *space, const char *text, Value &value) {
+  const char *at = text;
+  if (!read_numbers(at, value)) {
+    report_bad_value(space, kTypeName, text);
+    return false;
+  }
+  std::uint32_t unit = 0;
+  if (!find_number(kBaseValues, at, unit)) {
+    report(space, message::kUnknownUnitName, at);
+    return false;
+  }
+  value.unit = static_cast<std::int32_t>(unit);
+  const Limit *const limit = find_limit(kLimits, value.unit);
+  if (limit == nullptr) return false;
+  if (is_within(value, *limit)) return true;
+  report(space, message::kRectangleRange);
+  report_bad_value(space, kTypeName, text);
+  return false;
+}
+
+bool Rectangle::format(jt_parser_space *space, const Value &value, ShortText &text) {
+  for (const std::int32_t number : {value.x, value.y, value.width, value.height}) add_field(number, text);
+  return add_unit(space, value.unit, text);
+}
+
+std::int32_t Rectangle::compare(const Value &a, const Value &b) {
+  return a.width != b.width ? order(a.width, b.width) : order(a.height, b.height);
+}
+
+}  // namespace jt

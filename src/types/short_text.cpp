@@ -1,0 +1,39 @@
+// Writing numbers; the digits come from <charconv>, which knows no locale.
+#include "types/short_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+
+namespace jt {
+
+void ShortText::add(std::string_view part) {
+  const std::size_t taken = std::min(part.size(), text_.size() - length_);
+  std::memcpy(text_.data() + length_, part.data(), taken);
+  length_ += taken;
+}
+
+void ShortText::add_number(std::int32_t number) { add_padded(number, 1); }
+
+void ShortText::add_padded(std::int32_t number, std::size_t width) {
+  constexpr std::string_view kZeros = "0000";
+  std::array<char, 12> buffer;
+  const auto end = std::to_chars(buffer.begin(), buffer.end(), number).ptr;
+  std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  const std::size_t missing = width - std::min(width, digits.size());
+  if (number < 0) {
+    add("-");
+    digits.remove_prefix(1);
+  }
+  add(kZeros.substr(0, missing));
+  add(digits);
+}
+
+void ShortText::add_real(float number) {
+  std::array<char, 64> buffer;
+  const auto end =
+      std::to_chars(buffer.begin(), buffer.end(), double{number}, std::chars_format::fixed, 6).ptr;
+  add({buffer.data(), static_cast<std::size_t>(end - buffer.data())});
+}
+
+}  // namespace jt

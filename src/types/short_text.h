@@ -1,0 +1,34 @@
+// The text of a value under construction. No flat value needs more room than this: the longest text is that
+// of borders, eight numbers and two names, and a value's text form has to stay a single block.
+#ifndef JT_TYPES_SHORT_TEXT_H
+#define JT_TYPES_SHORT_TEXT_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace jt {
+
+class ShortText {
+ public:
+  void add(std::string_view part);
+
+  void add_number(std::int32_t number);
+
+  // At least so many characters, filled with zeros behind the sign.
+  void add_padded(std::int32_t number, std::size_t width);
+
+  // Six decimals; "inf" for an infinite number.
+  void add_real(float number);
+
+  std::string_view view() const { return {text_.data(), length_}; }
+
+ private:
+  std::array<char, 256> text_;
+  std::size_t length_ = 0;
+};
+
+}  // namespace jt
+
+#endif

@@ -1,0 +1,74 @@
+// The types of several numbers and a name in one text, separated by slashes. What a family has to state is
+// described with FlatType. Numbers are digits without a sign; an empty number is 0.
+#ifndef JT_TYPES_STRUCTURED_TYPES_H
+#define JT_TYPES_STRUCTURED_TYPES_H
+
+#include <array>
+#include <cstdint>
+
+#include "types/flat_type.h"
+
+namespace jt {
+
+// "width/width/unit". Units are written, but two gutters of the same widths are equal.
+struct Gutter {
+  struct Value {
+    std::int32_t first_width;
+    std::int32_t second_width;
+    std::int32_t unit;
+  };
+  static constexpr auto kOfNulls = equality_of_nulls;
+  static bool parse(jt_parser_space *space, const char *text, Value &value);
+  static bool format(jt_parser_space *space, const Value &value, ShortText &text);
+  static std::int32_t compare(const Value &a, const Value &b);
+};
+
+// "x/y/width/height/unit". Only the sizes are compared.
+struct Rectangle {
+  struct Value {
+    std::int32_t x;
+    std::int32_t y;
+    std::int32_t width;
+    std::int32_t height;
+    std::int32_t unit;
+  };
+  static constexpr auto kOfNulls = equality_of_nulls;
+  static bool parse(jt_parser_space *space, const char *text, Value &value);
+  static bool format(jt_parser_space *space, const Value &value, ShortText &text);
+  static std::int32_t compare(const Value &a, const Value &b);
+};
+
+// "mode", "mode/percentage" or "mode/percentage/percentage": the mode decides which.
+struct Magnification {
+  struct Value {
+    std::int32_t mode;
+    std::int32_t first;
+    std::int32_t second;
+  };
+  static constexpr auto kOfNulls = equality_of_nulls;
+  static bool parse(jt_parser_space *space, char *text, Value &value);
+  static bool format(jt_parser_space *space, const Value &value, ShortText &text);
+  static std::int32_t compare(const Value &a, const Value &b);
+};
+
+// Four margins with their unit for each side of a sheet: "a/b/c/d/unit/e/f/g/h/unit". The second side may be
+// left out, or be a flip of the first. Sides count as equal by the first, second and fourth margin of the
+// first one.
+struct Borders {
+  struct Side {
+    std::array<std::int32_t, 4> margins;
+    std::int32_t unit;
+  };
+  struct Value {
+    Side first;
+    Side second;
+  };
+  static constexpr auto kOfNulls = equality_of_nulls;
+  static bool parse(jt_parser_space *space, const char *text, Value &value);
+  static bool format(jt_parser_space *space, const Value &value, ShortText &text);
+  static std::int32_t compare(const Value &a, const Value &b);
+};
+
+}  // namespace jt
+
+#endif
