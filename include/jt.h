@@ -69,8 +69,10 @@
  * One that holds blanks, punctuation or quotes may not be readable again. Values are always written
  * readable.
  *
- * Memory. A failing allocation fails its call: "MEMORY ERROR: allocation error", then, where there is one,
- * the operation's own message. Nothing is lost, and the session remains usable.
+ * Memory. A failing allocation fails its call: "MEMORY ERROR: allocation error", or the operation's own
+ * message as given with it, or both in this order; where a node finds no slot,
+ * "MEMORY ERROR: allocating for book keeping", then "SYSTEM ERROR: could not assign book mark". Nothing is
+ * lost, and the session remains usable.
  *
  * Cost. Finding a service, an invocation by name or an attribute is O(1) on average, whatever the number of
  * its siblings; so is every call below that gives no cost.
@@ -129,8 +131,9 @@ typedef struct jt_type {
   char *(*deval)(jt_parser_space *space, const jt_value *value);
   /* Order of two values: -1, 0, 1, or -2 for "different" where a type has no order. */
   int32_t (*cmp)(jt_parser_space *space, const jt_value *a, const jt_value *b);
-  /* Releases a value. 1; for null 1 as well, except the two reference types, which report it and return
-   * 0. */
+  /* Releases a value. 1; for null 1 as well, except the two reference types: 0, with
+   * "MEMORY ERROR: Invalid value, cannot dereferce NULL" for ref_invocation and
+   * "MEMORY ERROR: Invalid value, cannot dereference NULL" for ref_collection. */
   int32_t (*kill)(jt_parser_space *space, jt_value *value);
 } jt_type;
 
@@ -253,6 +256,8 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
  *   "SYNTAX ERROR: Illegal Block" + the text there                      a section unlike its header
  *   "SYNTAX ERROR: decoding attribute at:" + the text there             among the header's attributes
  *   "SYNTAX ERROR: Missing end marker"
+ *   "MEMORY ERROR: Saving the header\n", "MEMORY ERROR: duplicating" + text of a status, and those of
+ *   create_typed_node(), create_value_node() and add_comment()
  *
  * and goes on after
  *
@@ -432,7 +437,7 @@ JT_API int32_t jt_named_invocation(jt_parser_space *space, int32_t handle, const
                                    const char *name_or_number);
 
 /* [invocation] The name of the current invocation: a new text, the caller's. Null without a report when it
- * is unnamed. "MEMORY ERROR: while allocating for(null)". */
+ * is unnamed. */
 JT_API char *jt_get_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name);
 
 /* [invocation] Names the current invocation, which must not have a name:
@@ -552,13 +557,14 @@ JT_API int32_t jt_set_attribute_value(jt_parser_space *space, int32_t handle, co
                                       const char *attribute_name, const jt_value *value);
 
 /* [attribute] Destroys the first value that equals the given one. "CALL ERROR: unknown data type:";
- * "SYSTEM ERROR: no cmp function for:" + attribute name; "CALL ERROR:there is no such value". O(values). */
+ * "SYSTEM ERROR: no cmp function for:" + attribute name; "CALL ERROR:there is no such value". O(1) on
+ * average, for reals O(values). */
 JT_API int32_t jt_delete_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                          const char *attribute_name, const jt_value *value);
 
 /* [attribute] The same for a value given as text. For an unknown type the texts are compared, any case. The
- * last two reports above, and "CALL ERROR: unparsable value string" + text, after those of the type.
- * O(values). */
+ * last two reports above, and "CALL ERROR: unparsable value string" + text, after those of the type. O(1)
+ * on average, for reals O(values). */
 JT_API int32_t jt_delete_attribute_value_string(jt_parser_space *space, int32_t handle,
                                                 const char *service_name, const char *attribute_name,
                                                 const char *text);
@@ -569,7 +575,7 @@ JT_API int32_t jt_delete_attribute_value_string(jt_parser_space *space, int32_t 
  * text; the call succeeds with the report of the type.
  * "CALL ERROR: unknown data type:"; "SYSTEM ERROR: no cmp function for:" + attribute name;
  * "CALL ERROR: it is a compulsory attribute" + attribute name; "CALL ERROR:there is no such value";
- * "CALL ERROR: value structure is invalid". O(values). */
+ * "CALL ERROR: value structure is invalid". O(1) on average, for reals O(values). */
 JT_API int32_t jt_override_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                            const char *attribute_name, const jt_value *old_value,
                                            const jt_value *new_value);
@@ -687,9 +693,8 @@ JT_API jt_node *create_value_ptr_node(jt_parser_space *space, const jt_type *typ
  * child (a cursor that has not started counts as on the first child, one that has run out as on the last).
  * A null child is accepted: 1. The child's type must be the one that jt_get_type() gives under this parent,
  * whose reports come again: "SYSTEM ERROR: Trying to add an inconsistent type". A taken name, by
- * add_unique_child():
- * "SYNTAX ERROR: Trying to save multiple definitions for:" + name. A child that fails stays the
- * caller's. */
+ * add_unique_child(): "SYNTAX ERROR: Trying to save multiple definitions for:" + name. A child that fails
+ * stays the caller's. */
 JT_API int32_t add_child(jt_parser_space *space, jt_node *parent, jt_node *child);
 JT_API int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child);
 JT_API int32_t add_index_child(jt_parser_space *space, jt_node *parent, jt_node *child);
@@ -702,7 +707,8 @@ JT_API int32_t add_comment(jt_parser_space *space, jt_node *node, const char *te
 JT_API jt_node *get_child(jt_parser_space *space, jt_node *parent, const char *name);
 
 /* Destroys the node with everything below it and takes it out of its place. A node of another session is
- * refused: 0. O(nodes below it). */
+ * refused: 0, and where it has no slot there, "CALL ERROR: trying to release non existant memory". O(nodes
+ * below it). */
 JT_API int32_t destroy_node(jt_parser_space *space, jt_node *node);
 
 /* Destroys everything below the node. O(nodes below it). */
@@ -802,7 +808,7 @@ JT_API char *get_status_string(jt_parser_space *space, const jt_status *status);
 /* Releases a status. Null is accepted. 1. */
 JT_API int32_t kill_status(jt_parser_space *space, jt_status *status);
 
-/* As jt_set_service_status() for any node. "MEMORY ERROR: allocating for status.". */
+/* As jt_set_service_status() for any node. */
 JT_API int32_t set_status(jt_parser_space *space, jt_node *node, const jt_status *status);
 
 /* The operations of struct_gutter, as its row has them: see jt_type and Values. */

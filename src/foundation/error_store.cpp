@@ -39,7 +39,7 @@ struct Entry {
 
   void append(std::string_view part, std::size_t limit) {
     const std::size_t taken = std::min(part.size(), limit - std::min(limit, length));
-    std::memcpy(text.data() + length, part.data(), taken);
+    std::copy_n(part.data(), taken, text.data() + length);
     length += taken;
   }
 };

@@ -1,7 +1,7 @@
 #include "foundation/memory.h"
 
+#include <algorithm>
 #include <cstdlib>
-#include <cstring>
 
 #include "foundation/parser_space.h"
 
@@ -17,7 +17,7 @@ void *take_zeroed(jt_parser_space *space, std::size_t count, std::size_t size) {
 char *fill(void *block, std::string_view text) {
   auto *const copy = static_cast<char *>(block);
   if (copy == nullptr) return nullptr;
-  std::memcpy(copy, text.data(), text.size());
+  std::copy_n(text.data(), text.size(), copy);
   copy[text.size()] = '\0';
   return copy;
 }

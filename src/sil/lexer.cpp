@@ -168,12 +168,15 @@ Token read_comment(jt_parser_space *space, SilCursor &cursor) {
   return {TokenKind::kComment, {cursor.buffer.data(), length}};
 }
 
+// Punctuation may stand as a status, so its text is terminated like any other.
 Token read_punctuation(SilCursor &cursor) {
-  const char *const begin = cursor.position++;
-  const TokenKind kind = byte_at(begin).punctuation;
-  if (kind != TokenKind::kBar || *cursor.position != '|') return {kind, {begin, 1}};
-  ++cursor.position;
-  return {TokenKind::kDoubleBar, {begin, 2}};
+  const Byte &byte = byte_at(cursor.position);
+  const bool doubled = byte.punctuation == TokenKind::kBar && cursor.position[1] == '|';
+  const std::size_t length = doubled ? 2 : 1;
+  cursor.buffer[0] = cursor.buffer[1] = *cursor.position;
+  cursor.buffer[length] = '\0';
+  cursor.position += length;
+  return {doubled ? TokenKind::kDoubleBar : byte.punctuation, {cursor.buffer.data(), length}};
 }
 
 }  // namespace

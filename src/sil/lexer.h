@@ -52,7 +52,7 @@ struct SilCursor {
   const char *position;  // the next unread character
   const char *mark;      // where the last call began
   const char *begin;     // of the whole text; no report points before it
-  // The text of words, strings and comments. Terminated, and the reader of a token may write into it.
+  // The text of the last token. Terminated, and the reader of a token may write into it.
   std::array<char, kMostTokenText + 1> buffer;
 };
 

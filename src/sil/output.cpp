@@ -72,7 +72,7 @@ bool Output::reserve(std::size_t more) {
 
 void Output::write(std::string_view text) {
   if (!reserve(text.size())) return;
-  std::memcpy(text_ + length_, text.data(), text.size());
+  std::copy_n(text.data(), text.size(), text_ + length_);
   length_ += text.size();
 }
 

@@ -19,33 +19,33 @@ CommentBlock *block_of(const jt_node &node) { return reinterpret_cast<CommentBlo
 
 char *text_of(CommentBlock *block) { return reinterpret_cast<char *>(block + 1); }
 
-// Makes room for a text of that length, keeping what is there.
-bool reserve(jt_parser_space &space, jt_node &node, std::size_t length) {
-  if (node.comment != nullptr && block_of(node)->room > length) return true;
+// A block with room for a comment of that length, the old comment copied into it: the node's own block, or a
+// new one that the node does not have yet.
+CommentBlock *roomy_block(jt_parser_space &space, const jt_node &node, std::size_t length) {
+  if (node.comment != nullptr && block_of(node)->room > length) return block_of(node);
   const std::size_t room = node.comment == nullptr ? length + 1 : length * 2;
   auto *const block = static_cast<CommentBlock *>(take_block(&space, sizeof(CommentBlock) + room));
-  if (block == nullptr) return false;
+  if (block == nullptr) return nullptr;
   block->room = room;
-  if (node.comment != nullptr) {
-    block->length = block_of(node)->length;
-    std::memcpy(text_of(block), node.comment, block->length);
-    release_comment(node);
-  }
-  node.comment = text_of(block);
-  return true;
+  if (node.comment != nullptr) std::memcpy(text_of(block), node.comment, block_of(node)->length);
+  return block;
 }
 
 }  // namespace
 
+// The text may be part of the comment itself, so the old block goes last.
 bool append_comment(jt_parser_space &space, jt_node &node, std::string_view text) {
   const std::size_t old_length = node.comment != nullptr ? block_of(node)->length : 0;
-  if (!reserve(space, node, old_length + text.size())) {
+  CommentBlock *const block = roomy_block(space, node, old_length + text.size());
+  if (block == nullptr) {
     report(&space, message::kNoComment, text);
     return false;
   }
-  std::memcpy(node.comment + old_length, text.data(), text.size());
-  block_of(node)->length = old_length + text.size();
-  node.comment[old_length + text.size()] = '\0';
+  std::memcpy(text_of(block) + old_length, text.data(), text.size());
+  block->length = old_length + text.size();
+  text_of(block)[block->length] = '\0';
+  if (node.comment != text_of(block)) release_comment(node);
+  node.comment = text_of(block);
   return true;
 }
 

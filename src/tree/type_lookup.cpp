@@ -15,20 +15,15 @@ struct Answer {
   Missing otherwise;
 };
 
-const jt_type *find_in_service(const TypeTable &table, const char *type_name) {
-  const jt_type *const found = find_type_in_table(table.rows, table.count, type_name);
-  return found != nullptr ? found : find_base_type(type_name);
-}
-
 // The types of an invocation are those of its service's name or, where the service has a name of its own,
 // those of its service's type. The service's name then stands for that type.
 const jt_type *find_invocation_type(const jt_node &service, const char *type_name) {
   if (const TypeTable *const table = find_service_table(service.name))
-    return find_in_service(*table, type_name);
+    return find_type_in_scope(table, type_name);
   const TypeTable *const table = find_service_table(type_name_of(service));
   if (table == nullptr) return find_base_type(type_name);
   const bool named_after_service = type_name != nullptr && lowercasecmp(type_name, service.name) == 0;
-  return named_after_service ? service.type : find_in_service(*table, type_name);
+  return named_after_service ? service.type : find_type_in_scope(table, type_name);
 }
 
 const jt_type *find_service_type(const char *type_name) {
@@ -36,17 +31,16 @@ const jt_type *find_service_type(const char *type_name) {
   return found != nullptr ? found : find_service_row(type_name);
 }
 
-Answer find_attribute_type(jt_parser_space *space, const jt_node &enclosing, const char *type_name) {
+// The types of an invocation were settled when its own type was looked up.
+Answer find_attribute_type(const jt_node &enclosing, const char *type_name) {
   if (enclosing.node_class == JT_NODE_INVOCATION) {
-    const char *const scope = has_known_type(enclosing) ? enclosing.type->name : nullptr;
-    return {get_type_from_services(space, scope, type_name), Missing::kUnknownAttribute};
+    return {find_type_in_scope(find_table_of_row(enclosing.type), type_name), Missing::kUnknownAttribute};
   }
   if (enclosing.name == nullptr || !same_name(enclosing.name, "header")) return {nullptr, Missing::kRefused};
   return {find_base_type(type_name), Missing::kUnknownAttribute};
 }
 
-Answer find_type(jt_parser_space *space, const char *type_name, std::int32_t node_class,
-                 const jt_node *enclosing) {
+Answer find_type(const char *type_name, std::int32_t node_class, const jt_node *enclosing) {
   const auto inside = [&](std::int32_t wanted) {
     return enclosing != nullptr && enclosing->node_class == wanted;
   };
@@ -65,7 +59,7 @@ Answer find_type(jt_parser_space *space, const char *type_name, std::int32_t nod
                  ? Answer{find_invocation_type(*enclosing, type_name), Missing::kUnknownService}
                  : kNothing;
     case JT_NODE_ATTRIBUTE:
-      return enclosing != nullptr ? find_attribute_type(space, *enclosing, type_name) : kNothing;
+      return enclosing != nullptr ? find_attribute_type(*enclosing, type_name) : kNothing;
     case JT_NODE_VALUE:
       return inside(JT_NODE_ATTRIBUTE) ? Answer{enclosing->type, Missing::kRefused} : kNothing;
     default:
@@ -85,7 +79,7 @@ void report_unknown_type(jt_parser_space *space, std::int32_t node_class, const 
 
 extern "C" const jt_type *jt_get_type(jt_parser_space *space, const char *type_name, int32_t node_class,
                                       const jt_node *enclosing) {
-  const jt::Answer answer = jt::find_type(space, type_name, node_class, enclosing);
+  const jt::Answer answer = jt::find_type(type_name, node_class, enclosing);
   if (answer.type != nullptr) return answer.type;
   if (answer.otherwise == jt::Missing::kRefused) {
     jt_error(space, jt::message::kUnknownType, type_name);

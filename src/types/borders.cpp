@@ -2,12 +2,9 @@
 // written out always warns about a name that the scan list does not know; clients are used to that.
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <span>
 #include <utility>
 
 #include "foundation/error_store.h"
-#include "foundation/text.h"
 #include "types/enumeration.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"

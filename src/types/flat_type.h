@@ -8,6 +8,7 @@
 #ifndef JT_TYPES_FLAT_TYPE_H
 #define JT_TYPES_FLAT_TYPE_H
 
+#include <cstdint>
 #include <cstring>
 
 #include "foundation/memory.h"

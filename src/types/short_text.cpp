@@ -3,13 +3,12 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 namespace jt {
 
 void ShortText::add(std::string_view part) {
   const std::size_t taken = std::min(part.size(), text_.size() - length_);
-  std::memcpy(text_.data() + length_, part.data(), taken);
+  std::copy_n(part.begin(), taken, text_.data() + length_);
   length_ += taken;
 }
 

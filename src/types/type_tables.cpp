@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <iterator>
 #include <span>
+#include <string_view>
 
 #include "foundation/text.h"
 #include "types/enumeration.h"
@@ -199,7 +201,7 @@ constexpr int32_t MAX_VALIDATION_TYPES = 3;
 namespace jt {
 namespace {
 
-// A look-up halves its way through a table, so a row out of order would not be found.
+// Clients search the tables too, and may halve their way through: rows are in order.
 consteval bool is_table(std::span<const jt_type> rows, std::int32_t count) {
   const auto out_of_order = [](const jt_type &a, const jt_type &b) {
     return compare_names(a.name, b.name) >= 0;
@@ -226,6 +228,21 @@ static_assert(is_table(ppware_type_tab, MAX_PPWARE_TYPES));
 static_assert(is_table(scan_type_tab, MAX_SCAN_TYPES));
 static_assert(is_table(validation_type_tab, MAX_VALIDATION_TYPES));
 
+// Half of the slots or more stay free, so that probing is short and always ends.
+template <std::size_t Rows>
+consteval TypeTable table(const jt_type (&rows)[Rows]) {
+  TypeTable table = {rows, Rows, {}};
+  static_assert(Rows * 2 <= sizeof(table.slots));
+  for (std::uint8_t row = 0; row < Rows; ++row) {
+    std::size_t slot = name_hash(rows[row].name) % table.slots.size();
+    while (table.slots[slot] != 0) slot = (slot + 1) % table.slots.size();
+    table.slots[slot] = static_cast<std::uint8_t>(row + 1);
+  }
+  return table;
+}
+
+constexpr TypeTable kBaseTable = table(kBaseTypes);
+
 struct Service {
   std::string_view name;
   TypeTable table;
@@ -233,38 +250,37 @@ struct Service {
 
 // pport_type_tab and qf_type_tab are for clients to list; no look-up goes there.
 constexpr std::array<Service, 14> kServices = {{
-    {"kmt_document", {doc_type_tab, MAX_DOC_TYPES}},
-    {"kmt_svc_general", {gen_type_tab, MAX_GEN_TYPES}},
-    {"kmt_svc_fax", {fax_type_tab, MAX_FAX_TYPES}},
-    {"kmt_svc_file", {file_type_tab, MAX_FILE_TYPES}},
-    {"kmt_svc_scan", {scan_type_tab, MAX_SCAN_TYPES}},
-    {"kmt_svc_print", {print_type_tab, MAX_LPRNT_TYPES}},
-    {"kmt_svc_notification", {notif_type_tab, MAX_NOTIF_TYPES}},
-    {"kmt_svc_email", {email_type_tab, MAX_EMAIL_TYPES}},
-    {"kmt_svc_ocr", {ocr_type_tab, MAX_OCR_TYPES}},
-    {"kmt_svc_docman", {docman_type_tab, MAX_DOCMAN_TYPES}},
-    {"kmt_svc_paperware", {ppware_type_tab, MAX_PPWARE_TYPES}},
-    {"kmt_svc_desktop", {desksvc_type_tab, MAX_DESKTOP_TYPES}},
-    {"kmt_svc_validation", {validation_type_tab, MAX_VALIDATION_TYPES}},
-    {"kmt_dscrpt_metadata", {metadata_type_tab, MAX_METADATA_TYPES}},
+    {"kmt_document", table(doc_type_tab)},
+    {"kmt_svc_general", table(gen_type_tab)},
+    {"kmt_svc_fax", table(fax_type_tab)},
+    {"kmt_svc_file", table(file_type_tab)},
+    {"kmt_svc_scan", table(scan_type_tab)},
+    {"kmt_svc_print", table(print_type_tab)},
+    {"kmt_svc_notification", table(notif_type_tab)},
+    {"kmt_svc_email", table(email_type_tab)},
+    {"kmt_svc_ocr", table(ocr_type_tab)},
+    {"kmt_svc_docman", table(docman_type_tab)},
+    {"kmt_svc_paperware", table(ppware_type_tab)},
+    {"kmt_svc_desktop", table(desksvc_type_tab)},
+    {"kmt_svc_validation", table(validation_type_tab)},
+    {"kmt_dscrpt_metadata", table(metadata_type_tab)},
 }};
+
+const jt_type *find_row(const TypeTable &table, const char *name, std::uint32_t hash) {
+  for (std::uint32_t slot = hash;; ++slot) {
+    const unsigned entry = table.slots[slot % table.slots.size()];
+    if (entry == 0) return nullptr;
+    if (lowercasecmp(table.rows[entry - 1].name, name) == 0) return &table.rows[entry - 1];
+  }
+}
 
 }  // namespace
 
-TypeTable base_types() { return {kBaseTypes, static_cast<std::int32_t>(std::size(kBaseTypes))}; }
-
-const jt_type *find_type_in_table(const jt_type *table, std::int32_t rows, const char *name) {
-  if (name == nullptr || rows <= 0) return nullptr;
-  const jt_type *const end = table + rows;
-  const jt_type *const found = std::lower_bound(table, end, name, [](const jt_type &row, const char *sought) {
-    return lowercasecmp(row.name, sought) < 0;
-  });
-  return found != end && lowercasecmp(found->name, name) == 0 ? found : nullptr;
+const jt_type *find_type_in_table(const TypeTable &table, const char *name) {
+  return name != nullptr ? find_row(table, name, name_hash(name)) : nullptr;
 }
 
-const jt_type *find_base_type(const char *name) {
-  return find_type_in_table(kBaseTypes, static_cast<std::int32_t>(std::size(kBaseTypes)), name);
-}
+const jt_type *find_base_type(const char *name) { return find_type_in_table(kBaseTable, name); }
 
 const TypeTable *find_service_table(const char *service_name) {
   const std::string_view sought = view_of(service_name);
@@ -274,18 +290,32 @@ const TypeTable *find_service_table(const char *service_name) {
   return found != kServices.end() ? &found->table : nullptr;
 }
 
+// A service's own row is the one row of its table without operations.
+const TypeTable *find_table_of_row(const jt_type *row) {
+  const std::less_equal<> at_or_before;
+  const auto *const found = std::find_if(kServices.begin(), kServices.end(), [&](const Service &service) {
+    return at_or_before(service.table.rows, row) &&
+           std::less<>()(row, service.table.rows + service.table.count);
+  });
+  return found != kServices.end() && row->eval == nullptr ? &found->table : nullptr;
+}
+
+const jt_type *find_type_in_scope(const TypeTable *table, const char *type_name) {
+  if (type_name == nullptr) return nullptr;
+  const std::uint32_t hash = name_hash(type_name);
+  const jt_type *const found = table != nullptr ? find_row(*table, type_name, hash) : nullptr;
+  return found != nullptr ? found : find_row(kBaseTable, type_name, hash);
+}
+
 // The row stands in the service's own table.
 const jt_type *find_service_row(const char *name) {
   const TypeTable *const table = find_service_table(name);
-  return table != nullptr ? find_type_in_table(table->rows, table->count, name) : nullptr;
+  return table != nullptr ? find_type_in_table(*table, name) : nullptr;
 }
 
 }  // namespace jt
 
 extern "C" const jt_type *get_type_from_services(jt_parser_space * /*space*/, const char *service_name,
                                                  const char *type_name) {
-  const jt::TypeTable *const table = jt::find_service_table(service_name);
-  const jt_type *const found =
-      table != nullptr ? jt::find_type_in_table(table->rows, table->count, type_name) : nullptr;
-  return found != nullptr ? found : jt::find_base_type(type_name);
+  return jt::find_type_in_scope(jt::find_service_table(service_name), type_name);
 }

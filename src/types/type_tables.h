@@ -3,6 +3,7 @@
 #ifndef JT_TYPES_TYPE_TABLES_H
 #define JT_TYPES_TYPE_TABLES_H
 
+#include <array>
 #include <cstdint>
 
 #include "jt.h"
@@ -12,17 +13,21 @@ namespace jt {
 struct TypeTable {
   const jt_type *rows;
   std::int32_t count;
+  std::array<std::uint8_t, 64> slots;  // hash table of the names: row + 1, or 0; probed linearly
 };
 
-// The built-in types and the kinds of blocks that belong to no service.
-TypeTable base_types();
-
 // Each find answers null for a null name.
-const jt_type *find_type_in_table(const jt_type *table, std::int32_t rows, const char *name);
+const jt_type *find_type_in_table(const TypeTable &table, const char *name);
 const jt_type *find_base_type(const char *name);
 
 // The table of one of the fourteen services that have one to look in.
 const TypeTable *find_service_table(const char *service_name);
+
+// The table that holds such a service's own row; null for any other row.
+const TypeTable *find_table_of_row(const jt_type *row);
+
+// The type of that name in a service's table, or else among the built-in types; these alone without a table.
+const jt_type *find_type_in_scope(const TypeTable *table, const char *type_name);
 
 // The row that stands for such a service itself.
 const jt_type *find_service_row(const char *name);

@@ -1,0 +1,15 @@
+#include <stdio.h>
+#include "jt.h"
+
+int main(void) {
+  jt_parser_space *session = jt_open_parsing_utility("client");
+  if (session == NULL) return 1;
+  int32_t job = jt_decode_template(session, "[ kmt_svc_scan Scan ] { enum_sided Sides = ONE_SIDED; } end");
+  if (job == 0) puts(jt_get_recent_error(session));
+  jt_set_attribute_value_string(session, job, "Scan", "Sides", "TWO_SIDED");
+  char *text = jt_encode_template(session, job);
+  if (text != NULL) fputs(text, stdout);
+  jt_destroy_value_string(session, text);
+  jt_close_parsing_utility(session);
+  return job == 0;
+}

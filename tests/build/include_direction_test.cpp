@@ -1,0 +1,73 @@
+// The floors of the house: a file includes its own floor, the floors below it and the public header, never a
+// floor above; programs see the public header alone; and no two files include each other.
+#include <array>
+#include <map>
+#include <regex>
+#include <set>
+
+#include "support/program.h"
+
+namespace jt_test {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Includes = std::map<std::string, std::set<std::string>>;
+
+constexpr std::array<std::string_view, 5> kFloors = {"foundation", "types", "tree", "sil", "api"};
+
+// Each source file below a directory, by its path from there, with the files that it includes in quotes.
+Includes includes_below(const fs::path &directory) {
+  static const std::regex kInclude(R"re(\s*#\s*include\s*"([^"]+)".*)re");
+  static const std::set<std::string> kEndings = {".c", ".cpp", ".h"};
+  Includes includes;
+  for (const fs::directory_entry &entry : fs::recursive_directory_iterator(directory)) {
+    if (!entry.is_regular_file() || kEndings.count(entry.path().extension().string()) == 0) continue;
+    std::set<std::string> &included = includes[fs::relative(entry.path(), directory).generic_string()];
+    for (const std::string &line : lines_of(read_whole(entry.path().string()))) {
+      std::smatch match;
+      if (std::regex_match(line, match, kInclude)) included.insert(match[1]);
+    }
+  }
+  return includes;
+}
+
+// The number of a path's floor, counted from below; the number of floors for a path that lies on none.
+std::size_t floor_of(const std::string &path) {
+  const auto *const floor = std::find(kFloors.begin(), kFloors.end(), path.substr(0, path.find('/')));
+  return static_cast<std::size_t>(floor - kFloors.begin());
+}
+
+TEST(IncludeDirection, EverySourceFileLiesOnAFloor) {
+  const Includes includes = includes_below(JT_SOURCE_DIR "/src");
+  EXPECT_GT(includes.size(), kFloors.size());
+  for (const auto &[file, included] : includes) EXPECT_LT(floor_of(file), kFloors.size()) << file;
+}
+
+TEST(IncludeDirection, NoFileIncludesAFloorAbove) {
+  for (const auto &[file, included] : includes_below(JT_SOURCE_DIR "/src")) {
+    for (const std::string &other : included) {
+      EXPECT_TRUE(other == "jt.h" || floor_of(other) <= floor_of(file)) << file << " includes " << other;
+    }
+  }
+}
+
+TEST(IncludeDirection, NoTwoFilesIncludeEachOther) {
+  const Includes includes = includes_below(JT_SOURCE_DIR "/src");
+  for (const auto &[file, included] : includes) {
+    for (const std::string &other : included) {
+      const auto back = includes.find(other);
+      EXPECT_TRUE(back == includes.end() || back->second.count(file) == 0) << file << " and " << other;
+    }
+  }
+}
+
+TEST(IncludeDirection, ProgramsSeeThePublicHeaderAlone) {
+  const std::set<std::string> public_header = {"jt.h"};
+  for (const char *directory : {JT_SOURCE_DIR "/tools", JT_SOURCE_DIR "/examples"}) {
+    for (const auto &[file, included] : includes_below(directory)) EXPECT_EQ(included, public_header) << file;
+  }
+}
+
+}  // namespace
+}  // namespace jt_test

@@ -1,0 +1,296 @@
+// The clients of the examples folder, run on an example file: what each of them prints, word for word.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/program.h"
+
+namespace jt_test {
+namespace {
+
+std::string example(const std::string &name) { return JT_SOURCE_DIR "/examples/" + name; }
+
+ProgramRun run_client(const std::string &name, const std::vector<std::string> &arguments) {
+  std::vector<std::string> words = {JT_EXAMPLES_BIN_DIR "/" + name};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return run_program(words);
+}
+
+void expect_output(const ProgramRun &run, const std::string &out) {
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.out, out);
+  EXPECT_EQ(run.err, "");
+}
+
+void expect_failure(const ProgramRun &run, const std::string &err) {
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, err);
+}
+
+// ---- client ----
+
+TEST(Client, ChangesOneValue) {
+  expect_output(run_client("client", {}),
+                "[kmt_svc_scan Scan]\n"
+                " {\n"
+                "      enum_sided Sides = TWO_SIDED;\n"
+                " }\n"
+                "end\n"
+                "\n");
+}
+
+// ---- build_scan_to_mail ----
+
+TEST(BuildScanToMail, PrintsTheJob) {
+  expect_output(run_client("build_scan_to_mail", {}),
+                "[kmt_svc_scan Scanner]\n"
+                " Letter{\n"
+                "      enum_inputsource InputSource = DADH;\n"
+                "      enum_mediasize MediaSize = ISO_A4SEF;\n"
+                "      enum_sided Sides = TWO_SIDED;\n"
+                " }\n"
+                "end\n"
+                "\n"
+                "[kmt_svc_email Mail]\n"
+                " {\n"
+                "      enum_emailprotocol Protocol = SMTP;\n"
+                "      string To = \"office@example.org\";\n"
+                "      string Subject = \"Your \\\"scan\\\"\";\n"
+                "      ref_invocation Attachment = Scanner:Letter;\n"
+                "    * integer Copies = 2;\n"
+                " }\n"
+                "end\n"
+                "\n");
+}
+
+// ---- outline ----
+
+TEST(Outline, PrintsServicesInvocationsAttributesAndValues) {
+  expect_output(run_client("outline", {example("print.sil")}),
+                "Printer: kmt_svc_print\n"
+                "  Handout\n"
+                "    Sides: enum_sidestoprint\n"
+                "      TWO_SIDED\n"
+                "    Finish: enum_printfinish\n"
+                "      STAPLE_TOP_LEFT\n"
+                "      PUNCH\n"
+                "    Collation: enum_collationType\n"
+                "      SEPARATE_DOCUMENTS_COLLATED_COPIES\n"
+                "    Where: enum_printmode\n"
+                "      LOCAL\n"
+                "    Copies: integer\n"
+                "      3\n"
+                "    Documents: ref_collection\n"
+                "      Handouts\n");
+}
+
+TEST(Outline, ShowsUnnamedInvocationsAndStars) {
+  expect_output(run_client("outline", {example("ocr_of_a_scan.sil")}),
+                "Scanner: kmt_svc_scan\n"
+                "  Page\n"
+                "    InputSource: enum_inputsource\n"
+                "      SINGLE_SHEET_FEEDER\n"
+                "    Original: enum_originalsubtype\n"
+                "      INKJET\n"
+                "    Rotation: enum_rotation\n"
+                "      ROT_90\n"
+                "Reader: kmt_svc_ocr\n"
+                "  (unnamed)\n"
+                "    Language: enum_conversionlanguage\n"
+                "      ENGLISH\n"
+                "      GWICH'IN\n"
+                "    Format: enum_outputdocumentconversionformat\n"
+                "      RTF_WORD_2000\n"
+                "    Source: ref_invocation\n"
+                "      Scanner:Page\n"
+                "    Confidence: real *\n"
+                "      0.750000\n");
+}
+
+TEST(Outline, WalksEveryInvocation) {
+  expect_output(run_client("outline", {example("no_header.sil")}),
+                "MyScan: kmt_svc_scan\n"
+                "  (unnamed)\n"
+                "kmt_svc_print: kmt_svc_print\n");
+}
+
+TEST(Outline, SaysWhyAFileIsRefused) {
+  expect_failure(run_client("outline", {example("rejected/service_twice.sil")}),
+                 "SYNTAX ERROR: Trying to save multiple definitions for:SCANNER ...\n");
+}
+
+TEST(Outline, NeedsAFileThatCanBeRead) {
+  expect_failure(run_client("outline", {example("missing.sil")}), "USAGE: outline FILE\n");
+  expect_failure(run_client("outline", {JT_SOURCE_DIR}), "USAGE: outline FILE\n");
+}
+
+TEST(Outline, NeedsAFile) { expect_failure(run_client("outline", {}), "USAGE: outline FILE\n"); }
+
+// ---- change_value ----
+
+TEST(ChangeValue, ChangesOneAndKeepsTheRest) {
+  expect_output(run_client("change_value", {example("print.sil"), "printer", "COPIES", "5"}),
+                "# Print a stored document: three sets, stapled, on both sides.\n"
+                "\n"
+                "< SIL 4.2.00 ASCII print-handout >\n"
+                "\n"
+                "[kmt_svc_print Printer]\n"
+                " Handout{\n"
+                "      enum_sidestoprint Sides = TWO_SIDED;\n"
+                "      enum_printfinish Finish = STAPLE_TOP_LEFT, PUNCH;\n"
+                "      enum_collationType Collation = SEPARATE_DOCUMENTS_COLLATED_COPIES;\n"
+                "      enum_printmode Where = LOCAL;\n"
+                "      integer Copies = 5;\n"
+                "      ref_collection Documents = Handouts;\n"
+                " }\n"
+                "end\n"
+                "\n"
+                "\n"
+                "< /SIL >\n");
+}
+
+TEST(ChangeValue, FindsTheInvocationThatHasTheAttribute) {
+  expect_output(run_client("change_value", {example("metadata.sil"), "Metadata", "MinimumLength", "6"}),
+                "# Ask at the panel for what the filing system wants to know.\n"
+                "\n"
+                "< SIL 4.2.00 ASCII metadata >\n"
+                "\n"
+                "[kmt_dscrpt_metadata Metadata]\n"
+                " Customer{\n"
+                "      enum_metadatamaskingrequired Masking = NONE;\n"
+                "      string Label = \"Customer\";\n"
+                "      string Default = \"\";\n"
+                "      boolean Required = TRUE;\n"
+                " }\n"
+                " PinCode{\n"
+                "      enum_metadatamaskingrequired Masking = MASK_AND_OMIT;\n"
+                "      string Label = \"PIN\";\n"
+                "      integer MinimumLength = 6;\n"
+                "      boolean Required = TRUE;\n"
+                " }\n"
+                "end\n"
+                "\n"
+                "\n"
+                "< /SIL >\n");
+}
+
+TEST(ChangeValue, SaysWhyAValueIsRefused) {
+  expect_failure(
+      run_client("change_value", {example("print.sil"), "Printer", "Copies", "many"}),
+      "SYNTAX ERROR: trying to evaluate the following value string as -- integer --:\n\nmany ...\n");
+}
+
+TEST(ChangeValue, SaysWhichServiceIsMissing) {
+  expect_failure(run_client("change_value", {example("print.sil"), "Fax", "Copies", "5"}),
+                 "CALL ERROR: does not exist:Fax ...\n");
+}
+
+TEST(ChangeValue, SaysThatTheAttributeIsMissing) {
+  expect_failure(run_client("change_value", {example("print.sil"), "Printer", "Colour", "5"}),
+                 "no such attribute\n");
+}
+
+TEST(ChangeValue, NeedsFourArguments) {
+  expect_failure(run_client("change_value", {"file"}), "USAGE: change_value FILE SERVICE ATTRIBUTE VALUE\n");
+}
+
+// ---- finish_job ----
+
+TEST(FinishJob, SetsStatusesAndOverridesAValue) {
+  expect_output(run_client("finish_job", {example("fax.sil"), "Fax", "Retries", "5"}),
+                "# Fax a page to two numbers after office hours.\n"
+                "\n"
+                "< SIL 4.2.00 ASCII fax-at-night >\n"
+                "\n"
+                "[kmt_svc_scan Scanner]\n"
+                " {\n"
+                "      enum_inputsource InputSource = PLATEN;\n"
+                "      enum_resolution Resolution = AUTO;\n"
+                "      enum_imagemode Contents = TEXT;\n"
+                " }(KMT_STATUS_COMPLETED)\n"
+                "end(KMT_STATUS_COMPLETED)\n"
+                "\n"
+                "[kmt_svc_fax Fax]\n"
+                " {\n"
+                "      enum_transmissionmode Mode = FASTEST_POSSIBLE;\n"
+                "      enum_jobpriority Priority = LOW;\n"
+                "      enum_type Type = AUTO;\n"
+                "      string Number = \"+49 89 555 0100\", \"+49 89 555 0199\";\n"
+                "      string Subject = \"Order 4711\";\n"
+                "      struct_timeofday NotBefore = 20:5;\n"
+                "    * integer Retries = 5;(KMT_STATUS_OVERRIDDEN{3})\n"
+                " }(KMT_STATUS_COMPLETED)\n"
+                "end(KMT_STATUS_COMPLETED)\n"
+                "\n"
+                "\n"
+                "< /SIL >\n");
+}
+
+// The value is of a type that only the service's type, not its name, leads to.
+TEST(FinishJob, FindsTheTypesOfAServiceWithANameOfItsOwn) {
+  const ProgramRun run =
+      run_client("finish_job", {example("scan_to_mail.sil"), "Scanner", "Original", "PHOTOGRAPH"});
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(lines_of(run.out)[10],
+            "    * enum_originalsubtype Original = PHOTOGRAPH;(KMT_STATUS_OVERRIDDEN{PRINTED_ORIGINAL})");
+}
+
+TEST(FinishJob, SaysThatACompulsoryValueCannotBeOverridden) {
+  expect_failure(run_client("finish_job", {example("scan_to_mail.sil"), "Scanner", "Sides", "ONE_SIDED"}),
+                 "CALL ERROR: it is a compulsory attributeSides ...\n");
+}
+
+TEST(FinishJob, SaysWhyAValueIsRefused) {
+  expect_failure(
+      run_client("finish_job", {example("fax.sil"), "Fax", "Retries", "often"}),
+      "SYNTAX ERROR: trying to evaluate the following value string as -- integer --:\n\noften ...\n");
+}
+
+TEST(FinishJob, SaysWhichAttributeIsMissing) {
+  expect_failure(run_client("finish_job", {example("fax.sil"), "Fax", "Colour", "5"}),
+                 "CALL ERROR: does not exist:Colour ...\n");
+}
+
+TEST(FinishJob, NeedsFourArguments) {
+  expect_failure(run_client("finish_job", {}), "USAGE: finish_job FILE SERVICE ATTRIBUTE VALUE\n");
+}
+
+// ---- list_types ----
+
+TEST(ListTypes, NamesTheTypesAndTheirValues) {
+  expect_output(run_client("list_types", {"kmt_svc_validation"}),
+                "enum_protocol\n"
+                "  CANCEL_WITHOUT_VALIDATION\n"
+                "  SUBMIT_WITHOUT_VALIDATION\n"
+                "  HTTP\n"
+                "  HTTPS\n"
+                "enum_validationtimeoutpolicy\n"
+                "  CANCEL_WITHOUT_VALIDATION\n"
+                "  SUBMIT_WITHOUT_VALIDATION\n"
+                "  HTTP\n"
+                "  HTTPS\n"
+                "kmt_svc_validation (a kind of block)\n");
+}
+
+TEST(ListTypes, KnowsEveryServiceInAnyCase) {
+  expect_output(run_client("list_types", {"KMT_SVC_Docman"}), "kmt_svc_docman (a kind of block)\n");
+}
+
+TEST(ListTypes, ListsTypesWithoutNames) {
+  const std::vector<std::string> lines = lines_of(run_client("list_types", {"kmt_svc_scan"}).out);
+  const std::vector<std::string> last(lines.end() - 4, lines.end());
+  const std::vector<std::string> expected = {"kmt_svc_scan (a kind of block)", "struct_borders",
+                                             "struct_gutter", "struct_magnification"};
+  EXPECT_EQ(last, expected);
+}
+
+TEST(ListTypes, NeedsAServiceOfTheTables) {
+  expect_failure(run_client("list_types", {"kmt_svc_coffee"}),
+                 "USAGE: list_types SERVICE, for instance list_types kmt_svc_scan\n");
+}
+
+}  // namespace
+}  // namespace jt_test

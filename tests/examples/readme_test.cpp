@@ -1,0 +1,51 @@
+// What README.md shows is what there is: the client in its fenced block is examples/client.c, and every file
+// and folder that it leads to exists.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "support/program.h"
+
+namespace jt_test {
+namespace {
+
+const std::string kRoot = JT_SOURCE_DIR "/";
+
+// The text between the first fence of that language and the fence that ends it.
+std::string fenced_block(const std::string &text, const std::string &language) {
+  const std::string fence = "\n```" + language + "\n";
+  const std::size_t found = text.find(fence);
+  if (found == std::string::npos) return "(no fence)";
+  const std::size_t begin = found + fence.size();
+  const std::size_t end = text.find("\n```\n", begin);
+  return end == std::string::npos ? "(no end)" : text.substr(begin, end + 1 - begin);
+}
+
+// The targets of the links that stay inside the repository.
+std::vector<std::string> links_of(const std::string &text) {
+  std::vector<std::string> links;
+  for (std::size_t at = text.find("]("); at != std::string::npos; at = text.find("](", at + 2)) {
+    const std::string link = text.substr(at + 2, text.find(')', at) - at - 2);
+    if (link.find("://") == std::string::npos) links.push_back(link);
+  }
+  return links;
+}
+
+TEST(Readme, ShowsTheClientOfTheExamples) {
+  EXPECT_EQ(fenced_block(read_whole(kRoot + "README.md"), "c"), read_whole(kRoot + "examples/client.c"));
+}
+
+TEST(Readme, ShowsAClientOfFifteenLines) {
+  EXPECT_EQ(lines_of(read_whole(kRoot + "examples/client.c")).size(), 15U);
+}
+
+TEST(Readme, LeadsToWhatExists) {
+  const std::vector<std::string> links = links_of(read_whole(kRoot + "README.md"));
+  EXPECT_GE(links.size(), 4U);
+  for (const std::string &link : links) EXPECT_TRUE(std::filesystem::exists(kRoot + link)) << link;
+}
+
+}  // namespace
+}  // namespace jt_test

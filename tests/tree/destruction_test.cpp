@@ -1,0 +1,352 @@
+// Taking nodes out of a tree of services, invocations, attributes and values: what goes along, which slots
+// become free, where cursors move, and what is refused.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tree/odd_types.h"
+#include "tree/tree_session.h"
+
+namespace {
+
+using jt_test::children_of;
+using jt_test::exhaust;
+using jt_test::Messages;
+using jt_test::names_of;
+using jt_test::Nodes;
+using jt_test::unstart;
+using Names = std::vector<std::string>;
+
+class Destruction : public jt_test::TreeTest {
+ protected:
+  ~Destruction() override { jt_test::expect_sound(*space); }
+
+  // Root, service, two invocations, three attributes in the first, two values in each.
+  jt_node *small_tree() {
+    jt_node *const root = make_template();
+    jt_node *const service = add_service(root, "kmt_svc_scan");
+    jt_node *const invocation = add_invocation(service, "one");
+    add_invocation(service, "two");
+    for (const char *const name : {"a", "b", "c"}) {
+      jt_node *const attribute = add_attribute(invocation, "integer", name);
+      add_value(attribute, "1");
+      add_value(attribute, "2");
+    }
+    return root;
+  }
+  // A parent of three with the cursor on the child of that place.
+  jt_node *parent_at(std::size_t place) {
+    jt_node *const parent = parent_of({"one", "two", "three"});
+    for (std::size_t i = 0; i < place; ++i) advance_index(space, parent);
+    return parent;
+  }
+};
+
+// ---- Refusals ----
+
+TEST_F(Destruction, NothingIsDoneToNull) {
+  for (jt_parser_space *const each : {space, static_cast<jt_parser_space *>(nullptr)}) {
+    EXPECT_EQ(destroy_node(each, nullptr), 0);
+    EXPECT_EQ(destroy_children(each, nullptr), 0);
+    EXPECT_EQ(destroy_all_nodes(each, nullptr), 0);
+    EXPECT_EQ(delete_index_child(each, nullptr), 0);
+  }
+  EXPECT_EQ(messages(), Messages());
+}
+
+TEST_F(Destruction, NothingIsDoneWithoutASession) {
+  jt_node *const root = small_tree();
+  const std::size_t before = count_alive();
+  EXPECT_EQ(destroy_node(nullptr, root), 0);
+  EXPECT_EQ(destroy_children(nullptr, root), 0);
+  EXPECT_EQ(destroy_all_nodes(nullptr, root), 0);
+  EXPECT_EQ(delete_index_child(nullptr, root), 0);
+  EXPECT_EQ(count_alive(), before);
+}
+
+TEST_F(Destruction, ANodeOfAnotherSessionIsRefusedByBoth) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  const Nodes mine = {make_template(), make_template()};
+  for (int i = 0; i < 5; ++i) create_typed_node(other, "template", "theirs", JT_NODE_TEMPLATE, nullptr);
+  for (int i = 0; i < 5; ++i) {
+    jt_node *const foreign = opaque_to_node(other, bookmark_to_opaque(i));
+    EXPECT_EQ(destroy_node(space, foreign), 0) << i;
+    EXPECT_EQ(destroy_all_nodes(space, foreign), 0) << i;
+    EXPECT_EQ(destroy_children(space, foreign), 0) << i;
+    EXPECT_STREQ(foreign->name, "theirs");
+    EXPECT_EQ(opaque_to_node(other, bookmark_to_opaque(i)), foreign);
+  }
+  EXPECT_EQ(at(-100), mine[0]);
+  EXPECT_EQ(at(-101), mine[1]);
+  EXPECT_EQ(count_alive(), 2U);
+  jt_close_parsing_utility(other);
+}
+
+TEST_F(Destruction, TheChildAtACursorOfAnotherSessionIsRefused) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  jt_decode_template(other, "[ kmt_svc_scan S ] { } end");
+  jt_node *const root = opaque_to_node(other, -100);
+  small_tree();
+  const std::size_t before = count_alive();
+  EXPECT_EQ(delete_index_child(space, root), 0);
+  EXPECT_EQ(count_alive(), before);
+  EXPECT_STREQ(root->first_child->name, "S");
+  jt_close_parsing_utility(other);
+}
+
+// ---- destroy_node ----
+
+TEST_F(Destruction, ANodeTakesItsSubtreeAlong) {
+  jt_node *const root = small_tree();
+  jt_node *const service = root->first_child;
+  EXPECT_EQ(count_alive(), 13U);
+  EXPECT_EQ(destroy_node(space, service->first_child), 1);
+  EXPECT_EQ(count_alive(), 3U);
+  EXPECT_EQ(names_of(service), Names{"two"});
+  EXPECT_EQ(destroy_node(space, root), 1);
+  expect_all_released();
+  EXPECT_EQ(space->table.count, 13);
+  EXPECT_EQ(messages(), Messages());
+}
+
+TEST_F(Destruction, SlotsOfASubtreeAreTakenAgainLowestFirst) {
+  jt_node *const root = small_tree();
+  destroy_node(space, root->first_child->first_child);
+  for (const int32_t bookmark : {2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13})
+    EXPECT_EQ(make_template()->bookmark, bookmark);
+}
+
+TEST_F(Destruction, SiblingsAreLinkedToEachOther) {
+  for (const std::size_t which : {0U, 1U, 2U}) {
+    jt_node *const parent = parent_of({"one", "two", "three"});
+    Nodes children = children_of(parent);
+    EXPECT_EQ(destroy_node(space, children[which]), 1);
+    children.erase(children.begin() + static_cast<std::ptrdiff_t>(which));
+    EXPECT_EQ(children_of(parent), children);
+    jt_test::expect_sound(*space);
+  }
+}
+
+TEST_F(Destruction, ACursorOnTheNodeMovesToTheSiblingBefore) {
+  for (const std::size_t place : {1U, 2U}) {
+    jt_node *const parent = parent_at(place);
+    jt_node *const before = parent->cursor->previous_sibling;
+    destroy_node(space, parent->cursor);
+    EXPECT_EQ(parent->cursor, before);
+  }
+}
+
+TEST_F(Destruction, ACursorOnTheFirstMovesToTheNext) {
+  jt_node *const parent = parent_at(0);
+  jt_node *const next = parent->cursor->next_sibling;
+  destroy_node(space, parent->cursor);
+  EXPECT_EQ(parent->cursor, next);
+  EXPECT_EQ(parent->first_child, next);
+}
+
+TEST_F(Destruction, ACursorOnTheOnlyChildIsExhausted) {
+  jt_node *const parent = parent_of({"one"});
+  destroy_node(space, parent->first_child);
+  EXPECT_EQ(parent->cursor, nullptr);
+  EXPECT_EQ(parent->first_child, nullptr);
+}
+
+TEST_F(Destruction, ACursorElsewhereStays) {
+  jt_node *const parent = parent_at(1);
+  jt_node *const second = parent->cursor;
+  destroy_node(space, parent->first_child);
+  EXPECT_EQ(parent->cursor, second);
+  destroy_node(space, parent->last_child);
+  EXPECT_EQ(parent->cursor, second);
+}
+
+TEST_F(Destruction, AnExhaustedOrNotStartedCursorStays) {
+  jt_node *const parent = parent_of({"one", "two", "three"});
+  exhaust(space, parent);
+  destroy_node(space, parent->first_child);
+  EXPECT_EQ(parent->cursor, nullptr);
+  unstart(parent);
+  destroy_node(space, parent->first_child);
+  EXPECT_EQ(parent->cursor, jt::not_started());
+}
+
+TEST_F(Destruction, EverythingANodeOwnsGoesWithIt) {
+  jt_test::odd_calls = {};
+  jt_node *const invocation = unknown_invocation();
+  jt_node *const riddle = add_attribute(invocation, "mystery", std::string(3000, 'n').c_str());
+  add_value(riddle, std::string(3000, 'v').c_str());
+  add_comment(space, riddle, "# a\n");
+  add_comment(space, riddle, std::string(3000, 'c').c_str());
+  jt_status *const given = get_status(space, "KMT_STATUS_ERROR");
+  set_status(space, riddle, given);
+  kill_status(space, given);
+  create_value_node(space, &jt_test::kOdd, "odd");
+  reopen();
+  EXPECT_EQ(jt_test::odd_calls.released, 1);
+}
+
+TEST_F(Destruction, AnUnlinkedNodeCanBeDestroyed) {
+  jt_node *const child = make("integer", "one", JT_NODE_ATTRIBUTE, scan_invocation());
+  EXPECT_EQ(destroy_node(space, child), 1);
+}
+
+TEST_F(Destruction, AnyOrderOfNodesIsFine) {
+  for (int round = 0; round < 13; ++round) {
+    reopen();
+    small_tree();
+    for (int step = 0; step < 13; ++step) {
+      const int32_t bookmark = (round + step * 5) % 13;
+      jt_node *const node = space->table.slots[bookmark];
+      if (node != jt::released_slot()) {
+        EXPECT_EQ(destroy_node(space, node), 1);
+      }
+      jt_test::expect_sound(*space);
+    }
+    expect_all_released();
+  }
+}
+
+// ---- destroy_children ----
+
+TEST_F(Destruction, ChildrenGoAndTheirParentStays) {
+  jt_node *const root = small_tree();
+  jt_node *const invocation = root->first_child->first_child;
+  EXPECT_EQ(destroy_children(space, invocation), 1);
+  EXPECT_EQ(invocation->first_child, nullptr);
+  EXPECT_TRUE(alive(invocation));
+  EXPECT_EQ(count_alive(), 4U);
+  EXPECT_EQ(jt_test::take_text(index_child_name(space, invocation)), "(none)");
+}
+
+TEST_F(Destruction, ChildrenOfAChildlessNodeAreNone) {
+  jt_node *const root = make_template();
+  EXPECT_EQ(destroy_children(space, root), 1);
+  EXPECT_EQ(root->cursor, jt::not_started());
+  EXPECT_EQ(messages(), Messages());
+}
+
+TEST_F(Destruction, AfterItsChildrenAParentTakesNewOnes) {
+  for (const std::size_t place : {0U, 1U, 2U}) {
+    jt_node *const parent = parent_at(place);
+    EXPECT_EQ(destroy_children(space, parent), 1);
+    jt_node *const child = add_attribute(parent, "integer", "new");
+    EXPECT_EQ(children_of(parent), Nodes{child});
+    EXPECT_EQ(parent->cursor, child);
+  }
+}
+
+TEST_F(Destruction, ValuesOfAnAttributeGo) {
+  jt_test::odd_calls = {};
+  jt_node *const attribute = add_attribute(scan_invocation(), "integer", "odd");
+  attribute->type = &jt_test::kOdd;
+  for (int i = 0; i < 100; ++i) add_value(attribute, "some");
+  EXPECT_EQ(destroy_children(space, attribute), 1);
+  EXPECT_EQ(jt_test::odd_calls.released, 100);
+}
+
+// ---- delete_index_child ----
+
+TEST_F(Destruction, DeletingInTheMiddleLeavesTheCursorOnTheOneBefore) {
+  jt_node *const parent = parent_at(1);
+  EXPECT_EQ(delete_index_child(space, parent), 1);
+  EXPECT_EQ(names_of(parent), (Names{"one", "three"}));
+  EXPECT_STREQ(parent->cursor->name, "one");
+}
+
+TEST_F(Destruction, DeletingTheLastLeavesTheCursorOnTheOneBefore) {
+  jt_node *const parent = parent_at(2);
+  EXPECT_EQ(delete_index_child(space, parent), 1);
+  EXPECT_EQ(names_of(parent), (Names{"one", "two"}));
+  EXPECT_STREQ(parent->cursor->name, "two");
+}
+
+TEST_F(Destruction, DeletingTheFirstLeavesTheCursorOnTheNewFirst) {
+  jt_node *const parent = parent_at(0);
+  EXPECT_EQ(delete_index_child(space, parent), 1);
+  EXPECT_EQ(names_of(parent), (Names{"two", "three"}));
+  EXPECT_STREQ(parent->cursor->name, "two");
+}
+
+TEST_F(Destruction, DeletingTheOnlyChildExhausts) {
+  jt_node *const parent = parent_of({"one"});
+  EXPECT_EQ(delete_index_child(space, parent), 1);
+  EXPECT_EQ(parent->first_child, nullptr);
+  EXPECT_EQ(parent->cursor, nullptr);
+  EXPECT_EQ(delete_index_child(space, parent), 0);
+}
+
+TEST_F(Destruction, DeletingFromANotStartedParentDeletesTheFirst) {
+  jt_node *const parent = parent_of({"one", "two"});
+  unstart(parent);
+  EXPECT_EQ(delete_index_child(space, parent), 1);
+  EXPECT_EQ(names_of(parent), Names{"two"});
+  EXPECT_EQ(parent->cursor, parent->first_child);
+}
+
+TEST_F(Destruction, DeletingFromAnExhaustedParentDeletesNothing) {
+  jt_node *const parent = parent_of({"one", "two"});
+  exhaust(space, parent);
+  EXPECT_EQ(delete_index_child(space, parent), 0);
+  EXPECT_EQ(names_of(parent), (Names{"one", "two"}));
+  EXPECT_EQ(messages(), Messages());
+}
+
+TEST_F(Destruction, DeletingFromAChildlessParentDeletesNothing) {
+  jt_node *const parent = parent_of({});
+  EXPECT_EQ(delete_index_child(space, parent), 0);
+  EXPECT_EQ(messages(), Messages());
+}
+
+TEST_F(Destruction, DeletingTakesTheSubtreeAlong) {
+  jt_node *const root = small_tree();
+  EXPECT_EQ(delete_index_child(space, root->first_child), 1);
+  EXPECT_EQ(count_alive(), 3U);
+}
+
+TEST_F(Destruction, DeletingUntilNothingIsLeft) {
+  for (const std::size_t place : {0U, 1U, 2U}) {
+    jt_node *const parent = parent_at(place);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(delete_index_child(space, parent), 1);
+    EXPECT_EQ(parent->first_child, nullptr);
+    EXPECT_EQ(delete_index_child(space, parent), 0);
+  }
+}
+
+// ---- destroy_all_nodes ----
+
+TEST_F(Destruction, AllNodesGoFromAnyOfThem) {
+  for (int32_t bookmark = 0; bookmark < 13; ++bookmark) {
+    SCOPED_TRACE(bookmark);
+    reopen();
+    small_tree();
+    EXPECT_EQ(destroy_all_nodes(space, space->table.slots[bookmark]), 1);
+    expect_all_released();
+    EXPECT_EQ(space->table.count, 13);
+    EXPECT_EQ(messages(), Messages());
+  }
+}
+
+TEST_F(Destruction, AllNodesAreThoseOfOneTree) {
+  jt_node *const one = small_tree();
+  small_tree();
+  EXPECT_EQ(destroy_all_nodes(space, one), 1);
+  EXPECT_EQ(count_alive(), 13U);
+}
+
+TEST_F(Destruction, AllNodesOfALoneNodeAreItself) {
+  EXPECT_EQ(destroy_all_nodes(space, make_template()), 1);
+  expect_all_released();
+}
+
+TEST_F(Destruction, AllClientValuesAreReleasedOnce) {
+  jt_test::odd_calls = {};
+  jt_node *const attribute = add_attribute(scan_invocation(), "integer", "odd");
+  attribute->type = &jt_test::kOdd;
+  for (int i = 0; i < 10; ++i) add_value(attribute, "some");
+  EXPECT_EQ(destroy_all_nodes(space, attribute), 1);
+  EXPECT_EQ(jt_test::odd_calls.released, 10);
+  expect_all_released();
+}
+
+}  // namespace
