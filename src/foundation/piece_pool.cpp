@@ -54,14 +54,14 @@ void discard_page(PiecePool &pool, Page *page) {
   }
 }
 
-// What is left of the current page is given up; it is less than one piece. An empty page is not left behind.
+// What is left of the current page is given up; it is less than the piece that is wanted. The page holds live
+// pieces: an empty one has room for any.
 Page *open_page(jt_parser_space &space) {
   PiecePool &pool = space.pool;
   const std::size_t bytes = std::clamp(pool.page_bytes, kFirstPage, kLargestPage);
   auto *const page = static_cast<Page *>(take_block(&space, bytes));
   if (page == nullptr) return nullptr;
   *page = {static_cast<std::uint32_t>(bytes), sizeof(Page), 0};
-  if (pool.current != nullptr && pool.current->live == 0) er_free(pool.current);
   pool.current = page;
   pool.page_bytes = bytes * 2;
   return page;

@@ -22,28 +22,34 @@ namespace {
 
 constexpr int kShortList = 12;
 
-// What a child is found by: a text, or a value of a type.
+// What a child is found by: its name or, when it is a value, the value of its type or its text.
 struct Key {
   std::uint32_t hash;
+  bool of_value;  // names and the texts of values never meet
   std::string_view text;
   const jt_type *type;  // null: the text counts
   const jt_value *value;
 };
 
-Key key_of_text(std::string_view text) { return {name_hash(text), text, nullptr, nullptr}; }
+bool is_value(const jt_node &child) { return child.node_class == JT_NODE_VALUE; }
+
+Key key_of_name(std::string_view name) { return {name_hash(name), false, name, nullptr, nullptr}; }
+
+Key key_of_pending(std::string_view text) { return {name_hash(text), true, text, nullptr, nullptr}; }
 
 bool has_key(const jt_node &child) {
-  return child.node_class == JT_NODE_VALUE ? child.value != nullptr : child.name != nullptr;
+  return is_value(child) ? child.value != nullptr : child.name != nullptr;
 }
 
 // The hash is not asked for: it is stored with the child once that is known to have a table.
 Key key_of(const jt_node &child) {
-  if (child.node_class != JT_NODE_VALUE) return {child.key_hash, child.name, nullptr, nullptr};
-  if (!has_known_type(child)) return {child.key_hash, view_of(child.pending_value), nullptr, nullptr};
-  return {child.key_hash, {}, child.type, child.value};
+  if (!is_value(child)) return {child.key_hash, false, child.name, nullptr, nullptr};
+  if (!has_known_type(child)) return {child.key_hash, true, view_of(child.pending_value), nullptr, nullptr};
+  return {child.key_hash, true, {}, child.type, child.value};
 }
 
 bool is_worth(const Key &key, const jt_node &child) {
+  if (key.of_value != is_value(child)) return false;
   if (key.type == nullptr) return has_key(child) && same_name(key_of(child).text, key.text);
   return key.type->cmp(nullptr, key.value, child.value) == 0;
 }
@@ -54,7 +60,7 @@ bool matches(const Key &key, const jt_node &child) {
 
 // The hash of a value is only wanted by a table; false when its type has none.
 bool set_key_hash(jt_node &child) {
-  if (child.node_class != JT_NODE_VALUE) return true;
+  if (!is_value(child)) return true;
   if (has_known_type(child)) return hash_value(*child.type, child.value, child.key_hash);
   child.key_hash = name_hash(view_of(child.pending_value));
   return true;
@@ -141,19 +147,19 @@ jt_node *find_in_list(jt_node &parent, const Key &key, bool hashed) {
 }  // namespace
 
 jt_node *find_child(jt_node &parent, std::string_view name) {
-  const Key key = key_of_text(name);
+  const Key key = key_of_name(name);
   return parent.index != nullptr ? entry_of(*parent.index, key) : find_in_list(parent, key, true);
 }
 
 jt_node *find_value(jt_node &attribute, const jt_value *value) {
-  Key key = {0, {}, attribute.type, value};
+  Key key = {0, true, {}, attribute.type, value};
   const bool hashed = hash_value(*attribute.type, value, key.hash);
   return attribute.index != nullptr && hashed ? entry_of(*attribute.index, key)
                                               : find_in_list(attribute, key, false);
 }
 
 jt_node *find_pending_value(jt_node &attribute, std::string_view text) {
-  const Key key = key_of_text(text);
+  const Key key = key_of_pending(text);
   return attribute.index != nullptr ? entry_of(*attribute.index, key) : find_in_list(attribute, key, false);
 }
 

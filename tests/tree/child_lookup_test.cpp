@@ -105,6 +105,27 @@ TEST_F(ChildLookup, FindsNothingUnderAValue) {
   EXPECT_EQ(messages(), Messages());
 }
 
+TEST_F(ChildLookup, ValuesAreNotFoundByTheirTexts) {
+  jt_node *const known = add_attribute(scan_invocation(), "string", "known");
+  jt_node *const unknown = add_attribute(scan_invocation(), "mystery", "unknown");
+  for (jt_node *const attribute : {known, unknown}) {
+    for (int i = 0; i < 50; ++i) add_value(attribute, std::to_string(i).c_str());
+    add_value(attribute, "");
+    for (const char *const text : {"49", "49", "0", "25", "", ""})
+      EXPECT_EQ(find(attribute, text), nullptr) << text;
+  }
+}
+
+TEST_F(ChildLookup, AnAttributeAmongValuesIsFoundByItsName) {
+  jt_node *const holder = add_attribute(make_header(), "mystery", "header");
+  for (int i = 0; i < 50; ++i) add_value(holder, ("v" + std::to_string(i)).c_str());
+  jt_node *const child = append(holder, "V7");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(find(holder, "v7"), child);
+    EXPECT_EQ(find(holder, "v8"), nullptr);
+  }
+}
+
 TEST_F(ChildLookup, LooksAtChildrenOnlyNotAtTheirs) {
   jt_node *const invocation = parent_of({"one"});
   EXPECT_EQ(find(invocation->parent->parent, "one"), nullptr);

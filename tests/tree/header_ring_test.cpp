@@ -233,6 +233,53 @@ TEST_F(HeaderRing, ASessionClosesWithAnyPartOfIt) {
   }
 }
 
+TEST_F(HeaderRing, ACursorOnTheHeaderDoesNotOutliveIt) {
+  const Ring ring = decode(jt_test::plain_template());
+  for (const Member member : {kVersion, kEncoding, kIdentifier})
+    EXPECT_EQ(reset_index(space, ring[member]), 1);
+  EXPECT_EQ(destroy_node(space, ring[kHeader]), 1);
+  jt_test::expect_sound(*space);
+  for (const Member member : {kVersion, kEncoding, kIdentifier})
+    EXPECT_EQ(index_child_name(space, ring[member]), nullptr);
+}
+
+TEST_F(HeaderRing, AHeaderAttributeMayMoveIntoAnInvocation) {
+  for (const Member member : {kVersion, kEncoding, kIdentifier}) {
+    const Ring ring = decode(jt_test::plain_template());
+    jt_node *const invocation = ring[kRoot]->first_child->first_child;
+    EXPECT_EQ(add_child(space, invocation, ring[member]), 1);
+    EXPECT_EQ(invocation->last_child, ring[member]);
+    EXPECT_EQ(ring[member]->first_child, nullptr);
+    EXPECT_EQ(ring[kHeader]->parent, member == kVersion ? ring[kEncoding] : ring[kVersion]);
+    jt_test::expect_sound(*space);
+    EXPECT_EQ(destroy_all_nodes(space, ring[kHeader]), 1);
+    expect_all_released();
+  }
+}
+
+TEST_F(HeaderRing, AHeaderAttributeStaysSoundWhenItIsHungUnderItsHeader) {
+  for (const Member member : {kVersion, kEncoding, kIdentifier}) {
+    const Ring ring = decode(jt_test::plain_template());
+    add_child(space, ring[kHeader], ring[member]);
+    jt_test::expect_sound(*space);
+    EXPECT_EQ(destroy_all_nodes(space, ring[kRoot]), 1);
+    expect_all_released();
+  }
+}
+
+TEST_F(HeaderRing, NothingHangsUnderAHeaderAttribute) {
+  const Ring ring = decode(jt_test::plain_template());
+  for (const Member member : {kVersion, kEncoding, kIdentifier}) {
+    jt_node *const value = create_value_node(space, ring[member]->type, "v");
+    EXPECT_EQ(add_child(space, ring[member], value), 0);
+    EXPECT_EQ(add_unique_child(space, ring[member], value), 0);
+    EXPECT_EQ(add_index_child(space, ring[member], value), 0);
+    EXPECT_EQ(ring[member]->first_child, ring[kHeader]);
+  }
+  EXPECT_EQ(ring[kHeader]->next_sibling, nullptr);
+  jt_test::expect_sound(*space);
+}
+
 TEST_F(HeaderRing, TheHeadersOwnAttributesCanBeEdited) {
   const Ring ring = decode(jt_test::question_template());
   add_value(add_attribute(ring[kHeader], "integer", "copies"), "1");

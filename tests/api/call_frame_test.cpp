@@ -1,0 +1,302 @@
+// The frame that all calls on a template share, tested as a product: every call with every step that it can
+// fail at. Each case checks the result, the status, all messages, and that the template encodes as before.
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "support/session.h"
+
+namespace jt_test {
+namespace {
+
+// How far a call resolves its arguments before its effect.
+enum class Depth { kTemplate, kService, kInvocation, kAttribute };
+
+// What a call asks of its own arguments before it resolves anything.
+enum class Own { kNothing, kName, kValue, kBothValues };
+
+struct Arguments {
+  jt_parser_space *space;
+  int32_t handle = -100;
+  const char *service = "MyScan";
+  const char *attribute = "depth";
+  const char *text = "5";
+  const jt_value *value = nullptr;
+  const jt_value *other_value = nullptr;
+};
+
+struct Call {
+  const char *name;
+  Depth depth;
+  Own own;
+  std::function<bool(const Arguments &)> succeeds;
+};
+
+bool given(char *text) {
+  const OwnedText owned(text);
+  return owned != nullptr;
+}
+
+bool given(void *block) {
+  er_free(block);
+  return block != nullptr;
+}
+
+jt_status *completed() {
+  static int32_t number = 5;
+  return reinterpret_cast<jt_status *>(&number);
+}
+
+template <typename Function>
+Call call(const char *name, Depth depth, Function function, Own own = Own::kNothing) {
+  return {name, depth, own, [function](const Arguments &with) { return function(with); }};
+}
+
+// clang-format off
+const std::vector<Call> &calls() {
+  using A = const Arguments &;
+  static const std::vector<Call> all = {
+      call("jt_destroy_template", Depth::kTemplate, [](A a) { return jt_destroy_template(a.space, a.handle) != 0; }),
+      call("jt_encode_template", Depth::kTemplate, [](A a) { return given(jt_encode_template(a.space, a.handle)); }),
+      call("jt_add_service", Depth::kTemplate, [](A a) { return jt_add_service(a.space, a.handle, "service", "New") != 0; }),
+      call("jt_get_first_service_name", Depth::kTemplate, [](A a) { return given(jt_get_first_service_name(a.space, a.handle)); }),
+      call("jt_get_next_service_name", Depth::kTemplate, [](A a) { return given(jt_get_next_service_name(a.space, a.handle)); }),
+      call("jt_exists_service", Depth::kTemplate, [](A a) { return jt_exists_service(a.space, a.handle, a.service) != 0; }),
+      call("jt_delete_service", Depth::kService, [](A a) { return jt_delete_service(a.space, a.handle, a.service) != 0; }),
+      call("jt_get_service_type", Depth::kService, [](A a) { return given(jt_get_service_type(a.space, a.handle, a.service)); }),
+      call("jt_get_service_status", Depth::kService, [](A a) { return given(static_cast<void *>(jt_get_service_status(a.space, a.handle, a.service))); }),
+      call("jt_set_service_status", Depth::kService, [](A a) { return jt_set_service_status(a.space, a.handle, a.service, completed()) != 0; }),
+      call("jt_add_invocation", Depth::kService, [](A a) { return jt_add_invocation(a.space, a.handle, a.service) != 0; }),
+      call("jt_delete_invocation", Depth::kService, [](A a) { return jt_delete_invocation(a.space, a.handle, a.service) != 0; }),
+      call("jt_first_invocation", Depth::kService, [](A a) { return jt_first_invocation(a.space, a.handle, a.service) != 0; }),
+      call("jt_next_invocation", Depth::kService, [](A a) { return jt_next_invocation(a.space, a.handle, a.service) != 0; }),
+      call("jt_named_invocation", Depth::kService, [](A a) { return jt_named_invocation(a.space, a.handle, a.service, "1") != 0; }),
+      call("jt_get_invocation_name", Depth::kInvocation, [](A a) { return given(jt_get_invocation_name(a.space, a.handle, a.service)); }),
+      call("jt_get_invocation_status", Depth::kInvocation, [](A a) { return given(static_cast<void *>(jt_get_invocation_status(a.space, a.handle, a.service))); }),
+      call("jt_set_invocation_status", Depth::kInvocation, [](A a) { return jt_set_invocation_status(a.space, a.handle, a.service, completed()) != 0; }),
+      call("jt_get_first_attribute_name", Depth::kInvocation, [](A a) { return given(jt_get_first_attribute_name(a.space, a.handle, a.service)); }),
+      call("jt_get_next_attribute_name", Depth::kInvocation, [](A a) { return given(jt_get_next_attribute_name(a.space, a.handle, a.service)); }),
+      call("jt_add_attribute", Depth::kInvocation, [](A a) { return jt_add_attribute(a.space, a.handle, a.service, "integer", "new") != 0; }),
+      call("jt_exists_attribute", Depth::kInvocation, [](A a) { return jt_exists_attribute(a.space, a.handle, a.service, a.attribute) != 0; }),
+      call("jt_set_invocation_name", Depth::kInvocation, [](A a) { return jt_set_invocation_name(a.space, a.handle, a.service, a.text) != 0; }, Own::kName),
+      call("jt_force_invocation_name", Depth::kInvocation, [](A a) { return jt_force_invocation_name(a.space, a.handle, a.service, a.text) != 0; }, Own::kName),
+      call("jt_get_attribute_type_name", Depth::kAttribute, [](A a) { return given(jt_get_attribute_type_name(a.space, a.handle, a.service, a.attribute)); }),
+      call("jt_known_attribute_datatype", Depth::kAttribute, [](A a) { return jt_known_attribute_datatype(a.space, a.handle, a.service, a.attribute) != 0; }),
+      call("jt_is_attribute_non_compulsory", Depth::kAttribute, [](A a) { return jt_is_attribute_non_compulsory(a.space, a.handle, a.service, a.attribute) != 0; }),
+      call("jt_get_first_attribute_value", Depth::kAttribute, [](A a) { return given(static_cast<void *>(jt_get_first_attribute_value(a.space, a.handle, a.service, a.attribute))); }),
+      call("jt_get_next_attribute_value", Depth::kAttribute, [](A a) { return given(static_cast<void *>(jt_get_next_attribute_value(a.space, a.handle, a.service, a.attribute))); }),
+      call("jt_get_first_attribute_value_string", Depth::kAttribute, [](A a) { return given(jt_get_first_attribute_value_string(a.space, a.handle, a.service, a.attribute)); }),
+      call("jt_get_next_attribute_value_string", Depth::kAttribute, [](A a) { return given(jt_get_next_attribute_value_string(a.space, a.handle, a.service, a.attribute)); }),
+      call("jt_get_attribute_status", Depth::kAttribute, [](A a) { return given(static_cast<void *>(jt_get_attribute_status(a.space, a.handle, a.service, a.attribute))); }),
+      call("jt_set_attribute_status", Depth::kAttribute, [](A a) { return jt_set_attribute_status(a.space, a.handle, a.service, a.attribute, completed()) != 0; }),
+      call("jt_delete_attribute", Depth::kAttribute, [](A a) { return jt_delete_attribute(a.space, a.handle, a.service, a.attribute) != 0; }),
+      call("jt_set_attribute_compulsory", Depth::kAttribute, [](A a) { return jt_set_attribute_compulsory(a.space, a.handle, a.service, a.attribute) != 0; }),
+      call("jt_set_attribute_non_compulsory", Depth::kAttribute, [](A a) { return jt_set_attribute_non_compulsory(a.space, a.handle, a.service, a.attribute) != 0; }),
+      call("jt_add_attribute_value", Depth::kAttribute, [](A a) { return jt_add_attribute_value(a.space, a.handle, a.service, a.attribute, a.value) != 0; }, Own::kValue),
+      call("jt_set_attribute_value", Depth::kAttribute, [](A a) { return jt_set_attribute_value(a.space, a.handle, a.service, a.attribute, a.value) != 0; }, Own::kValue),
+      call("jt_add_attribute_value_string", Depth::kAttribute, [](A a) { return jt_add_attribute_value_string(a.space, a.handle, a.service, a.attribute, a.text) != 0; }, Own::kValue),
+      call("jt_set_attribute_value_string", Depth::kAttribute, [](A a) { return jt_set_attribute_value_string(a.space, a.handle, a.service, a.attribute, a.text) != 0; }, Own::kValue),
+      call("jt_delete_attribute_value", Depth::kAttribute, [](A a) { return jt_delete_attribute_value(a.space, a.handle, a.service, a.attribute, a.value) != 0; }, Own::kValue),
+      call("jt_delete_attribute_value_string", Depth::kAttribute, [](A a) { return jt_delete_attribute_value_string(a.space, a.handle, a.service, a.attribute, a.text) != 0; }, Own::kValue),
+      call("jt_override_attribute_value", Depth::kAttribute, [](A a) { return jt_override_attribute_value(a.space, a.handle, a.service, a.attribute, a.value, a.other_value) != 0; }, Own::kBothValues),
+  };
+  return all;
+}
+// clang-format on
+
+// One way to fail: from which depth on a call meets it, what it does to the arguments, what is then recorded.
+struct Fault {
+  const char *name;
+  Depth from;
+  std::function<void(Arguments &)> inject;
+  Messages messages;
+};
+
+const char *const kUnknownMarker = "SYSTEM ERROR: unknown opaque marker ...";
+const char *const kBadHandle = "CALL ERROR: not a valid handle ...";
+const char *const kNotATemplate = "CALL ERROR: not a template ...";
+
+Fault bad_handle(const char *name, int32_t handle) {
+  return {
+      name, Depth::kTemplate, [handle](Arguments &a) { a.handle = handle; }, {kUnknownMarker, kBadHandle}};
+}
+
+Fault inner_node(const char *name, int32_t handle) {
+  return {name, Depth::kTemplate, [handle](Arguments &a) { a.handle = handle; }, {kNotATemplate}};
+}
+
+const std::vector<Fault> &faults() {
+  static const std::vector<Fault> all = {
+      bad_handle("HandleZero", 0),
+      bad_handle("PositiveHandle", 5),
+      bad_handle("HandleMinus99", -99),
+      bad_handle("HandleNeverGiven", -5000),
+      bad_handle("LowestHandle", INT32_MIN),
+      {"DestroyedHandle",
+       Depth::kTemplate,
+       [](Arguments &a) {
+         a.handle = jt_create_template(a.space);
+         jt_destroy_template(a.space, a.handle);
+       },
+       {kUnknownMarker, kBadHandle}},
+      inner_node("HandleOfService", -101),
+      inner_node("HandleOfInvocation", -102),
+      inner_node("HandleOfAttribute", -103),
+      inner_node("HandleOfValue", -104),
+      {"MissingService",
+       Depth::kService,
+       [](Arguments &a) { a.service = "NoSuch"; },
+       {"CALL ERROR: does not exist:NoSuch ..."}},
+      {"NullService",
+       Depth::kService,
+       [](Arguments &a) { a.service = nullptr; },
+       {"CALL ERROR: does not exist:(null) ..."}},
+      {"ExhaustedCursor",
+       Depth::kInvocation,
+       [](Arguments &a) { jt_next_invocation(a.space, a.handle, a.service); },
+       {"CALL ERROR: no current invocation ..."}},
+      {"MissingAttribute",
+       Depth::kAttribute,
+       [](Arguments &a) { a.attribute = "nosuch"; },
+       {"CALL ERROR: does not exist:nosuch ..."}},
+      {"NullAttribute",
+       Depth::kAttribute,
+       [](Arguments &a) { a.attribute = nullptr; },
+       {"CALL ERROR: does not exist:(null) ..."}},
+  };
+  return all;
+}
+
+constexpr char kTemplate[] = "[ kmt_svc_scan MyScan ] { * integer depth = 5; } end";
+constexpr char kEncoded[] =
+    "[kmt_svc_scan MyScan]\n"
+    " {\n"
+    "    * integer depth = 5;\n"
+    " }\n"
+    "end\n\n";
+
+struct Case {
+  const Call *call;
+  const Fault *fault;
+};
+
+std::vector<Case> product() {
+  std::vector<Case> cases;
+  for (const Call &call : calls()) {
+    for (const Fault &fault : faults()) {
+      if (fault.from <= call.depth) cases.push_back({&call, &fault});
+    }
+  }
+  return cases;
+}
+
+class FrameTest : public SessionTest {
+ protected:
+  FrameTest() {
+    jt_decode_template(space, kTemplate);
+    value = jt_decode_value(space, "integer", "5", "");
+    arguments = {space};
+    arguments.value = arguments.other_value = value;
+  }
+  ~FrameTest() override { jt_destroy_value(space, "integer", value, ""); }
+
+  jt_value *value;
+  Arguments arguments;
+};
+
+class EveryCallAndFault : public FrameTest, public ::testing::WithParamInterface<Case> {};
+
+TEST_P(EveryCallAndFault, FailsAtThatStepAndChangesNothing) {
+  GetParam().fault->inject(arguments);
+  EXPECT_FALSE(GetParam().call->succeeds(arguments));
+  EXPECT_EQ(status(), -4);
+  EXPECT_EQ(messages(), GetParam().fault->messages);
+  EXPECT_EQ(encoded(-100), kEncoded);
+}
+
+INSTANTIATE_TEST_SUITE_P(Product, EveryCallAndFault, ::testing::ValuesIn(product()), [](const auto &tested) {
+  return std::string(tested.param.call->name) + "_" + tested.param.fault->name;
+});
+
+class EveryCall : public FrameTest, public ::testing::WithParamInterface<Call> {};
+
+TEST_P(EveryCall, WithoutAParserHandleFailsAndTouchesNoSession) {
+  arguments.space = nullptr;
+  EXPECT_FALSE(GetParam().succeeds(arguments));
+  EXPECT_EQ(status(), 0);
+  EXPECT_EQ(messages(), Messages{});
+  EXPECT_EQ(encoded(-100), kEncoded);
+}
+
+TEST_P(EveryCall, ClearsTheStatusOfTheCallBefore) {
+  jt_encode_template(space, 0);
+  ASSERT_EQ(status(), -4);
+  GetParam().succeeds(arguments);
+  EXPECT_EQ(status(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Frame, EveryCall, ::testing::ValuesIn(calls()),
+                         [](const auto &tested) { return std::string(tested.param.name); });
+
+std::vector<Call> calls_that_need(std::vector<Own> wanted) {
+  std::vector<Call> found;
+  for (const Call &call : calls()) {
+    if (std::find(wanted.begin(), wanted.end(), call.own) != wanted.end()) found.push_back(call);
+  }
+  return found;
+}
+
+std::string call_name(const ::testing::TestParamInfo<Call> &tested) { return tested.param.name; }
+
+class EveryNamingCall : public FrameTest, public ::testing::WithParamInterface<Call> {};
+
+TEST_P(EveryNamingCall, AsksForTheNameBeforeTheHandle) {
+  arguments.handle = 0;
+  for (const char *const name : {static_cast<const char *>(nullptr), ""}) {
+    arguments.text = name;
+    EXPECT_FALSE(GetParam().succeeds(arguments));
+    EXPECT_EQ(status(), -4);
+  }
+  EXPECT_EQ(messages(), (Messages{"CALL ERROR: no name to set ...", "CALL ERROR: no name to set ..."}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Frame, EveryNamingCall, ::testing::ValuesIn(calls_that_need({Own::kName})),
+                         call_name);
+
+class EveryValueCall : public FrameTest, public ::testing::WithParamInterface<Call> {};
+
+TEST_P(EveryValueCall, AsksForTheValueBeforeTheHandle) {
+  arguments.handle = 0;
+  arguments.value = nullptr;
+  arguments.text = nullptr;
+  EXPECT_FALSE(GetParam().succeeds(arguments));
+  EXPECT_EQ(status(), -4);
+  EXPECT_EQ(messages(), Messages{"CALL ERROR: value is a NULL pointer ..."});
+  EXPECT_EQ(encoded(-100), kEncoded);
+}
+
+INSTANTIATE_TEST_SUITE_P(Frame, EveryValueCall,
+                         ::testing::ValuesIn(calls_that_need({Own::kValue, Own::kBothValues})), call_name);
+
+TEST_F(FrameTest, AnOverrideAsksForTheNewValueToo) {
+  EXPECT_EQ(jt_override_attribute_value(space, 0, "MyScan", "depth", value, nullptr), 0);
+  EXPECT_EQ(messages(), Messages{"CALL ERROR: value is a NULL pointer ..."});
+}
+
+TEST_F(FrameTest, ServicesAndAttributesAreFoundInAnyLetterCase) {
+  EXPECT_EQ(take_text(jt_get_first_attribute_value_string(space, -100, "MYSCAN", "DEPTH")), "5");
+  EXPECT_EQ(status(), 0);
+}
+
+TEST_F(FrameTest, AFreshServiceStandsOnItsFirstInvocation) {
+  EXPECT_EQ(jt_exists_attribute(space, -100, "MyScan", "depth"), 1);
+}
+
+TEST_F(FrameTest, AServiceWithoutInvocationsHasNoCurrentOne) {
+  jt_add_service(space, -100, "service", "Empty");
+  EXPECT_EQ(jt_exists_attribute(space, -100, "Empty", "depth"), 0);
+  EXPECT_EQ(messages(), Messages{"CALL ERROR: no current invocation ..."});
+}
+
+}  // namespace
+}  // namespace jt_test
