@@ -34,6 +34,15 @@ TEST_F(ColumnCounter, RunsOnFromOneEncodingToTheNext) {
   });
 }
 
+TEST_F(ColumnCounter, StartsAtZeroOnEachThread) {
+  const int32_t seventy = template_of(times(70, 'c'));
+  on_a_new_thread([&] {
+    EXPECT_EQ(encoded(seventy), times(70, 'c'));
+    EXPECT_EQ(encoded(seventy), times(70, 'c'));
+    EXPECT_EQ(encoded(seventy), "\n" + times(70, 'c'));
+  });
+}
+
 TEST_F(ColumnCounter, IsAddedUpOverEncodings) {
   const int32_t handle = template_of(times(24, 'c'));
   on_a_new_thread([&] {

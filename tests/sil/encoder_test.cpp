@@ -12,7 +12,20 @@ class Encoder : public DecodeTest {
  protected:
   std::string rewritten(const std::string &text) { return encoded(decode(text)); }
 
-  // The same for an invocation's content.
+  // A service "A" whose type no look-up knows.
+  std::string written_with_service_type(std::string type_name) {
+    jt_node *const root = decoded("[ service A ] end");
+    jt_node *const service = root->first_child;
+    const jt_type *const type = service->type;
+    service->type = jt::unknown_type();
+    service->unresolved_type_name = type_name.data();
+    const std::string written = take_text(encode_template(space, root));
+    service->type = type;
+    service->unresolved_type_name = nullptr;
+    return written;
+  }
+
+  // What an invocation's content is written back as.
   std::string rewritten_attributes(const std::string &text) {
     const std::string written = rewritten("[ service kmt_svc_scan ] { " + text + " } end");
     const std::string before = "[service kmt_svc_scan]\n {\n";
@@ -90,16 +103,13 @@ TEST_F(Encoder, WritesTheRootCommentFirst) {
 }
 
 TEST_F(Encoder, WritesAServiceOfUnknownTypeWithItsTypeName) {
-  jt_node *const root = decoded("[ service A ] end");
-  ASSERT_NE(root, nullptr);
-  jt_node *const service = root->first_child;
-  char name[] = "strange_type";
-  const jt_type *const type = service->type;
-  service->type = jt::unknown_type();
-  service->unresolved_type_name = name;
-  EXPECT_EQ(take_text(encode_template(space, root)), "[strange_type A]\nend\n\n");
-  service->type = type;
-  service->unresolved_type_name = nullptr;
+  EXPECT_EQ(written_with_service_type("strange_type"), "[strange_type A]\nend\n\n");
+}
+
+TEST_F(Encoder, WritesAnAttributeWithoutTypeNameBehindOneBlank) {
+  const int32_t handle = decode("[ service kmt_svc_scan ] { } end");
+  jt_add_attribute(space, handle, "kmt_svc_scan", nullptr, "a");
+  EXPECT_EQ(encoded(handle), "[service kmt_svc_scan]\n {\n a = ;\n }\nend\n\n");
 }
 
 TEST_F(Encoder, WritesAttributesOfUnknownTypeAndTheirPendingValues) {
@@ -217,6 +227,13 @@ TEST_F(Encoder, FoldsTheBracketBehindALongServiceName) {
   const std::string n61 = times(61, 'n');
   EXPECT_EQ(rewritten("[ service " + n61 + " ] end"), "[service " + n61 + "]\nend\n\n");
   EXPECT_EQ(rewritten("[ service " + n61 + "n ] end"), "[service " + n61 + "n\n]\nend\n\n");
+}
+
+TEST_F(Encoder, FoldsTheServiceNameBehindALongType) {
+  const std::string t69 = times(69, 't');
+  EXPECT_EQ(written_with_service_type(t69.substr(1)), "[" + t69.substr(1) + " A]\nend\n\n");
+  EXPECT_EQ(written_with_service_type(t69), "[" + t69 + " \nA]\nend\n\n");
+  EXPECT_EQ(written_with_service_type(t69 + "t"), "[" + t69 + "t\n A]\nend\n\n");
 }
 
 TEST_F(Encoder, FoldsTheHeaderBehindALongVersion) {

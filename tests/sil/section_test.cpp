@@ -246,6 +246,11 @@ TEST_F(Section, CommentsBelongToItInEveryPlaceOfItsMarkers) {
             (std::vector<std::string>{"0 template: #root\n", "0 header: #a\n#b\n#c\n#d\n#e\n#f\n"}));
 }
 
+TEST_F(Section, CommentsOfItsClosingMarkerDoNotBelongToItsLastService) {
+  decoded(kQuestion + "< ? > [ service A ] end < #a\n / #b\n ? #c\n > < /SIL >");
+  EXPECT_EQ(comments(), std::vector<std::string>{"0 header: #a\n#b\n#c\n"});
+}
+
 TEST_F(Section, CommentsBetweenItsServicesBelongToIt) {
   decoded(kExclaim + "< ! > #a\n [ #b\n service #c\n A #d\n ] end #e\n ( #f\n ) #g\n < #h\n /! > < /SIL >");
   EXPECT_EQ(comments(), std::vector<std::string>{"0 header: #a\n#b\n#c\n#d\n#e\n#f\n#g\n#h\n"});
