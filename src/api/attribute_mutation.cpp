@@ -98,7 +98,8 @@ jt_node *find_overridable(jt_parser_space *space, const Frame &at, const char *a
   return stored;
 }
 
-// Everything that can fail comes first. A value without a text leaves no overridden text.
+// Everything that can fail comes first. A value that has no text leaves no overridden text; one whose text
+// could not be made stays where it is.
 std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node &stored,
                             const jt_value *new_value) {
   jt_value *const copy = attribute.type->copy(space, new_value);
@@ -107,6 +108,10 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
     return 0;
   }
   char *const replaced = attribute.type->deval(space, stored.value);
+  if (replaced == nullptr && ran_out_of_memory(*space)) {
+    attribute.type->kill(space, copy);
+    return 0;
+  }
   unindex_child(attribute, stored);
   release_value(*space, stored);
   stored.value = copy;

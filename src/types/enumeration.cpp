@@ -64,8 +64,9 @@ jt_value *copy_enumerated(jt_parser_space *space, const jt_value *value) {
 char *deval_enumerated(jt_parser_space *space, const ValueList &list, const jt_value *value) {
   if (value == nullptr) return nullptr;
   const std::uint32_t number = enumerated_number(value);
-  const std::string_view name = encode_number(space, list, number);
-  if (name.empty()) return number == kUnknownName ? copy_plain_text(unknown_name_in(value)) : nullptr;
+  std::string_view name = encode_number(space, list, number);
+  if (name.empty() && number != kUnknownName) return nullptr;
+  if (name.empty()) name = unknown_name_in(value);
   char *const text = copy_plain_text(name);
   if (text == nullptr) report(space, message::kNoEnumeratedText, name);
   return text;
