@@ -34,7 +34,7 @@ bool reserve(jt_parser_space &space, std::int32_t wanted) {
       take_block(&space, slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
   if (block == nullptr) return false;
   auto *words = reinterpret_cast<std::uint32_t *>(block + slots);
-  std::size_t old_bits = static_cast<std::size_t>(map.reserved);
+  auto old_bits = static_cast<std::size_t>(map.reserved);
   std::size_t new_bits = slots;
   for (std::uint32_t *&level : map.levels) {
     old_bits = words_for(old_bits);

@@ -17,7 +17,7 @@ void ShortText::add_number(std::int32_t number) { add_padded(number, 1); }
 void ShortText::add_padded(std::int32_t number, std::size_t width) {
   constexpr std::string_view kZeros = "0000";
   std::array<char, 12> buffer;
-  const auto end = std::to_chars(buffer.begin(), buffer.end(), number).ptr;
+  auto *const end = std::to_chars(buffer.begin(), buffer.end(), number).ptr;
   std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
   const std::size_t missing = width - std::min(width, digits.size());
   if (number < 0) {
@@ -30,7 +30,7 @@ void ShortText::add_padded(std::int32_t number, std::size_t width) {
 
 void ShortText::add_real(float number) {
   std::array<char, 64> buffer;
-  const auto end =
+  auto *const end =
       std::to_chars(buffer.begin(), buffer.end(), double{number}, std::chars_format::fixed, 6).ptr;
   add({buffer.data(), static_cast<std::size_t>(end - buffer.data())});
 }

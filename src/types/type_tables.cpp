@@ -233,10 +233,11 @@ template <std::size_t Rows>
 consteval TypeTable table(const jt_type (&rows)[Rows]) {
   TypeTable table = {rows, Rows, {}};
   static_assert(Rows * 2 <= sizeof(table.slots));
-  for (std::uint8_t row = 0; row < Rows; ++row) {
-    std::size_t slot = name_hash(rows[row].name) % table.slots.size();
+  std::uint8_t entry = 0;
+  for (const jt_type &row : rows) {
+    std::size_t slot = name_hash(row.name) % table.slots.size();
     while (table.slots[slot] != 0) slot = (slot + 1) % table.slots.size();
-    table.slots[slot] = static_cast<std::uint8_t>(row + 1);
+    table.slots[slot] = ++entry;
   }
   return table;
 }

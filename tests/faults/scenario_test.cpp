@@ -56,7 +56,10 @@ Outcome attempt(World &world, const Scenario &scenario, int number, Failing whic
   const int32_t status = jt_last_api_error(world.space);
   const Messages messages = messages_of(world.space);
   const std::string shown = std::visit(Show{world}, result);
-  return {shown, messages, status, failed, world.tree(), world.live(), world.next_handle()};
+  const std::ptrdiff_t live = world.live();
+  const int32_t next = jt_create_template(world.space);
+  jt_destroy_template(world.space, next);
+  return {shown, messages, status, failed, world.tree(), live, next};
 }
 
 void expect_same(const Outcome &outcome, const Outcome &expected) {

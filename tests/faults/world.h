@@ -50,13 +50,14 @@ struct World {
   // The handle that the next node gets.
   int32_t next_handle() const {
     const auto &table = space->table;
-    const auto *const end = table.slots + table.count;
+    jt_node **const end = table.slots + table.count;
     return bookmark_to_opaque(
         static_cast<int32_t>(std::find(table.slots, end, jt::released_slot()) - table.slots));
   }
 
   jt_parser_space *space;
   int32_t job;
+  jt_value *value = nullptr;  // one that a scenario is to release
 };
 
 inline jt_node *add_filler(World &world) {

@@ -136,6 +136,15 @@ TEST_F(EncodedValue, LongerThanAToken) {
   EXPECT_EQ(written("strange_type", {text}), escaped_text);
 }
 
+TEST_F(EncodedValue, LongAndShortOnesInTurn) {
+  const std::string fold = ", \n" + times(25, ' ');
+  EXPECT_EQ(written("string", {times(3000, 'a'), times(10, 'b'), times(1500, 'c'), times(9000, 'd'), "",
+                               times(2999, 'e'), times(9001, 'f')}),
+            "\"" + times(3000, 'a') + "\"" + fold + "\"" + times(10, 'b') + "\", \"" + times(1500, 'c') +
+                "\"" + fold + "\"" + times(9000, 'd') + "\"" + fold + "\"\", \"" + times(2999, 'e') + "\"" +
+                fold + "\"" + times(9001, 'f') + "\"");
+}
+
 TEST_F(EncodedValue, OfAnUnknownEnumeratedNameReportsAndIsWritten) {
   EXPECT_EQ(written("enum_mediasize", {"FOO", "iso_a4sef"}), "FOO, ISO_A4SEF");
   EXPECT_EQ(status(), JT_CALL_ERROR);

@@ -231,7 +231,7 @@ TEST_F(Encoder, FoldsTheBracketBehindALongServiceName) {
 
 TEST_F(Encoder, FoldsTheServiceNameBehindALongType) {
   const std::string t69 = times(69, 't');
-  EXPECT_EQ(written_with_service_type(t69.substr(1)), "[" + t69.substr(1) + " A]\nend\n\n");
+  EXPECT_EQ(written_with_service_type(t69.substr(1)), "[" + t69.substr(1) + " A\n]\nend\n\n");
   EXPECT_EQ(written_with_service_type(t69), "[" + t69 + " \nA]\nend\n\n");
   EXPECT_EQ(written_with_service_type(t69 + "t"), "[" + t69 + "t\n A]\nend\n\n");
 }

@@ -34,7 +34,9 @@ template <std::size_t kFields>
 const jt_value *as_value(const int32_t (&fields)[kFields]) {
   return reinterpret_cast<const jt_value *>(fields);
 }
-inline const jt_value *as_value(const uint32_t &number) { return reinterpret_cast<const jt_value *>(&number); }
+inline const jt_value *as_value(const uint32_t &number) {
+  return reinterpret_cast<const jt_value *>(&number);
+}
 inline const jt_status *as_status(const uint32_t &number) {
   return reinterpret_cast<const jt_status *>(&number);
 }
@@ -59,8 +61,8 @@ class JobTest : public SessionTest {
     found.erase(found.begin(), mark.base());
     forget();
     if (found_status == expected_status && found == expected) return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "status " << found_status << ", recorded "
-                                         << ::testing::PrintToString(found);
+    return ::testing::AssertionFailure()
+           << "status " << found_status << ", recorded " << ::testing::PrintToString(found);
   }
   ::testing::AssertionResult quiet() { return reports(JT_OK, {}); }
 

@@ -1,0 +1,457 @@
+// Every public call on a decoded template.
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "faults/scenario.h"
+#include "tree/child_index.h"
+
+namespace jt_test {
+namespace {
+
+class Call : public ::testing::TestWithParam<Scenario> {};
+
+TEST_P(Call, FailsAsAWholeOrNotAtAll) { expect_whole_failures(GetParam()); }
+
+Messages no_node(const std::string &name) {
+  return {kNoMemory, cut_message("MEMORY ERROR: Allocating for the node:" + name)};
+}
+Messages no_value_node(const std::string &text) {
+  return {kNoMemory, cut_message("MEMORY ERROR: allocating for a value node" + text)};
+}
+const Messages kFullTable = {kNoMemory, kNoSlot, kNoBookmark};
+const Messages kNoCopy = {kNoMemory, "CALL ERROR: could not copy the value ..."};
+const Messages kNoNameCopy = {"MEMORY ERROR: while allocating for(null) ..."};
+const Messages kGoesOn = {};
+
+// ---- Templates and values -----------------------------------------------------------------------------------
+
+std::vector<Scenario> template_scenarios() {
+  const auto create = [](World &w) -> Result { return Handle{jt_create_template(w.space)}; };
+  return {
+      {"CreateTemplate", create, {no_node("template")}, fill_pages},
+      {"CreateTemplateInAFullTable", create, {kFullTable}, fill_table},
+      {"DestroyTemplate", [](World &w) -> Result { return jt_destroy_template(w.space, w.job); }, {}},
+      {"Version", [](World &w) -> Result { return jt_get_version(w.space) != nullptr; }, {}},
+      {"Copyright", [](World &w) -> Result { return jt_get_copyright(w.space) != nullptr; }, {}},
+      {"LanguageVersion",
+       [](World &w) -> Result { return jt_get_supported_language_version(w.space) != nullptr; },
+       {}},
+      {"LastApiError", [](World &w) -> Result { return jt_last_api_error(w.space) + 1; }, {}},
+      {"RecentError", [](World &w) -> Result { return jt_get_recent_error(w.space) == nullptr; }, {}},
+      {"PreviousError", [](World &w) -> Result { return jt_get_previous_error(w.space) == nullptr; }, {}},
+  };
+}
+
+std::vector<Scenario> value_scenarios() {
+  const auto decode = [](const char *type, const char *text) {
+    return [type, text](World &w) -> Result {
+      return TypedValue{get_type_from_services(nullptr, nullptr, type),
+                        jt_decode_value(w.space, type, text, nullptr)};
+    };
+  };
+  const Messages odd = {"WARNING: trying to evaluate as an 'enumerated' type:odd ...", kNoMemory,
+                        "MEMORY ERROR: allocating value :odd ..."};
+  return {
+      {"CopyValue",
+       [](World &w) -> Result {
+         return TypedValue{get_type_from_services(nullptr, nullptr, "integer"),
+                           jt_copy_value(w.space, "integer", as_value(&kTwo), nullptr)};
+       },
+       {{kNoMemory}}},
+      {"CompareValue",
+       [](World &w) -> Result {
+         return jt_compare_value(w.space, "integer", as_value(&kFour), as_value(&kTwo), nullptr);
+       },
+       {}},
+      {"EncodeValue",
+       [](World &w) -> Result { return jt_encode_value(w.space, "integer", as_value(&kTwo), nullptr); },
+       {{kNoMemory}}},
+      {"DecodeValue", decode("integer", "2"), {{kNoMemory}, {kNoMemory}}},
+      {"DecodeReference", decode("ref_invocation", "a:b"), {{kNoMemory}, {kNoMemory}}},
+      {"DecodeOddName", decode("enum_units", "odd"), {{kNoMemory}, odd}},
+      {"DestroyValue",
+       [](World &w) -> Result {
+         return jt_destroy_value(w.space, "integer", std::exchange(w.value, nullptr), nullptr);
+       },
+       {},
+       [](World &w) {
+         if (w.value == nullptr) w.value = jt_copy_value(w.space, "integer", as_value(&kTwo), nullptr);
+       }},
+      {"DestroyTexts",
+       [](World &w) -> Result {
+         return jt_destroy_value_string(w.space, nullptr) + jt_destroy_name(w.space, nullptr) +
+                jt_destroy_status(w.space, nullptr);
+       },
+       {}},
+  };
+}
+
+// ---- Services and invocations -------------------------------------------------------------------------------
+
+int32_t add_service(World &w, const std::string &name) {
+  return jt_add_service(w.space, w.job, "service", name.c_str());
+}
+
+std::vector<Scenario> service_scenarios() {
+  const auto add = [](World &w) -> Result { return add_service(w, "New"); };
+  return {
+      {"AddService", add, {no_node("New")}, fill_pages},
+      {"AddServiceInAFullTable", add, {kFullTable}, fill_table},
+      {"AddServiceOfALongName",
+       [](World &w) -> Result { return add_service(w, kLong); },
+       {no_node(kLong), {kNoMemory, cut_message("MEMORY ERROR: Allocating for " + kLong)}},
+       fill_pages},
+      {"DeleteService", [](World &w) -> Result { return jt_delete_service(w.space, w.job, "Scan"); }, {}},
+      {"ExistsService", [](World &w) -> Result { return jt_exists_service(w.space, w.job, "Own"); }, {}},
+      {"FirstServiceName",
+       [](World &w) -> Result { return jt_get_first_service_name(w.space, w.job); },
+       {kNoNameCopy}},
+      {"NextServiceName",
+       [](World &w) -> Result { return jt_get_next_service_name(w.space, w.job); },
+       {kNoNameCopy},
+       [](World &w) { reset_index(w.space, w.root()); }},
+      {"ServiceType",
+       [](World &w) -> Result { return jt_get_service_type(w.space, w.job, "Scan"); },
+       {{"MEMORY ERROR:allocating for the type ofScan ..."}}},
+  };
+}
+
+std::vector<Scenario> adding_invocations() {
+  const Messages warning = {"WARNING: unknown service:Own ..."};
+  const std::string odd_service = cut_message("WARNING: unknown service:" + kLong);
+  return {
+      {"AddInvocation",
+       [](World &w) -> Result { return jt_add_invocation(w.space, w.job, "Scan"); },
+       {no_node("")},
+       fill_pages},
+      {"AddInvocationInAFullTable",
+       [](World &w) -> Result { return jt_add_invocation(w.space, w.job, "Scan"); },
+       {kFullTable},
+       fill_table},
+      {"AddInvocationOfUnknownType",
+       [](World &w) -> Result { return jt_add_invocation(w.space, w.job, "Own"); },
+       {{warning[0], kNoMemory, "MEMORY ERROR: Allocating for the node: ..."}},
+       fill_pages},
+      {"AddInvocationOfALongUnknownType",
+       [](World &w) -> Result { return jt_add_invocation(w.space, w.job, kLong.c_str()); },
+       {{odd_service, kNoMemory, "MEMORY ERROR: Allocating for the node: ..."},
+        {odd_service, kNoMemory, cut_message("MEMORY ERROR: Allocating for " + kLong)}},
+       [](World &w) {
+         if (jt_exists_service(w.space, w.job, kLong.c_str()) == 0) add_service(w, kLong);
+         fill_pages(w);
+       }},
+  };
+}
+
+std::vector<Scenario> invocation_scenarios() {
+  const Messages no_name = {"MEMORY ERROR: could not allocate the nameNew ..."};
+  const auto select = [](const char *which) {
+    return [which](World &w) { jt_named_invocation(w.space, w.job, "Scan", which); };
+  };
+  return {
+      {"DeleteInvocation",
+       [](World &w) -> Result { return jt_delete_invocation(w.space, w.job, "Scan"); },
+       {}},
+      {"FirstInvocation", [](World &w) -> Result { return jt_first_invocation(w.space, w.job, "Scan"); }, {}},
+      {"NextInvocation", [](World &w) -> Result { return jt_next_invocation(w.space, w.job, "Scan"); }, {}},
+      {"NamedInvocation",
+       [](World &w) -> Result { return jt_named_invocation(w.space, w.job, "Scan", "two"); },
+       {}},
+      {"InvocationName",
+       [](World &w) -> Result { return jt_get_invocation_name(w.space, w.job, "Scan"); },
+       {{kNoMemory}}},
+      {"SetInvocationName",
+       [](World &w) -> Result { return jt_set_invocation_name(w.space, w.job, "Scan", "New"); },
+       {no_name},
+       select("3")},
+      {"ForceInvocationName",
+       [](World &w) -> Result { return jt_force_invocation_name(w.space, w.job, "Scan", "New"); },
+       {no_name},
+       select("1")},
+  };
+}
+
+// ---- Reading attributes -------------------------------------------------------------------------------------
+
+// The value calls of an attribute, with what each allocation's failure leaves when its value is copied and
+// when it is written.
+struct Reading {
+  const char *attribute;
+  const char *type;
+  std::vector<Messages> copying;
+  std::vector<Messages> writing;
+};
+
+std::vector<Scenario> reading_scenarios_of(const Reading &reading) {
+  const char *const name = reading.attribute;
+  const jt_type *const type = get_type_from_services(nullptr, "kmt_svc_scan", reading.type);
+  const auto before = [name](World &w) {
+    add_odd_attribute(w);
+    reset_index(w.space, w.attribute(name));
+  };
+  const std::string of = name;
+  return {
+      {"FirstValueOf" + of,
+       [=](World &w) -> Result {
+         return TypedValue{type, jt_get_first_attribute_value(w.space, w.job, "Scan", name)};
+       },
+       reading.copying, before},
+      {"NextValueOf" + of,
+       [=](World &w) -> Result {
+         return TypedValue{type, jt_get_next_attribute_value(w.space, w.job, "Scan", name)};
+       },
+       reading.copying, before},
+      {"FirstTextOf" + of,
+       [=](World &w) -> Result { return jt_get_first_attribute_value_string(w.space, w.job, "Scan", name); },
+       reading.writing, before},
+      {"NextTextOf" + of,
+       [=](World &w) -> Result { return jt_get_next_attribute_value_string(w.space, w.job, "Scan", name); },
+       reading.writing, before},
+  };
+}
+
+std::vector<Scenario> reading_scenarios() {
+  std::vector<Scenario> all;
+  for (const Reading &reading : {
+           Reading{"Copies", "integer", {{kNoMemory}}, {{kNoMemory}}},
+           Reading{"Title", "string", {{kNoMemory}}, {{kNoMemory}}},
+           Reading{"Size",
+                   "enum_mediasize",
+                   {{kNoMemory}},
+                   {{"MEMORY ERROR: allocation error while encodingISO_A4SEF ..."}}},
+           Reading{"Odd", nullptr, {}, {{"MEMORY ERROR: allocating for pending valuepending ..."}}},
+       }) {
+    const auto scenarios = reading_scenarios_of(reading);
+    all.insert(all.end(), scenarios.begin(), scenarios.end());
+  }
+  return all;
+}
+
+std::vector<Scenario> attribute_query_scenarios() {
+  return {
+      {"ExistsAttribute",
+       [](World &w) -> Result { return jt_exists_attribute(w.space, w.job, "Scan", "Size"); },
+       {}},
+      {"FirstAttributeName",
+       [](World &w) -> Result { return jt_get_first_attribute_name(w.space, w.job, "Scan"); },
+       {kNoNameCopy}},
+      {"NextAttributeName",
+       [](World &w) -> Result { return jt_get_next_attribute_name(w.space, w.job, "Scan"); },
+       {kNoNameCopy},
+       [](World &w) { reset_index(w.space, w.invocation()); }},
+      {"AttributeTypeName",
+       [](World &w) -> Result { return jt_get_attribute_type_name(w.space, w.job, "Scan", "Copies"); },
+       {{"MEMORY ERROR:allocating for the type ofCopies ..."}}},
+      {"UnknownAttributeTypeName",
+       [](World &w) -> Result { return jt_get_attribute_type_name(w.space, w.job, "Scan", "Odd"); },
+       {{"MEMORY ERROR:allocating for the type of:nosuch ..."}},
+       [](World &w) { add_odd_attribute(w); }},
+      {"KnownDatatype",
+       [](World &w) -> Result { return jt_known_attribute_datatype(w.space, w.job, "Scan", "Copies"); },
+       {}},
+      {"IsNonCompulsory",
+       [](World &w) -> Result { return jt_is_attribute_non_compulsory(w.space, w.job, "Scan", "Copies"); },
+       {}},
+  };
+}
+
+// ---- Changing attributes ------------------------------------------------------------------------------------
+
+std::vector<Scenario> attribute_scenarios() {
+  const auto add = [](const char *type) {
+    return
+        [type](World &w) -> Result { return jt_add_attribute(w.space, w.job, "Scan", type, "New"); };
+  };
+  const std::string unknown = "WARNING: unknown attribute type:nosuch ...";
+  return {
+      {"AddAttribute", add("integer"), {no_node("New")}, fill_pages},
+      {"AddAttributeInAFullTable", add("integer"), {kFullTable}, fill_table},
+      {"AddAttributeOfUnknownType",
+       add("nosuch"),
+       {{unknown, kNoMemory, "MEMORY ERROR: Allocating for the node:New ..."}},
+       fill_pages},
+      {"DeleteAttribute",
+       [](World &w) -> Result { return jt_delete_attribute(w.space, w.job, "Scan", "Copies"); },
+       {}},
+      {"SetCompulsory",
+       [](World &w) -> Result { return jt_set_attribute_compulsory(w.space, w.job, "Scan", "Copies"); },
+       {}},
+      {"SetNonCompulsory",
+       [](World &w) -> Result { return jt_set_attribute_non_compulsory(w.space, w.job, "Scan", "Title"); },
+       {}},
+  };
+}
+
+using TextCall = int32_t (*)(jt_parser_space *, int32_t, const char *, const char *, const char *);
+using ValueCall = int32_t (*)(jt_parser_space *, int32_t, const char *, const char *, const jt_value *);
+
+std::vector<Scenario> text_scenarios(const std::string &name, TextCall call) {
+  const auto with = [call](const char *attribute, const std::string &text) {
+    return [=](World &w) -> Result { return call(w.space, w.job, "Scan", attribute, text.c_str()); };
+  };
+  const auto odd_and_full = [](World &w) {
+    add_odd_attribute(w);
+    fill_pages(w);
+  };
+  const Messages no_odd_name = {"WARNING: trying to evaluate as an 'enumerated' type:new ...", kNoMemory,
+                                "MEMORY ERROR: allocating value :new ...",
+                                "MEMORY ERROR: allocating for a value nodenew ..."};
+  const Messages no_pending = {kNoMemory, cut_message("MEMORY ERROR: allocating pending value:" + kLong)};
+  return {
+      {name, with("Copies", "4"), {no_value_node("4"), no_value_node("4")}, fill_pages},
+      {name + "InAFullTable", with("Copies", "4"), {no_value_node("4"), kFullTable}, fill_table},
+      {name + "OfAnOddName", with("Size", "new"), {no_value_node("new"), no_odd_name}, fill_pages},
+      {name + "OfALongText",
+       with("Title", kLong),
+       {no_value_node(kLong), no_value_node(kLong), no_value_node(kLong)},
+       fill_pages},
+      {name + "OfUnknownType", with("Odd", "x"), {no_value_node("x"), no_value_node("x")}, odd_and_full},
+      {name + "OfUnknownTypeAndLong",
+       with("Odd", kLong),
+       {no_value_node(kLong), no_value_node(kLong), no_pending},
+       odd_and_full},
+  };
+}
+
+std::vector<Scenario> value_scenarios(const std::string &name, ValueCall call) {
+  const auto with = [call](const char *attribute, const void *value) {
+    return [=](World &w) -> Result { return call(w.space, w.job, "Scan", attribute, as_value(value)); };
+  };
+  return {
+      {name, with("Copies", &kFour), {kNoCopy}, fill_pages},
+      {name + "InAFullTable", with("Copies", &kFour), {kFullTable}, fill_table},
+      {name + "OfALongText", with("Title", kLong.c_str()), {kNoCopy, no_value_node(kLong)}, fill_pages},
+  };
+}
+
+std::vector<Scenario> deleting_and_overriding() {
+  const Messages unparsable = {kNoMemory, "CALL ERROR: unparsable value string2 ..."};
+  const Messages no_copy = {kNoMemory, "CALL ERROR: value structure is invalid ..."};
+  return {
+      {"DeleteValue",
+       [](World &w) -> Result {
+         return jt_delete_attribute_value(w.space, w.job, "Scan", "Copies", as_value(&kTwo));
+       },
+       {}},
+      {"DeleteText",
+       [](World &w) -> Result {
+         return jt_delete_attribute_value_string(w.space, w.job, "Scan", "Copies", "2");
+       },
+       {unparsable, unparsable}},
+      {"DeleteTextOfUnknownType",
+       [](World &w) -> Result {
+         return jt_delete_attribute_value_string(w.space, w.job, "Scan", "Odd", "pending");
+       },
+       {},
+       [](World &w) { add_odd_attribute(w); }},
+      {"Override",
+       [](World &w) -> Result {
+         return jt_override_attribute_value(w.space, w.job, "Scan", "Copies", as_value(&kTwo),
+                                            as_value(&kFour));
+       },
+       {no_copy, {kNoMemory}}},
+      {"OverrideEnumerated",
+       [](World &w) -> Result {
+         const int32_t mixed = 1;
+         jt_value *const first = w.attribute("Size")->first_child->value;
+         return jt_override_attribute_value(w.space, w.job, "Scan", "Size", first, as_value(&mixed));
+       },
+       {no_copy, {"MEMORY ERROR: allocation error while encodingISO_A4SEF ..."}}},
+  };
+}
+
+// ---- Statuses -----------------------------------------------------------------------------------------------
+
+std::vector<Scenario> status_scenarios() {
+  const jt_status *const status = as_status(&kTwo);
+  return {
+      {"ServiceStatus",
+       [](World &w) -> Result { return jt_get_service_status(w.space, w.job, "Scan"); },
+       {{kNoMemory}}},
+      {"InvocationStatus",
+       [](World &w) -> Result { return jt_get_invocation_status(w.space, w.job, "Scan"); },
+       {{kNoMemory}}},
+      {"AttributeStatus",
+       [](World &w) -> Result { return jt_get_attribute_status(w.space, w.job, "Scan", "Copies"); },
+       {{kNoMemory}}},
+      {"OddAttributeStatus",
+       [](World &w) -> Result { return jt_get_attribute_status(w.space, w.job, "Scan", "Size"); },
+       {{kNoMemory}}},
+      {"SetServiceStatus",
+       [=](World &w) -> Result { return jt_set_service_status(w.space, w.job, "Own", status); },
+       {}},
+      {"SetInvocationStatus",
+       [=](World &w) -> Result { return jt_set_invocation_status(w.space, w.job, "Own", status); },
+       {}},
+      {"SetAttributeStatus",
+       [=](World &w) -> Result { return jt_set_attribute_status(w.space, w.job, "Scan", "Title", status); },
+       {}},
+  };
+}
+
+// ---- Long lists ---------------------------------------------------------------------------------------------
+
+// The table that finds a child of a long list is only for speed.
+std::vector<Scenario> long_list_scenarios() {
+  const auto add_many = [](World &w) {
+    for (int i = 0; i < 20 && w.attribute("a19") == nullptr; ++i) {
+      const std::string name = "a" + std::to_string(i);
+      jt_add_attribute(w.space, w.job, "Scan", "integer", name.c_str());
+    }
+    jt::drop_index(*w.invocation());
+  };
+  const auto add_many_values = [](World &w) {
+    for (int i = 10; w.live() < 60; ++i) {
+      jt_add_attribute_value_string(w.space, w.job, "Scan", "Copies", std::to_string(i).c_str());
+    }
+  };
+  const int32_t late = 30;
+  return {
+      {"FindAmongManyAttributes",
+       [](World &w) -> Result { return jt_exists_attribute(w.space, w.job, "Scan", "a19"); },
+       {kGoesOn},
+       add_many},
+      {"AddToManyAttributes",
+       [](World &w) -> Result { return jt_add_attribute(w.space, w.job, "Scan", "integer", "New"); },
+       {no_node("New"), kGoesOn},
+       [=](World &w) {
+         add_many(w);
+         fill_pages(w);
+       }},
+      {"DeleteOneOfManyValues",
+       [=](World &w) -> Result {
+         return jt_delete_attribute_value(w.space, w.job, "Scan", "Copies", as_value(&late));
+       },
+       {kGoesOn},
+       add_many_values},
+  };
+}
+
+INSTANTIATE_TEST_SUITE_P(Templates, Call, ::testing::ValuesIn(template_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Values, Call, ::testing::ValuesIn(value_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Services, Call, ::testing::ValuesIn(service_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(AddingInvocations, Call, ::testing::ValuesIn(adding_invocations()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Invocations, Call, ::testing::ValuesIn(invocation_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Attributes, Call, ::testing::ValuesIn(attribute_query_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Reading, Call, ::testing::ValuesIn(reading_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Changing, Call, ::testing::ValuesIn(attribute_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(AddingTexts, Call,
+                         ::testing::ValuesIn(text_scenarios("AddText", jt_add_attribute_value_string)),
+                         scenario_name);
+INSTANTIATE_TEST_SUITE_P(SettingTexts, Call,
+                         ::testing::ValuesIn(text_scenarios("SetText", jt_set_attribute_value_string)),
+                         scenario_name);
+INSTANTIATE_TEST_SUITE_P(AddingValues, Call,
+                         ::testing::ValuesIn(value_scenarios("AddValue", jt_add_attribute_value)),
+                         scenario_name);
+INSTANTIATE_TEST_SUITE_P(SettingValues, Call,
+                         ::testing::ValuesIn(value_scenarios("SetValue", jt_set_attribute_value)),
+                         scenario_name);
+INSTANTIATE_TEST_SUITE_P(Removing, Call, ::testing::ValuesIn(deleting_and_overriding()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Statuses, Call, ::testing::ValuesIn(status_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(LongLists, Call, ::testing::ValuesIn(long_list_scenarios()), scenario_name);
+
+}  // namespace
+}  // namespace jt_test
