@@ -129,7 +129,8 @@ Outcome add_value(Decoder &decoder, const Token &token) {
     report(decoder.space, message::kNameTooLong, token.text);
     return Outcome::kStopped;
   }
-  const MadeValue value = make_value_node(*decoder.space, decoder.top->type, decoder.cursor.buffer.data());
+  const MadeValue value =
+      make_value_node(*decoder.space, decoder.top->type, decoder.cursor.buffer.data(), token.text);
   if (value.node != nullptr) append_child(*decoder.top, *value.node);
   return value.result == Making::kNoMemory ? Outcome::kStopped : Outcome::kAccepted;
 }
@@ -143,8 +144,9 @@ Outcome store_status(Decoder &decoder, const Token &token) {
     return Outcome::kAccepted;
   }
   jt_status *const status = get_status(decoder.space, token.text.data());
-  if (status != nullptr) adopt_status(*decoder.space, *decoder.top, status);
-  return accepted_if(status != nullptr);
+  if (status == nullptr) return Outcome::kStopped;
+  adopt_status(*decoder.space, *decoder.top, status);
+  return Outcome::kAccepted;
 }
 
 Outcome begin_status_text(Decoder &decoder, const Token & /*token*/) {

@@ -6,6 +6,7 @@
 #include "sil/escape.h"
 #include "sil/output.h"
 #include "tree/node.h"
+#include "types/status.h"
 
 namespace jt {
 namespace {
@@ -42,15 +43,21 @@ bool escape(Encoder &encoder, const char *text, Quoting quoting, const char *fai
   return false;
 }
 
-// False when the value has no text, which has been reported.
+// False when the value has no text, which has been reported. That is no reason to stop; want of memory is.
 bool escape_value(Encoder &encoder, const jt_node &value) {
+  if (encoder.out.failed()) return false;
   if (!has_known_type(value)) {
     return escape(encoder, value.pending_value, Quoting::kNone, message::kNoPendingText, value.pending_value);
   }
   const jt_type &type = *value.type;
   const OwnedText text(type.deval != nullptr ? type.deval(encoder.space, value.value) : nullptr);
   if (text.text == nullptr) {
-    report(encoder.space, message::kBadValue);
+    const bool no_memory = encoder.space != nullptr && ran_out_of_memory(*encoder.space);
+    if (no_memory) {
+      encoder.out.fail();
+    } else {
+      report(encoder.space, message::kBadValue);
+    }
     return false;
   }
   const bool is_string = same_name(view_of(type.name), "string");
@@ -71,10 +78,9 @@ void write_values(Encoder &encoder, const jt_node &attribute) {
 // ---- Statuses and attributes ------------------------------------------------------------------------------
 
 void write_status(Encoder &encoder, const jt_node &node) {
-  if (node.status != nullptr) {
-    const OwnedText name(get_status_string(encoder.space, node.status));
+  if (node.status != nullptr && !encoder.out.failed()) {
     encoder.out.append_raw("(");
-    encoder.out.append_raw(view_of(name.text));
+    encoder.out.append_raw(status_text(encoder.space, node.status));
     if (node.overridden_value != nullptr) {
       encoder.out.append_raw("{");
       encoder.out.append_raw(node.overridden_value);

@@ -59,20 +59,30 @@ jt_node *make_header_attribute(Decoder &decoder, std::string_view name, std::str
   return nullptr;
 }
 
+struct HeaderValue {
+  std::string_view name;
+  std::string_view text;
+};
+
 // The header is linked to its three attributes only when it has them all.
-Outcome save_header(Decoder &decoder, const Token & /*token*/) {
-  const std::string_view identifier(decoder.kept.data(), decoder.kept_length);
-  std::array<jt_node *, 3> attributes = {
-      make_header_attribute(decoder, "LanguageVersion", decoder.version.data()),
-      make_header_attribute(decoder, "CharacterEncoding", kEncoding),
-      make_header_attribute(decoder, "InteractionID", identifier)};
-  for (const jt_node *const attribute : attributes) {
-    if (attribute != nullptr) continue;
+bool make_header_attributes(Decoder &decoder) {
+  const std::array<HeaderValue, 3> values = {{{"LanguageVersion", decoder.version.data()},
+                                              {"CharacterEncoding", kEncoding},
+                                              {"InteractionID", {decoder.kept.data(), decoder.kept_length}}}};
+  std::array<jt_node *, 3> attributes{};
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    attributes[i] = make_header_attribute(decoder, values[i].name, values[i].text);
+    if (attributes[i] != nullptr) continue;
     for (jt_node *const made : attributes) destroy_node(decoder.space, made);
     report(decoder.space, message::kNoHeader);
-    return Outcome::kStopped;
+    return false;
   }
   link_header_attributes(*decoder.top, attributes);
+  return true;
+}
+
+Outcome save_header(Decoder &decoder, const Token & /*token*/) {
+  if (!make_header_attributes(decoder)) return Outcome::kStopped;
   decoder.top->node_class = decoder.header_class;
   restore_token(decoder.cursor);
   return decode_header_attributes(decoder, *decoder.top) ? Outcome::kAccepted : Outcome::kStopped;

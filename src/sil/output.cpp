@@ -21,6 +21,8 @@ void count_columns(std::string_view text) {
 
 }  // namespace
 
+Output::Output(jt_parser_space *space) : space_(space), column_before_(column) {}
+
 Output::~Output() { std::free(text_); }
 
 void Output::append(std::string_view text, std::size_t indent, Layout layout) {
@@ -83,7 +85,10 @@ void Output::write_blanks(std::size_t count) {
 }
 
 char *Output::take() {
-  if (!reserve(0)) return nullptr;
+  if (!reserve(0)) {
+    column = column_before_;
+    return nullptr;
+  }
   text_[length_] = '\0';
   char *const fitting = static_cast<char *>(std::realloc(text_, length_ + 1));
   char *const text = fitting != nullptr ? fitting : text_;

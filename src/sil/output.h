@@ -19,7 +19,7 @@ enum class Layout {
 
 class Output {
  public:
-  explicit Output(jt_parser_space *space) : space_(space) {}
+  explicit Output(jt_parser_space *space);
   ~Output();
   Output(const Output &) = delete;
   Output &operator=(const Output &) = delete;
@@ -40,7 +40,8 @@ class Output {
   bool failed() const { return failed_; }
   void fail() { failed_ = true; }
 
-  // The whole text as one block that the caller owns, or null after a failure.
+  // The whole text as one block that the caller owns, or null after a failure. Then the column is as it was
+  // before: a text that was never handed over does not shape the next.
   char *take();
 
  private:
@@ -51,6 +52,7 @@ class Output {
   void write_laid_out(std::string_view text, std::size_t indent, Layout layout);
 
   jt_parser_space *space_;
+  std::size_t column_before_;
   char *text_ = nullptr;
   std::size_t length_ = 0;
   std::size_t room_ = 0;

@@ -66,13 +66,14 @@ jt_node *make_untyped_value_node(jt_parser_space &space, std::string_view text) 
   return nullptr;
 }
 
-MadeValue make_known_value_node(jt_parser_space &space, const jt_type *type, char *text) {
+MadeValue make_known_value_node(jt_parser_space &space, const jt_type *type, char *text,
+                                std::string_view shown) {
   if (type->eval == nullptr) return {Making::kRefused, nullptr};
   const ValuePlacement placement(space);
   jt_value *const value = type->eval(&space, text);
-  if (value != nullptr) return made(finish_value_node(space, placement, type, value, text));
+  if (value != nullptr) return made(finish_value_node(space, placement, type, value, shown));
   const Making result = refused(space, placement);
-  if (result == Making::kNoMemory) report(&space, message::kNoValueNode, text);
+  if (result == Making::kNoMemory) report(&space, message::kNoValueNode, shown);
   return {result, nullptr};
 }
 
@@ -99,9 +100,9 @@ jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char
   return nullptr;
 }
 
-MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text) {
+MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text, std::string_view shown) {
   return type == unknown_type() ? made(make_untyped_value_node(space, text))
-                                : make_known_value_node(space, type, text);
+                                : make_known_value_node(space, type, text, shown);
 }
 
 }  // namespace jt
@@ -127,7 +128,7 @@ jt_node *create_value_node(jt_parser_space *space, const jt_type *type, const ch
     jt::report(space, jt::message::kNoValueNode, text);
     return nullptr;
   }
-  jt_node *const node = jt::make_value_node(*space, type, copy).node;
+  jt_node *const node = jt::make_value_node(*space, type, copy, text).node;
   er_free(copy);
   return node;
 }

@@ -23,8 +23,9 @@ struct MadeValue {
   jt_node *node;
 };
 
-// A value node from a text, which its type may write into.
-MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text);
+// A value node from a text, which its type may write into. Reports about the node show the other text, which
+// stays as it is.
+MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text, std::string_view shown);
 
 }  // namespace jt
 

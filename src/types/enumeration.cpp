@@ -61,15 +61,19 @@ jt_value *copy_enumerated(jt_parser_space *space, const jt_value *value) {
 }
 
 // A name that was kept is given back, although it counts as an error that the list has no name to write.
+std::string_view enumerated_text(jt_parser_space *space, const ValueList &list, const jt_value *value) {
+  const std::uint32_t number = enumerated_number(value);
+  const std::string_view name = encode_number(space, list, number);
+  return number == kUnknownName ? std::string_view(unknown_name_in(value)) : name;
+}
+
 char *deval_enumerated(jt_parser_space *space, const ValueList &list, const jt_value *value) {
   if (value == nullptr) return nullptr;
-  const std::uint32_t number = enumerated_number(value);
-  std::string_view name = encode_number(space, list, number);
-  if (name.empty() && number != kUnknownName) return nullptr;
-  if (name.empty()) name = unknown_name_in(value);
-  char *const text = copy_plain_text(name);
-  if (text == nullptr) report(space, message::kNoEnumeratedText, name);
-  return text;
+  const std::string_view text = enumerated_text(space, list, value);
+  if (text.data() == nullptr) return nullptr;
+  char *const copy = copy_plain_text(text);
+  if (copy == nullptr) report(space, message::kNoEnumeratedText, text);
+  return copy;
 }
 
 std::int32_t cmp_enumerated(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {

@@ -22,6 +22,10 @@ std::string_view encode_number(jt_parser_space *space, const ValueList &list, st
 // The number that a value begins with.
 std::uint32_t enumerated_number(const jt_value *value);
 
+// The text that is written for a value, which may lie in the value itself; a null view after a report when
+// there is none.
+std::string_view enumerated_text(jt_parser_space *space, const ValueList &list, const jt_value *value);
+
 jt_value *eval_enumerated(jt_parser_space *space, const ValueList &list, const char *text);
 jt_value *copy_enumerated(jt_parser_space *space, const jt_value *value);
 char *deval_enumerated(jt_parser_space *space, const ValueList &list, const jt_value *value);

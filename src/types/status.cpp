@@ -13,7 +13,9 @@ jt_status *as_status(jt_value *value) { return reinterpret_cast<jt_status *>(val
 
 }  // namespace
 
-std::uint32_t status_number(const jt_status *status) { return enumerated_number(as_value(status)); }
+std::string_view status_text(jt_parser_space *space, const jt_status *status) {
+  return enumerated_text(space, kBaseValues, as_value(status));
+}
 
 bool find_status_number(const char *name, std::uint32_t &number) {
   return name != nullptr && find_number(kBaseValues, name, number);

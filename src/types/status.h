@@ -4,13 +4,14 @@
 #define JT_TYPES_STATUS_H
 
 #include <cstdint>
+#include <string_view>
 
 #include "jt.h"
 
 namespace jt {
 
-// The number of a status, or the marker of an unknown one.
-std::uint32_t status_number(const jt_status *status);
+// What get_status_string() gives a copy of, with the same report; it lies in the status or in the list.
+std::string_view status_text(jt_parser_space *space, const jt_status *status);
 
 // Finds the number of a status by its name, without a report. A null name has none.
 bool find_status_number(const char *name, std::uint32_t &number);

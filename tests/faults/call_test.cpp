@@ -25,7 +25,8 @@ const Messages kNoCopy = {kNoMemory, "CALL ERROR: could not copy the value ..."}
 const Messages kNoNameCopy = {"MEMORY ERROR: while allocating for(null) ..."};
 const Messages kGoesOn = {};
 
-// ---- Templates and values -----------------------------------------------------------------------------------
+// ---- Templates and values
+// -----------------------------------------------------------------------------------
 
 std::vector<Scenario> template_scenarios() {
   const auto create = [](World &w) -> Result { return Handle{jt_create_template(w.space)}; };
@@ -88,7 +89,8 @@ std::vector<Scenario> value_scenarios() {
   };
 }
 
-// ---- Services and invocations -------------------------------------------------------------------------------
+// ---- Services and invocations
+// -------------------------------------------------------------------------------
 
 int32_t add_service(World &w, const std::string &name) {
   return jt_add_service(w.space, w.job, "service", name.c_str());
@@ -173,7 +175,8 @@ std::vector<Scenario> invocation_scenarios() {
   };
 }
 
-// ---- Reading attributes -------------------------------------------------------------------------------------
+// ---- Reading attributes
+// -------------------------------------------------------------------------------------
 
 // The value calls of an attribute, with what each allocation's failure leaves when its value is copied and
 // when it is written.
@@ -257,12 +260,12 @@ std::vector<Scenario> attribute_query_scenarios() {
   };
 }
 
-// ---- Changing attributes ------------------------------------------------------------------------------------
+// ---- Changing attributes
+// ------------------------------------------------------------------------------------
 
 std::vector<Scenario> attribute_scenarios() {
   const auto add = [](const char *type) {
-    return
-        [type](World &w) -> Result { return jt_add_attribute(w.space, w.job, "Scan", type, "New"); };
+    return [type](World &w) -> Result { return jt_add_attribute(w.space, w.job, "Scan", type, "New"); };
   };
   const std::string unknown = "WARNING: unknown attribute type:nosuch ...";
   return {
@@ -362,7 +365,8 @@ std::vector<Scenario> deleting_and_overriding() {
   };
 }
 
-// ---- Statuses -----------------------------------------------------------------------------------------------
+// ---- Statuses
+// -----------------------------------------------------------------------------------------------
 
 std::vector<Scenario> status_scenarios() {
   const jt_status *const status = as_status(&kTwo);
@@ -391,7 +395,8 @@ std::vector<Scenario> status_scenarios() {
   };
 }
 
-// ---- Long lists ---------------------------------------------------------------------------------------------
+// ---- Long lists
+// ---------------------------------------------------------------------------------------------
 
 // The table that finds a child of a long list is only for speed.
 std::vector<Scenario> long_list_scenarios() {

@@ -22,7 +22,8 @@ Messages no_value_node(const std::string &text) {
 
 const jt_type *type_named(const char *name) { return get_type_from_services(nullptr, "kmt_svc_scan", name); }
 
-// ---- Session store and memory -------------------------------------------------------------------------------
+// ---- Session store and memory
+// -------------------------------------------------------------------------------
 
 std::vector<Scenario> foundation_scenarios() {
   return {
@@ -48,7 +49,8 @@ std::vector<Scenario> foundation_scenarios() {
   };
 }
 
-// ---- Nodes --------------------------------------------------------------------------------------------------
+// ---- Nodes
+// --------------------------------------------------------------------------------------------------
 
 std::vector<Scenario> typed_node_scenarios() {
   const auto make = [](const char *type, const std::string &name) {
@@ -69,6 +71,7 @@ std::vector<Scenario> typed_node_scenarios() {
       {"TypedNodeOfALongUnknownType",
        make(kLong.c_str(), "New"),
        {{unknown, kNoMemory, "MEMORY ERROR: Allocating for the node:New ..."},
+        {unknown, kNoMemory, "MEMORY ERROR: Allocating for New ..."},
         {unknown, kNoMemory, cut_message("MEMORY ERROR: Allocating for " + kLong)}},
        fill_pages},
   };
@@ -79,9 +82,8 @@ std::vector<Scenario> value_node_scenarios() {
     return [=](World &w) -> Result { return create_value_node(w.space, type, text.c_str()); };
   };
   const auto from_value = [](const char *type, const void *value) {
-    return [=](World &w) -> Result {
-      return create_value_ptr_node(w.space, type_named(type), as_value(value));
-    };
+    return
+        [=](World &w) -> Result { return create_value_ptr_node(w.space, type_named(type), as_value(value)); };
   };
   const Messages no_pending = {kNoMemory, cut_message("MEMORY ERROR: allocating pending value:" + kLong)};
   return {
@@ -116,15 +118,15 @@ std::vector<Scenario> value_node_scenarios() {
   };
 }
 
-// ---- The tree -----------------------------------------------------------------------------------------------
+// ---- The tree
+// -----------------------------------------------------------------------------------------------
 
 // An attribute moves to the next invocation.
 std::vector<Scenario> linking_scenarios() {
   using Add = int32_t (*)(jt_parser_space *, jt_node *, jt_node *);
   const auto link = [](Add add) {
-    return [=](World &w) -> Result {
-      return add(w.space, w.invocation()->next_sibling, w.attribute("Copies"));
-    };
+    return
+        [=](World &w) -> Result { return add(w.space, w.invocation()->next_sibling, w.attribute("Copies")); };
   };
   return {
       {"AddChild", link(add_child), {}},
@@ -162,7 +164,8 @@ std::vector<Scenario> comment_scenarios() {
   };
 }
 
-// ---- Reading at the cursor ----------------------------------------------------------------------------------
+// ---- Reading at the cursor
+// ----------------------------------------------------------------------------------
 
 std::vector<Scenario> reading_scenarios() {
   const jt_type *const integer = type_named("integer");
@@ -209,7 +212,8 @@ std::vector<Scenario> reading_scenarios() {
   };
 }
 
-// ---- Templates and statuses ---------------------------------------------------------------------------------
+// ---- Templates and statuses
+// ---------------------------------------------------------------------------------
 
 std::vector<Scenario> template_scenarios() {
   return {
@@ -260,7 +264,8 @@ std::vector<Scenario> status_scenarios() {
   };
 }
 
-// ---- Types --------------------------------------------------------------------------------------------------
+// ---- Types
+// --------------------------------------------------------------------------------------------------
 
 std::vector<Scenario> type_scenarios() {
   static constexpr int32_t kGutter[] = {1, 2, 20};
@@ -284,9 +289,7 @@ std::vector<Scenario> type_scenarios() {
       {"DevalGutter",
        [](World &w) -> Result { return deval_gutter(w.space, as_value(kGutter)); },
        {{kNoMemory}}},
-      {"CmpGutter",
-       [](World &w) -> Result { return cmp_gutter(w.space, as_value(kGutter), nullptr); },
-       {}},
+      {"CmpGutter", [](World &w) -> Result { return cmp_gutter(w.space, as_value(kGutter), nullptr); }, {}},
       {"KillGutter", [](World &w) -> Result { return kill_gutter(w.space, nullptr); }, {}},
   };
 }

@@ -1,7 +1,7 @@
 // One call of the library, tried with every one of its allocations failing: only that one, then that one and
-// all behind it. After each failure the call must have failed as a whole: its messages, the template, the node
-// table and the handle that comes next are looked at, then the same call must work, and nothing may be left on
-// the heap when the session is closed.
+// all behind it. After each failure the call must have failed as a whole: its messages, the template, the
+// node table and the handle that comes next are looked at, then the same call must work, and nothing may be
+// left on the heap when the session is closed.
 #ifndef JT_TESTS_FAULTS_SCENARIO_H
 #define JT_TESTS_FAULTS_SCENARIO_H
 

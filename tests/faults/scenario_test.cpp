@@ -73,10 +73,12 @@ bool begins_with(const std::string &text, const std::string &beginning) {
   return text.compare(0, beginning.size(), beginning) == 0;
 }
 
+// The status that the newest message must have left.
 int32_t status_after(const Messages &messages) {
   const std::string newest = messages.empty() ? "" : messages.back();
   if (begins_with(newest, "MEMORY ERROR:")) return JT_MEMORY_ERROR;
-  return begins_with(newest, "SYSTEM ERROR:") ? JT_SYSTEM_ERROR : JT_CALL_ERROR;
+  if (begins_with(newest, "SYSTEM ERROR:")) return JT_SYSTEM_ERROR;
+  return begins_with(newest, "CALL ERROR:") ? JT_CALL_ERROR : JT_SYNTAX_ERROR;
 }
 
 // The allocator's own report comes at most once. A table that cannot grow is told in two messages.
@@ -120,8 +122,7 @@ class Driver {
 
   int allowed_to_spare() const {
     if (scenario_.dispensable) return *scenario_.dispensable;
-    return static_cast<int>(
-        std::count(scenario_.failures.begin(), scenario_.failures.end(), Messages{}));
+    return static_cast<int>(std::count(scenario_.failures.begin(), scenario_.failures.end(), Messages{}));
   }
 
   // The first that the library cannot do without, from the failing one on.

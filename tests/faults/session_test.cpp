@@ -30,8 +30,7 @@ std::string failing_name(const ::testing::TestParamInfo<Failing> &info) {
   return info.param == Failing::kOnlyOne ? "OnlyOne" : "AllFromThereOn";
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, Opening,
-                         ::testing::Values(Failing::kOnlyOne, Failing::kAllFromThereOn),
+INSTANTIATE_TEST_SUITE_P(Faults, Opening, ::testing::Values(Failing::kOnlyOne, Failing::kAllFromThereOn),
                          failing_name);
 
 TEST(OpeningInside, FailsTheSameWay) {
@@ -46,6 +45,15 @@ TEST(Closing, NeedsNoMemory) {
   jt_decode_template(space, kJob);
   fail_allocations(1, Failing::kAllFromThereOn);
   EXPECT_EQ(jt_close_parsing_utility(space), 1);
+  EXPECT_EQ(allow_allocations(), 0);
+  EXPECT_EQ(live_blocks(), blocks);
+}
+
+TEST(ClosingInside, NeedsNoMemory) {
+  const long blocks = live_blocks();
+  jt_parser_space *const space = create_parser_space("label");
+  fail_allocations(1, Failing::kAllFromThereOn);
+  EXPECT_EQ(delete_parser_space(space), 1);
   EXPECT_EQ(allow_allocations(), 0);
   EXPECT_EQ(live_blocks(), blocks);
 }

@@ -49,11 +49,19 @@ void add_fillers(World &world, int count) {
 class Accepted : public ::testing::TestWithParam<std::string> {};
 class Refused : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(Accepted, DecodesWhollyOrNotAtAll) { expect_whole_failures(decoding(read_whole(GetParam()))); }
+// Lists that are long enough to be searched with a table, which only saves time: the services of this file,
+// and the attributes of the first of them.
+Scenario decoding_file(const std::string &path) {
+  Scenario scenario = decoding(read_whole(path));
+  if (std::filesystem::path(path).stem() == "every_type") scenario.dispensable = 2;
+  return scenario;
+}
+
+TEST_P(Accepted, DecodesWhollyOrNotAtAll) { expect_whole_failures(decoding_file(GetParam())); }
 
 // Pages begin at every node in turn.
 TEST_P(Accepted, DecodesWhollyOrNotAtAllWhereverAPageBegins) {
-  Scenario scenario = decoding(read_whole(GetParam()));
+  Scenario scenario = decoding_file(GetParam());
   for (int fillers = 1; fillers < 20; ++fillers) {
     SCOPED_TRACE(fillers);
     scenario.before = [fillers](World &w) { add_fillers(w, fillers); };
@@ -62,7 +70,7 @@ TEST_P(Accepted, DecodesWhollyOrNotAtAllWhereverAPageBegins) {
 }
 
 TEST_P(Accepted, DecodesWhollyOrNotAtAllWhereverTheTableEnds) {
-  Scenario scenario = decoding(read_whole(GetParam()));
+  Scenario scenario = decoding_file(GetParam());
   for (int fillers = 512 - 20; fillers <= 512; ++fillers) {
     SCOPED_TRACE(fillers);
     scenario.before = [fillers](World &w) { add_fillers(w, fillers); };
@@ -77,9 +85,11 @@ TEST_P(Refused, LeavesNothing) { expect_whole_failures(decoding(read_whole(GetPa
 INSTANTIATE_TEST_SUITE_P(Faults, Accepted, ::testing::ValuesIn(sil_files("/examples")), file_name);
 INSTANTIATE_TEST_SUITE_P(Faults, Refused, ::testing::ValuesIn(sil_files("/examples/rejected")), file_name);
 
-// ---- Each kind of allocation --------------------------------------------------------------------------------
+// ---- Each kind of allocation
+// --------------------------------------------------------------------------------
 
-Scenario decoding_of(const std::string &name, const std::string &text, const std::vector<Messages> &failures) {
+Scenario decoding_of(const std::string &name, const std::string &text,
+                     const std::vector<Messages> &failures) {
   Scenario scenario = decoding(text);
   scenario.name = name;
   scenario.failures = failures;
@@ -87,7 +97,8 @@ Scenario decoding_of(const std::string &name, const std::string &text, const std
   return scenario;
 }
 
-Scenario encoding_of(const std::string &name, const std::string &text, const std::vector<Messages> &failures) {
+Scenario encoding_of(const std::string &name, const std::string &text,
+                     const std::vector<Messages> &failures) {
   Scenario scenario = encoding(text);
   scenario.name = name;
   scenario.failures = failures;
@@ -101,7 +112,9 @@ const Messages kGoesOn = {};
 
 const std::string kLongText(300, 'x');  // longer than the encoder's own room
 
-std::string after_header(const std::string &text) { return "< SIL 4.2.00 ASCII job >\n" + text + "< /SIL >\n"; }
+std::string after_header(const std::string &text) {
+  return "< SIL 4.2.00 ASCII job >\n" + text + "< /SIL >\n";
+}
 
 class Template : public ::testing::TestWithParam<Scenario> {};
 
@@ -109,7 +122,6 @@ TEST_P(Template, FailsWithTheMessagesOfWhatIsMissing) { expect_whole_failures(Ge
 
 std::vector<Scenario> decoding_scenarios() {
   const Messages no_header = {kNoMemory, "MEMORY ERROR: Saving the header\n ..."};
-  const std::string body = "[ service S ] { } end\n";
   return {
       decoding_of("Root", "[ service S ] end", {kNoRoot}),
       decoding_of("Comment", "# why\n[ service S ] end",
@@ -127,10 +139,10 @@ std::vector<Scenario> decoding_scenarios() {
                     "MEMORY ERROR: allocating value :odd ..."}}),
       decoding_of("LongName", "[ service " + kLong + " ] end",
                   {kNoRoot, {kNoMemory, cut_message("MEMORY ERROR: Allocating for " + kLong)}}),
-      decoding_of("LongValue", "[ kmt_svc_scan S ] { string a = \"" + std::string(1000, 'x') + "\"; } end",
-                  {kNoRoot,
-                   {kNoMemory,
-                    cut_message("MEMORY ERROR: allocating for a value node" + std::string(1000, 'x'))}}),
+      decoding_of(
+          "LongValue", "[ kmt_svc_scan S ] { string a = \"" + std::string(1000, 'x') + "\"; } end",
+          {kNoRoot,
+           {kNoMemory, cut_message("MEMORY ERROR: allocating for a value node" + std::string(1000, 'x'))}}),
   };
 }
 
@@ -146,8 +158,7 @@ std::vector<Scenario> encoding_scenarios() {
                   {kNoOutput, {"MEMORY ERROR: allocation error while encodingMM ..."}, kGoesOn}),
       encoding_of("LongString", "[ kmt_svc_scan S ] { string a = " + kLongText + "; } end",
                   {kNoOutput, {kNoMemory}, kNoOutput, kGoesOn}),
-      encoding_of("StatusName", "[ service S ] { } end (KMT_STATUS_ERROR)",
-                  {kNoOutput, {"MEMORY ERROR: allocation error while encodingKMT_STATUS_ERROR ..."}, kGoesOn}),
+      encoding_of("StatusName", "[ service S ] { } end (KMT_STATUS_ERROR)", {kNoOutput, kGoesOn}),
   };
 }
 

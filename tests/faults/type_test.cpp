@@ -45,13 +45,12 @@ void expect_failures(const Sample &sample, const std::vector<Messages> &failures
   const OwnedValue value = evaluated(nullptr, type, sample.text);
   PrivateText text(sample.text);
   ASSERT_NE(value, nullptr);
-  expect_whole_failures(
-      {.name = sample.name,
-       .call = [&](World &w) { return call(w, *type, text.get(), value.get()); },
-       .failures = failures,
-       // An operation may have written into its text.
-       .before = [&](World &) { text = PrivateText(sample.text); },
-       .job = ""});
+  expect_whole_failures({.name = sample.name,
+                         .call = [&](World &w) { return call(w, *type, text.get(), value.get()); },
+                         .failures = failures,
+                         // An operation may have written into its text.
+                         .before = [&](World &) { text = PrivateText(sample.text); },
+                         .job = ""});
   EXPECT_EQ(live_blocks(), blocks + 1);
 }
 

@@ -1,6 +1,6 @@
 // An allocator under the library that can be told to fail. The executable is linked with
-// --wrap=malloc,calloc,realloc,free, so every block that code of this executable asks for by these names comes
-// from here; operator new does not. Plans and counts belong to the thread.
+// --wrap=malloc,calloc,realloc,free, so every block that code of this executable asks for by these names
+// comes from here; operator new does not. Plans and counts belong to the thread.
 #ifndef JT_TESTS_SUPPORT_FAILING_ALLOCATOR_H
 #define JT_TESTS_SUPPORT_FAILING_ALLOCATOR_H
 
