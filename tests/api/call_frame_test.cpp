@@ -192,16 +192,26 @@ std::vector<Case> product() {
 
 class FrameTest : public SessionTest {
  protected:
-  FrameTest() {
+  FrameTest() { prepare(); }
+  ~FrameTest() override { jt_destroy_value(space, "integer", value, ""); }
+
+  // A session without history and with a fresh template.
+  void renew() {
+    jt_destroy_value(space, "integer", value, "");
+    reopen();
+    prepare();
+  }
+
+  jt_value *value;
+  Arguments arguments;
+
+ private:
+  void prepare() {
     jt_decode_template(space, kTemplate);
     value = jt_decode_value(space, "integer", "5", "");
     arguments = {space};
     arguments.value = arguments.other_value = value;
   }
-  ~FrameTest() override { jt_destroy_value(space, "integer", value, ""); }
-
-  jt_value *value;
-  Arguments arguments;
 };
 
 class EveryCallAndFault : public FrameTest, public ::testing::WithParamInterface<Case> {};
@@ -296,6 +306,99 @@ TEST_F(FrameTest, AServiceWithoutInvocationsHasNoCurrentOne) {
   jt_add_service(space, -100, "service", "Empty");
   EXPECT_EQ(jt_exists_attribute(space, -100, "Empty", "depth"), 0);
   EXPECT_EQ(messages(), Messages{"CALL ERROR: no current invocation ..."});
+}
+
+// ---- Several faults at once -------------------------------------------------------------------------------
+
+// The later one is made first: making it needs a template that is still right.
+TEST_P(EveryCall, ReportsTheEarlierOfTwoFaultsAlone) {
+  for (const Fault &earlier : faults()) {
+    for (const Fault &later : faults()) {
+      if (earlier.from >= later.from || later.from > GetParam().depth) continue;
+      renew();
+      later.inject(arguments);
+      earlier.inject(arguments);
+      EXPECT_FALSE(GetParam().succeeds(arguments)) << earlier.name << " and " << later.name;
+      EXPECT_EQ(messages(), earlier.messages) << earlier.name << " and " << later.name;
+      EXPECT_EQ(encoded(-100), kEncoded);
+    }
+  }
+}
+
+TEST_P(EveryCall, WithoutAParserHandleLooksAtNothingElse) {
+  for (const Fault &fault : faults()) {
+    renew();
+    fault.inject(arguments);
+    arguments.space = nullptr;
+    arguments.value = arguments.other_value = nullptr;
+    arguments.text = nullptr;
+    EXPECT_FALSE(GetParam().succeeds(arguments)) << fault.name;
+    EXPECT_EQ(messages(), Messages{});
+    EXPECT_EQ(encoded(-100), kEncoded);
+  }
+}
+
+TEST_P(EveryValueCall, AsksForTheValueBeforeAnyOtherStep) {
+  arguments.value = nullptr;
+  arguments.text = nullptr;
+  for (const Fault &fault : faults()) {
+    Arguments faulty = arguments;
+    fault.inject(faulty);
+    EXPECT_FALSE(GetParam().succeeds(faulty));
+    EXPECT_EQ(messages().back(), "CALL ERROR: value is a NULL pointer ...") << fault.name;
+  }
+}
+
+TEST_P(EveryNamingCall, AsksForTheNameBeforeAnyOtherStep) {
+  arguments.text = "";
+  for (const Fault &fault : faults()) {
+    Arguments faulty = arguments;
+    fault.inject(faulty);
+    EXPECT_FALSE(GetParam().succeeds(faulty));
+    EXPECT_EQ(messages().back(), "CALL ERROR: no name to set ...") << fault.name;
+  }
+}
+
+// ---- Handles around a header ------------------------------------------------------------------------------
+
+// Slots: the root, the header, its three attributes, an attribute of the author's, its value, the section.
+constexpr char kWithSection[] =
+    "<? SIL 4.2.00 ASCII job-1 > string Owner = me; < ? > [ service Inside ] end < /? > < /SIL >";
+
+class EveryCallAroundAHeader : public SessionTest, public ::testing::WithParamInterface<Call> {};
+
+TEST_P(EveryCallAroundAHeader, RefusesWhatIsNoTemplate) {
+  const int32_t root = jt_decode_template(space, kWithSection);
+  ASSERT_EQ(root, -100);
+  const std::string before = encoded(root);
+  const int32_t five = 5;
+  Arguments arguments{space};
+  arguments.value = arguments.other_value = reinterpret_cast<const jt_value *>(&five);
+  for (int32_t handle = -101; handle >= -106; --handle) {
+    arguments.handle = handle;
+    EXPECT_FALSE(GetParam().succeeds(arguments)) << handle;
+    EXPECT_EQ(messages().back(), "CALL ERROR: not a template ...");
+  }
+  EXPECT_EQ(encoded(root), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Frame, EveryCallAroundAHeader, ::testing::ValuesIn(calls()), call_name);
+
+class FrameOfASection : public SessionTest {};
+
+TEST_F(FrameOfASection, ItsServicesAreReachedByItsOwnHandleOnly) {
+  const int32_t root = jt_decode_template(space, kWithSection);
+  EXPECT_EQ(jt_exists_service(space, root, "Inside"), 0);
+  EXPECT_EQ(jt_exists_service(space, -107, "Inside"), 1);
+  EXPECT_EQ(status(), 0);
+}
+
+// ---- Long names -------------------------------------------------------------------------------------------
+
+TEST_F(FrameTest, ALongNameIsCutInItsReport) {
+  const std::string name(1000, 'n');
+  EXPECT_EQ(jt_delete_service(space, -100, name.c_str()), 0);
+  EXPECT_EQ(messages(), Messages{"CALL ERROR: does not exist:" + std::string(224, 'n') + " ..."});
 }
 
 }  // namespace
