@@ -80,6 +80,34 @@ TEST_F(OverrideValue, ReplacesAmongManyAsAmongFew) {
   EXPECT_EQ(values("a").size(), 101U);
 }
 
+TEST_F(OverrideValue, MakesTheFirstOfEqualsOfWhicheverStandsFirst) {
+  for (int i = 100; i < 200; ++i) ASSERT_EQ(add_text("a", std::to_string(i).c_str()), 1);
+  const ClientOwned value = value_of("integer", "150");
+  const ClientOwned later = value_of("integer", "180");
+  ASSERT_EQ(override_value("a", later.get(), value.get()), 1);
+  ASSERT_EQ(override_value("a", two.get(), value.get()), 1);
+  ASSERT_EQ(override_value("a", value.get(), five.get()), 1);
+  EXPECT_EQ(values("a")[1], "5");
+  ASSERT_EQ(override_value("a", value.get(), five.get()), 1);
+  EXPECT_EQ(values("a")[53], "5");
+  ASSERT_EQ(override_value("a", value.get(), five.get()), 1);
+  EXPECT_EQ(values("a")[83], "5");
+  EXPECT_EQ(override_value("a", value.get(), five.get()), 0);
+}
+
+TEST_F(OverrideValue, MayReplaceEachOfManyOverAndOver) {
+  constexpr uint32_t kCount = 200;
+  ASSERT_EQ(jt_set_attribute_value(space, job, "Scan", "a", as_value(0U)), 1);
+  for (uint32_t i = 1; i < kCount; ++i) ASSERT_EQ(add_value("a", as_value(i)), 1);
+  for (uint32_t from = 0; from < 5 * kCount; ++from) {
+    ASSERT_EQ(override_value("a", as_value(from), as_value(from + kCount)), 1) << from;
+    ASSERT_EQ(delete_value("a", as_value(from)), 0) << from;
+  }
+  for (uint32_t i = 5 * kCount; i < 6 * kCount; ++i) ASSERT_EQ(delete_value("a", as_value(i)), 1) << i;
+  for (uint32_t i = 0; i < 6 * kCount; ++i) ASSERT_EQ(delete_value("a", as_value(i)), 0) << i;
+  EXPECT_EQ(values("a"), Texts{});
+}
+
 TEST_F(OverrideValue, TouchesNoOtherAttribute) {
   decode_scan("* integer a = 1; * integer b = 1; (KMT_STATUS_ERROR{why})");
   EXPECT_EQ(override_value("a", one.get(), two.get()), 1);
