@@ -12,7 +12,7 @@ namespace jt {
 
 // Where the block of a value comes from while a node is being made for it (see take_value_block).
 struct BlockSource {
-  void *(*take)(BlockSource &source, jt_parser_space &space, std::size_t bytes);
+  void *(*take)(BlockSource &source, jt_parser_space &space, std::size_t bytes) = nullptr;
 };
 
 // A zeroed block of `bytes` bytes; null after "allocation error". Released with er_free().

@@ -27,7 +27,7 @@ class EscapedText {
  private:
   char *reserve(std::size_t bytes);
 
-  char local_[512];
+  char local_[512] = {};
   char *heap_ = nullptr;
   std::size_t heap_room_ = 0;
   std::string_view view_;

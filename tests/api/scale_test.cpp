@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 #include <string>
 #include <vector>
 
 #include "support/job.h"
+#include "support/upper_case.h"
 
 namespace jt_test {
 namespace {
@@ -20,11 +20,6 @@ Texts numbered(const std::string &prefix, std::size_t count) {
   Texts names;
   for (std::size_t i = 0; i < count; ++i) names.push_back(prefix + std::to_string(i));
   return names;
-}
-
-std::string shouted(std::string name) {
-  for (char &c : name) c = static_cast<char>(std::toupper(c));
-  return name;
 }
 
 // The names that go: from the front, from the back, last one first, and from the middle.
@@ -53,7 +48,7 @@ class Scale : public JobTest {
   template <typename Add, typename Find, typename Remove, typename Walk>
   void try_all(const Texts &names, Add add, Find find, Remove remove, Walk walk) {
     for (const std::string &name : names) ASSERT_EQ(add(name.c_str()), 1) << name;
-    for (const std::string &name : names) ASSERT_EQ(find(shouted(name).c_str()), 1) << name;
+    for (const std::string &name : names) ASSERT_EQ(find(upper_case(name).c_str()), 1) << name;
     ASSERT_EQ(walk(), names);
     const Texts gone = condemned(names);
     for (const std::string &name : gone) ASSERT_EQ(remove(name.c_str()), 1) << name;
@@ -98,7 +93,7 @@ TEST_F(Scale, TwentyThousandValuesOfAString) {
   for (const std::string &text : texts) ASSERT_EQ(add_text("v", text.c_str()), 1);
   ASSERT_EQ(values("v"), texts);
   const Texts gone = condemned(texts);
-  for (const std::string &text : gone) ASSERT_EQ(delete_text("v", shouted(text).c_str()), 1) << text;
+  for (const std::string &text : gone) ASSERT_EQ(delete_text("v", upper_case(text).c_str()), 1) << text;
   EXPECT_TRUE(quiet());
   for (const std::string &text : gone) ASSERT_EQ(delete_text("v", text.c_str()), 0) << text;
   EXPECT_EQ(values("v"), without(texts, gone));
@@ -125,7 +120,7 @@ TEST_F(Scale, TwentyThousandTextsOfAnUnknownType) {
   const Texts texts = numbered("t", kMany);
   for (const std::string &text : texts) ASSERT_EQ(add_text("v", text.c_str()), 1);
   const Texts gone = condemned(texts);
-  for (const std::string &text : gone) ASSERT_EQ(delete_text("v", shouted(text).c_str()), 1) << text;
+  for (const std::string &text : gone) ASSERT_EQ(delete_text("v", upper_case(text).c_str()), 1) << text;
   EXPECT_EQ(values("v"), without(texts, gone));
 }
 
@@ -154,7 +149,7 @@ TEST_F(Scale, ManyInvocationsAreFoundByNameAndByNumber) {
     ASSERT_EQ(jt_set_invocation_name(space, job, "Scan", name.c_str()), 1);
   }
   for (const std::string &name : names) {
-    ASSERT_EQ(jt_named_invocation(space, job, "Scan", shouted(name).c_str()), 1);
+    ASSERT_EQ(jt_named_invocation(space, job, "Scan", upper_case(name).c_str()), 1);
     ASSERT_EQ(take_text(jt_get_invocation_name(space, job, "Scan")), name);
   }
   EXPECT_EQ(jt_named_invocation(space, job, "Scan", "5000"), 1);

@@ -18,14 +18,14 @@ constexpr char kTemplate[] =
 void expect_six_lines(const std::string &path) {
   static const std::regex kSixLines(
       "Decode = \\d+\nDestroy = \\d+\nDecode = \\d+\nDestroy = \\d+\nEncode = \\d+\nEncode = \\d+\n");
-  const ProgramRun run = run_program({JT_DRIVER, path});
+  const ProgramRun run = run_built_program({JT_DRIVER, path});
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.out, "");
   EXPECT_TRUE(std::regex_match(run.err, kSixLines)) << run.err;
 }
 
 void expect_usage(const std::vector<std::string> &words) {
-  const ProgramRun run = run_program(words);
+  const ProgramRun run = run_built_program(words);
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.err, "USAGE " JT_DRIVER " <template filename>\n");

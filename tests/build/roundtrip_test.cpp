@@ -5,7 +5,7 @@ namespace jt_test {
 namespace {
 
 ProgramRun round_trip(const std::string &path) {
-  return run_program({JT_EXAMPLES_BIN_DIR "/roundtrip", path});
+  return run_built_program({JT_EXAMPLES_BIN_DIR "/roundtrip", path});
 }
 
 ProgramRun round_trip_of(std::string_view text) {

@@ -14,7 +14,7 @@ std::string example(const std::string &name) { return JT_SOURCE_DIR "/examples/"
 ProgramRun run_client(const std::string &name, const std::vector<std::string> &arguments) {
   std::vector<std::string> words = {JT_EXAMPLES_BIN_DIR "/" + name};
   words.insert(words.end(), arguments.begin(), arguments.end());
-  return run_program(words);
+  return run_built_program(words);
 }
 
 void expect_output(const ProgramRun &run, const std::string &out) {

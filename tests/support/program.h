@@ -14,8 +14,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace jt_test {
@@ -79,6 +81,13 @@ inline ProgramRun run_program(std::vector<std::string> words) {
   int status = 0;
   waitpid(process, &status, 0);
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read_whole(outputs[0]), read_whole(outputs[1])};
+}
+
+// The same for a program that was built with the tests: its machine may be emulated here.
+inline ProgramRun run_built_program(std::vector<std::string> words) {
+  std::istringstream emulator(JT_EMULATOR);
+  words.insert(words.begin(), std::istream_iterator<std::string>(emulator), {});
+  return run_program(std::move(words));
 }
 
 // The lines of a text without their ends.

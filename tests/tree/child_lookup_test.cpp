@@ -2,13 +2,13 @@
 // children there are and however they came and went.
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <cstring>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "foundation/memory.h"
+#include "support/upper_case.h"
 #include "tree/links.h"
 #include "tree/tree_session.h"
 
@@ -17,6 +17,7 @@ namespace {
 using jt_test::children_of;
 using jt_test::Messages;
 using jt_test::Nodes;
+using jt_test::upper_case;
 
 class ChildLookup : public jt_test::TreeTest {
  protected:
@@ -24,14 +25,10 @@ class ChildLookup : public jt_test::TreeTest {
   jt_node *append(jt_node *parent, const std::string &name) {
     return add_attribute(parent, "integer", name.c_str());
   }
-  static std::string upper(std::string name) {
-    for (char &c : name) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return name;
-  }
   // What a walk from the first child finds.
   static jt_node *walk(const jt_node *parent, const std::string &name) {
     for (jt_node *const child : children_of(parent)) {
-      if (child->name != nullptr && upper(child->name) == upper(name)) return child;
+      if (child->name != nullptr && upper_case(child->name) == upper_case(name)) return child;
     }
     return nullptr;
   }
@@ -259,7 +256,7 @@ TEST_F(ChildLookup, GivesWhatAWalkGives) {
       ASSERT_EQ(destroy_node(space, some), 1);
     }
     const std::string name = some_name();
-    for (jt_node *const each : parents) ASSERT_EQ(find(each, upper(name)), walk(each, name)) << step;
+    for (jt_node *const each : parents) ASSERT_EQ(find(each, upper_case(name)), walk(each, name)) << step;
   }
   jt_test::expect_sound(*space);
 }

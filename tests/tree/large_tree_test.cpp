@@ -1,49 +1,18 @@
 // Trees that are as wide or as deep as nobody writes them are destroyed on a thread with next to no stack:
 // nothing here recurses along the tree, and nothing takes time that is quadratic in it.
 #include <gtest/gtest.h>
-#include <pthread.h>
 
-#include <climits>
 #include <cstdint>
-#include <functional>
 
+#include "support/small_stack.h"
 #include "tree/tree_session.h"
 
+namespace jt_test {
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr std::size_t kStackBytes = 512 * 1024;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr std::size_t kStackBytes = 512 * 1024;
-#else
-constexpr std::size_t kStackBytes = 64 * 1024;
-#endif
-#else
-constexpr std::size_t kStackBytes = 64 * 1024;
-#endif
 
 constexpr int kNodes = 100000;
 
-using Work = std::function<void()>;
-
-void *run(void *work) {
-  (*static_cast<Work *>(work))();
-  return nullptr;
-}
-
-void on_a_small_stack(Work work) {
-  pthread_attr_t attributes;
-  pthread_t thread{};
-  const auto least = static_cast<std::size_t>(PTHREAD_STACK_MIN);
-  ASSERT_EQ(pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, least > kStackBytes ? least : kStackBytes), 0);
-  ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
-  EXPECT_EQ(pthread_join(thread, nullptr), 0);
-  EXPECT_EQ(pthread_attr_destroy(&attributes), 0);
-}
-
-class LargeTree : public jt_test::TreeTest {
+class LargeTree : public TreeTest {
  protected:
   // Attributes named "header" hold attributes, so they nest as deep as one likes.
   jt_node *deep_chain() {
@@ -170,3 +139,4 @@ TEST_F(LargeTree, ASessionClosesWithAWideTree) {
 }
 
 }  // namespace
+}  // namespace jt_test
