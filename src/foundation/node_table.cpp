@@ -18,7 +18,7 @@ std::size_t words_for(std::size_t bits) { return (bits + kWordBits - 1) / kWordB
 // Words of all levels of a bitmap over so many slots.
 std::size_t bitmap_words(std::size_t slots) {
   std::size_t words = 0;
-  for (int level = 0; level < FreeSlots::kLevels; ++level) {
+  for (std::uint32_t level = 0; level < FreeSlots::kLevels; ++level) {
     slots = words_for(slots);
     words += slots;
   }
@@ -36,7 +36,9 @@ bool reserve(jt_parser_space &space, std::int32_t wanted) {
   auto *words = reinterpret_cast<std::uint32_t *>(block + slots);
   auto old_bits = static_cast<std::size_t>(map.reserved);
   std::size_t new_bits = slots;
+  map.height = 0;
   for (std::uint32_t *&level : map.levels) {
+    if (new_bits > 1) ++map.height;
     old_bits = words_for(old_bits);
     new_bits = words_for(new_bits);
     std::copy_n(level, level != nullptr ? old_bits : 0, words);
@@ -60,6 +62,8 @@ bool grow(jt_parser_space &space) {
 
 void set_free(FreeSlots &map, std::int32_t slot) {
   auto bit = static_cast<std::uint32_t>(slot);
+  map.lowest = map.free > 0 ? std::min(map.lowest, bit / kWordBits) : bit / kWordBits;
+  ++map.free;
   for (std::uint32_t *const level : map.levels) {
     std::uint32_t &word = level[bit / kWordBits];
     const bool known_above = word != 0;
@@ -67,25 +71,33 @@ void set_free(FreeSlots &map, std::int32_t slot) {
     if (known_above) break;
     bit /= kWordBits;
   }
-  ++map.free;
 }
 
-// The top level is one word; each step down follows the lowest bit that is set.
-std::int32_t take_lowest_free(FreeSlots &map) {
-  std::uint32_t bit = 0;
-  for (int level = FreeSlots::kLevels - 1; level >= 0; --level) {
-    bit = bit * kWordBits +
-          static_cast<std::uint32_t>(std::countr_zero(map.levels[static_cast<std::size_t>(level)][bit]));
-  }
-  const auto slot = static_cast<std::int32_t>(bit);
-  for (std::uint32_t *const level : map.levels) {
-    std::uint32_t &word = level[bit / kWordBits];
+// The words of level 0 up to this one have become zero. The highest level is one word; each step down follows
+// the lowest bit that is set.
+std::uint32_t next_lowest(FreeSlots &map, std::uint32_t emptied) {
+  std::uint32_t bit = emptied;
+  for (std::uint32_t level = 1; level < FreeSlots::kLevels; ++level) {
+    std::uint32_t &word = map.levels[level][bit / kWordBits];
     word &= word - 1;
     if (word != 0) break;
     bit /= kWordBits;
   }
+  bit = 0;
+  if (map.free == 0) return bit;
+  for (std::uint32_t level = map.height; level-- > 1;) {
+    bit = bit * kWordBits + static_cast<std::uint32_t>(std::countr_zero(map.levels[level][bit]));
+  }
+  return bit;
+}
+
+std::int32_t take_lowest_free(FreeSlots &map) {
+  std::uint32_t &word = map.levels[0][map.lowest];
+  const auto slot = map.lowest * kWordBits + static_cast<std::uint32_t>(std::countr_zero(word));
+  word &= word - 1;
   --map.free;
-  return slot;
+  if (word == 0) map.lowest = next_lowest(map, map.lowest);
+  return static_cast<std::int32_t>(slot);
 }
 
 }  // namespace
@@ -118,6 +130,11 @@ std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node) {
   return slot;
 }
 
+void vacate_slot(jt_parser_space &space, std::int32_t bookmark) {
+  space.table.slots[bookmark] = released_slot();
+  set_free(space.free_slots, bookmark);
+}
+
 std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark) {
   if (space == nullptr) return 1;
   NodeTable &table = space->table;
@@ -126,13 +143,8 @@ std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark) {
     return 1;
   }
   if (table.slots[bookmark] == released_slot()) return 0;
-  table.slots[bookmark] = released_slot();
-  set_free(space->free_slots, bookmark);
+  vacate_slot(*space, bookmark);
   return 1;
-}
-
-bool holds_node(const jt_parser_space &space, std::int32_t bookmark, const jt_node *node) {
-  return bookmark >= 0 && bookmark < space.table.count && space.table.slots[bookmark] == node;
 }
 
 }  // namespace jt

@@ -24,9 +24,11 @@ struct NodeTable {
 // Free slots below the count. Level 0 has a bit for each slot; a bit of a higher level says that the word
 // below it is not zero.
 struct FreeSlots {
-  static constexpr int kLevels = 7;
+  static constexpr std::uint32_t kLevels = 7;
   std::array<std::uint32_t *, kLevels> levels;
   std::int32_t reserved;  // slots that the storage has room for
+  std::uint32_t height;   // levels in use; the highest is one word
+  std::uint32_t lowest;   // the first word of level 0 that is not zero, while any is
   std::int32_t free;      // bits set in level 0
 };
 
@@ -37,11 +39,16 @@ void close_node_table(jt_parser_space &space);
 // The bookmark of the slot that now holds the node, or -1 after a report.
 std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node);
 
+// Makes a live slot free.
+void vacate_slot(jt_parser_space &space, std::int32_t bookmark);
+
 // 1 when the slot was live or the bookmark was refused with a report; 0 when it had been released before.
 std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark);
 
 // Whether this very node stands in the slot.
-bool holds_node(const jt_parser_space &space, std::int32_t bookmark, const jt_node *node);
+inline bool holds_node(const NodeTable &table, std::int32_t bookmark, const jt_node *node) {
+  return bookmark >= 0 && bookmark < table.count && table.slots[bookmark] == node;
+}
 
 }  // namespace jt
 

@@ -27,8 +27,10 @@ Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Ou
 Outcome open_block(Decoder &decoder, jt_node *node) {
   if (node == nullptr) return Outcome::kStopped;
   jt_parser_space *const space = decoder.space;
-  if (!has_known_type(*node)) report_unknown_type(space, node->node_class, node->unresolved_type_name);
-  if (node->name != nullptr && find_child(*decoder.top, node->name) != nullptr) {
+  if (!has_known_type(*node)) {
+    report_unknown_type(space, node->node_class, view_of(node->unresolved_type_name));
+  }
+  if (node->name != nullptr && find_namesake(*decoder.top, *node) != nullptr) {
     report(space, message::kDuplicateName, node->name);
     destroy_node(space, node);
     return Outcome::kStopped;
@@ -43,16 +45,14 @@ Outcome close_block(Decoder &decoder, const Token & /*token*/) {
   return Outcome::kAccepted;
 }
 
-std::string_view kept_text(const Decoder &decoder) { return {decoder.kept.data(), decoder.kept_length}; }
-
 Outcome keep_name(Decoder &decoder, const Token &token) {
-  if (token.text.size() <= kMostName) return keep_text(decoder, token);
+  if (token.text.size() <= kMostName) return keep_word(decoder, token);
   report(decoder.space, message::kNameTooLong, token.text);
   return Outcome::kRefused;
 }
 
 Outcome keep_type(Decoder &decoder, const Token &token, std::int32_t node_class) {
-  decoder.type = jt_get_type(decoder.space, token.text.data(), node_class, decoder.top);
+  decoder.type = look_up_type(decoder.space, token.text, node_class, decoder.top);
   return accepted_if(decoder.type != nullptr && decoder.type != unknown_type());
 }
 
@@ -63,19 +63,20 @@ Outcome keep_service_type(Decoder &decoder, const Token &token) {
 }
 
 Outcome open_service(Decoder &decoder, const Token & /*token*/) {
-  return open_block(
-      decoder, make_typed_node(*decoder.space, decoder.type, nullptr, kept_text(decoder), JT_NODE_SERVICE));
+  return open_block(decoder,
+                    make_typed_node(*decoder.space, decoder.type, nullptr, decoder.kept, JT_NODE_SERVICE));
 }
 
 Outcome open_invocation(Decoder &decoder, std::string_view name) {
   const char *const type_name = decoder.top->name;
-  const jt_type *const type = jt_get_type(decoder.space, type_name, JT_NODE_INVOCATION, decoder.top);
+  const jt_type *const type =
+      look_up_type(decoder.space, view_of(type_name), JT_NODE_INVOCATION, decoder.top);
   if (type == nullptr) return Outcome::kStopped;
   return open_block(decoder, make_typed_node(*decoder.space, type, type_name, name, JT_NODE_INVOCATION));
 }
 
 Outcome open_named_invocation(Decoder &decoder, const Token & /*token*/) {
-  return open_invocation(decoder, kept_text(decoder));
+  return open_invocation(decoder, decoder.kept);
 }
 
 Outcome open_unnamed_invocation(Decoder &decoder, const Token & /*token*/) {
@@ -111,7 +112,7 @@ Outcome keep_attribute_type(Decoder &decoder, const Token &token) {
 Outcome open_attribute(Decoder &decoder, const Token &token) {
   if (keep_name(decoder, token) == Outcome::kRefused) return Outcome::kRefused;
   jt_node *const node =
-      make_typed_node(*decoder.space, decoder.type, nullptr, kept_text(decoder), JT_NODE_ATTRIBUTE);
+      make_typed_node(*decoder.space, decoder.type, nullptr, decoder.kept, JT_NODE_ATTRIBUTE);
   if (node != nullptr) node->non_compulsory = decoder.non_compulsory;
   return open_block(decoder, node);
 }
@@ -130,7 +131,7 @@ Outcome add_value(Decoder &decoder, const Token &token) {
     return Outcome::kStopped;
   }
   const MadeValue value =
-      make_value_node(*decoder.space, decoder.top->type, decoder.cursor.buffer.data(), token.text);
+      make_value_node(*decoder.space, decoder.top->type, writable_text(decoder.cursor, token), token.text);
   if (value.node != nullptr) append_child(*decoder.top, *value.node);
   return value.result == Making::kNoMemory ? Outcome::kStopped : Outcome::kAccepted;
 }
@@ -139,23 +140,24 @@ Outcome add_value(Decoder &decoder, const Token &token) {
 
 Outcome store_status(Decoder &decoder, const Token &token) {
   std::uint32_t number = 0;
-  if (find_status_number(token.text.data(), number)) {
+  const char *const text = writable_text(decoder.cursor, token);
+  if (find_status_number(text, number)) {
     set_status_number(*decoder.space, *decoder.top, number);
     return Outcome::kAccepted;
   }
-  jt_status *const status = get_status(decoder.space, token.text.data());
+  jt_status *const status = get_status(decoder.space, text);
   if (status == nullptr) return Outcome::kStopped;
   adopt_status(*decoder.space, *decoder.top, status);
   return Outcome::kAccepted;
 }
 
 Outcome begin_status_text(Decoder &decoder, const Token & /*token*/) {
-  decoder.kept_length = 0;
+  decoder.kept = {};
   return Outcome::kAccepted;
 }
 
 Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
-  char *const text = copy_text(decoder.space, kept_text(decoder));
+  char *const text = copy_text(decoder.space, decoder.kept);
   if (text == nullptr) {
     report(decoder.space, message::kNoStatusText);
     return Outcome::kStopped;
@@ -165,7 +167,7 @@ Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
 }
 
 Outcome store_service_text(Decoder &decoder, const Token &token) {
-  return decoder.kept_length > 0 ? store_status_text(decoder, token) : Outcome::kAccepted;
+  return !decoder.kept.empty() ? store_status_text(decoder, token) : Outcome::kAccepted;
 }
 
 // ---- Endings ----------------------------------------------------------------------------------------------
@@ -225,7 +227,7 @@ constexpr std::array kServiceRows = {
     Row{State::kBetweenServices, kOpenBracket, nullptr, State::kServiceType},
     Row{State::kBetweenServices, kLess, end_services<State::kBetweenServices>, State::kFinished},
     Row{State::kServiceType, kWord, keep_service_type, State::kServiceName},
-    Row{State::kServiceName, kWord, keep_text, State::kServiceNamed},
+    Row{State::kServiceName, kWord, keep_word, State::kServiceNamed},
     Row{State::kServiceNamed, kCloseBracket, open_service, State::kInService},
     Row{State::kInService, one_of(TokenKind::kEnd), nullptr, State::kAfterService},
     Row{State::kInService, kOpenBrace, open_unnamed_invocation, State::kInInvocation},
@@ -290,8 +292,8 @@ constexpr std::array kHeaderRows = {
 constexpr auto kBodyTable = by_state(kServiceRows, kAttributeRows);
 constexpr auto kHeaderTable = by_state(kHeaderRows, kAttributeRows);
 
-constexpr Machine kBody = {kBodyTable.rows.data(), kBodyTable.begin.data(), end_of_text, report_expected};
-constexpr Machine kHeaderAttributes = {kHeaderTable.rows.data(), kHeaderTable.begin.data(), nullptr,
+constexpr Machine kBody = {kBodyTable.rows.data(), kBodyTable.first.data(), end_of_text, report_expected};
+constexpr Machine kHeaderAttributes = {kHeaderTable.rows.data(), kHeaderTable.first.data(), nullptr,
                                        report_header_attribute};
 
 }  // namespace

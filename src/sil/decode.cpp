@@ -23,7 +23,7 @@ void begin_decoding(Decoder &decoder, jt_parser_space &space, jt_node &root, con
   decoder.type = nullptr;
   decoder.non_compulsory = 0;
   decoder.header_class = JT_NODE_HEADER;
-  decoder.kept_length = 0;
+  decoder.version = decoder.kept = {};
 }
 
 }  // namespace

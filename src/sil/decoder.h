@@ -84,9 +84,9 @@ struct Decoder {
   const jt_type *type;          // of the block or attribute whose name comes next
   std::int32_t non_compulsory;  // of the attribute whose name comes next
   std::int32_t header_class;
-  std::size_t kept_length;
-  std::array<char, kMostTokenText + 1> kept;  // a name, a status text, the header's identifier
-  std::array<char, kMostTokenText + 1> version;
+  std::string_view version;  // of the header
+  std::string_view kept;     // a name, a status text, the header's identifier
+  std::array<char, kMostTokenText> kept_storage;
 };
 
 enum class Outcome : std::uint8_t {
@@ -122,14 +122,22 @@ struct Row {
 
 constexpr std::size_t kStateCount = static_cast<std::size_t>(State::kFinished);
 
-// Rows put together by state, so that only those of one state are looked at. Rows of one state keep their
-// order.
+constexpr std::size_t kTokenKinds = static_cast<std::size_t>(TokenKind::kEndOfText) + 1;
+
+// Rows put together by state and closed by a row that takes any token, with the first row for each state and
+// token. Rows of one state keep their order.
 template <std::size_t Count>
 struct RowTable {
-  std::array<Row, Count> rows{};
-  std::array<std::uint8_t, kStateCount + 1> begin{};  // where the rows of a state begin
-  static_assert(Count <= UINT8_MAX);
+  std::array<Row, Count + 1> rows{};
+  std::array<std::array<std::uint8_t, kTokenKinds>, kStateCount> first{};
+  static_assert(Count < UINT8_MAX);
 };
+
+// The next row from `row` on that a token in a state may take.
+constexpr const Row *row_for(const Row *row, State state, TokenKind kind) {
+  while (row->from != State::kFinished && (row->from != state || !contains(row->tokens, kind))) ++row;
+  return row;
+}
 
 template <std::size_t... Counts>
 consteval RowTable<(Counts + ...)> by_state(const std::array<Row, Counts> &...parts) {
@@ -140,16 +148,21 @@ consteval RowTable<(Counts + ...)> by_state(const std::array<Row, Counts> &...pa
       if (static_cast<std::size_t>(row.from) == state) table.rows[used++] = row;
     }
   };
+  for (std::size_t state = 0; state < kStateCount; ++state) (take_from(parts, state), ...);
+  table.rows[used].from = State::kFinished;
   for (std::size_t state = 0; state < kStateCount; ++state) {
-    (take_from(parts, state), ...);
-    table.begin[state + 1] = static_cast<std::uint8_t>(used);
+    for (std::size_t kind = 0; kind < kTokenKinds; ++kind) {
+      const Row *const first =
+          row_for(table.rows.data(), static_cast<State>(state), static_cast<TokenKind>(kind));
+      table.first[state][kind] = static_cast<std::uint8_t>(first - table.rows.data());
+    }
   }
   return table;
 }
 
 struct Machine {
   const Row *rows;
-  const std::uint8_t *begin;  // of each state's rows, and one more
+  const std::array<std::uint8_t, kTokenKinds> *first;  // row by state and token
   // What the end of the text means in a state; null where it is a token like any other.
   bool (*at_end)(Decoder &decoder, State state);
   // Reports a token that no row takes.
@@ -168,7 +181,8 @@ const char *text_at(const Decoder &decoder, const Token &token);
 // Whether the text has a header, so that an end marker must close it.
 inline bool has_header(const jt_node &container) { return container.previous_sibling != nullptr; }
 
-// Keeps the token's text for later.
+// Keeps the token's text for later: as it stands in the SIL text, or a copy where that may be another.
+Outcome keep_word(Decoder &decoder, const Token &token);
 Outcome keep_text(Decoder &decoder, const Token &token);
 
 // The stages, in their order. Each reports what is wrong and returns whether decoding goes on.

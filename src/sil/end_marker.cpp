@@ -22,7 +22,7 @@ bool end_of_text(Decoder &decoder, State state) {
 }
 
 constexpr auto kTable = by_state(kRows);
-constexpr Machine kMachine = {kTable.rows.data(), kTable.begin.data(), end_of_text, report_expected};
+constexpr Machine kMachine = {kTable.rows.data(), kTable.first.data(), end_of_text, report_expected};
 
 }  // namespace
 

@@ -1,7 +1,5 @@
 // The header stage: the optional "< SIL version encoding identifier >" in its three forms, with the
 // attributes that may follow it.
-#include <cstring>
-
 #include "foundation/error_store.h"
 #include "foundation/memory.h"
 #include "sil/decoder.h"
@@ -39,7 +37,7 @@ Outcome accept_plain_form(Decoder &decoder, const Token &token) {
 }
 
 Outcome keep_version(Decoder &decoder, const Token &token) {
-  std::memcpy(decoder.version.data(), token.text.data(), token.text.size() + 1);
+  decoder.version = token.text;
   if (!same_name(token.text, kVersion)) report(decoder.space, message::kVersionMismatch);
   return Outcome::kAccepted;
 }
@@ -66,9 +64,9 @@ struct HeaderValue {
 
 // The header is linked to its three attributes only when it has them all.
 bool make_header_attributes(Decoder &decoder) {
-  const std::array<HeaderValue, 3> values = {{{"LanguageVersion", decoder.version.data()},
+  const std::array<HeaderValue, 3> values = {{{"LanguageVersion", decoder.version},
                                               {"CharacterEncoding", kEncoding},
-                                              {"InteractionID", {decoder.kept.data(), decoder.kept_length}}}};
+                                              {"InteractionID", decoder.kept}}};
   std::array<jt_node *, 3> attributes{};
   for (std::size_t i = 0; i < values.size(); ++i) {
     attributes[i] = make_header_attribute(decoder, values[i].name, values[i].text);
@@ -103,13 +101,13 @@ constexpr std::array kRows = {
     Row{State::kHeaderWord, one_of(TokenKind::kWord), accept_language, State::kHeaderVersion},
     Row{State::kHeaderVersion, one_of(TokenKind::kWord), keep_version, State::kHeaderEncoding},
     Row{State::kHeaderEncoding, kAnyToken, check_encoding, State::kHeaderIdentifier},
-    Row{State::kHeaderIdentifier, one_of(TokenKind::kWord), keep_text, State::kHeaderEnd},
+    Row{State::kHeaderIdentifier, one_of(TokenKind::kWord), keep_word, State::kHeaderEnd},
     Row{State::kHeaderEnd, one_of(TokenKind::kGreater), nullptr, State::kHeaderSaved},
     Row{State::kHeaderSaved, kBehindHeader, save_header, State::kFinished},
 };
 
 constexpr auto kTable = by_state(kRows);
-constexpr Machine kMachine = {kTable.rows.data(), kTable.begin.data(), nullptr, report_expected};
+constexpr Machine kMachine = {kTable.rows.data(), kTable.first.data(), nullptr, report_expected};
 
 }  // namespace
 

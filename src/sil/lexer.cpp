@@ -62,7 +62,7 @@ char unescape(char letter) {
   return letter;
 }
 
-// One word under construction, from its first character to its token.
+// A word with escapes, or one that is not well formed, under construction.
 class WordReader {
  public:
   WordReader(jt_parser_space *space, SilCursor &cursor) : space_(space), cursor_(cursor) {}
@@ -139,10 +139,8 @@ class WordReader {
   }
 
   Token finish() {
-    cursor_.buffer[length_] = '\0';
     const std::string_view text(cursor_.buffer.data(), length_);
-    if (quoted_ || escaped_) return {TokenKind::kString, text};
-    return {same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text};
+    return {TokenKind::kString, text};
   }
 
   jt_parser_space *space_;
@@ -164,19 +162,46 @@ Token read_comment(jt_parser_space *space, SilCursor &cursor) {
     cursor.buffer[length++] = *cursor.position;
   }
   cursor.buffer[length++] = '\n';
-  cursor.buffer[length] = '\0';
   return {TokenKind::kComment, {cursor.buffer.data(), length}};
 }
 
-// Punctuation may stand as a status, so its text is terminated like any other.
 Token read_punctuation(SilCursor &cursor) {
-  const Byte &byte = byte_at(cursor.position);
-  const bool doubled = byte.punctuation == TokenKind::kBar && cursor.position[1] == '|';
+  const char *const begin = cursor.position;
+  const bool doubled = begin[0] == '|' && begin[1] == '|';
   const std::size_t length = doubled ? 2 : 1;
-  cursor.buffer[0] = cursor.buffer[1] = *cursor.position;
-  cursor.buffer[length] = '\0';
   cursor.position += length;
-  return {doubled ? TokenKind::kDoubleBar : byte.punctuation, {cursor.buffer.data(), length}};
+  return {doubled ? TokenKind::kDoubleBar : byte_at(begin).punctuation, {begin, length}};
+}
+
+// A token that stands in the SIL text as it is meant. One white space behind it goes with it.
+Token finish_plain(SilCursor &cursor, const char *end, TokenKind kind, std::string_view text) {
+  cursor.position = class_at(end) == ByteClass::kSpace ? end + 1 : end;
+  return {kind, text};
+}
+
+bool goes_on(const char *end) {
+  const ByteClass next = class_at(end);
+  return next == ByteClass::kWord || next == ByteClass::kBackslash || next == ByteClass::kQuote;
+}
+
+// A word or a quoted string; what it is not sure about is left to the careful reader.
+Token read_word(jt_parser_space *space, SilCursor &cursor) {
+  const char *end = cursor.position;
+  while (class_at(end) == ByteClass::kWord) ++end;
+  const std::string_view text(cursor.position, static_cast<std::size_t>(end - cursor.position));
+  if (goes_on(end) || text.size() > kMostTokenText) return WordReader(space, cursor).read();
+  return finish_plain(cursor, end, same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text);
+}
+
+bool ends_plain_string(char c) { return c == '"' || c == '\\' || c == '\0'; }
+
+Token read_string(jt_parser_space *space, SilCursor &cursor) {
+  const char *const begin = cursor.position + 1;
+  const char *end = begin;
+  while (!ends_plain_string(*end)) ++end;
+  const std::string_view text(begin, static_cast<std::size_t>(end - begin));
+  if (*end != '"' || goes_on(end + 1) || text.size() > kMostQuoted) return WordReader(space, cursor).read();
+  return finish_plain(cursor, end + 1, TokenKind::kString, text);
 }
 
 }  // namespace
@@ -191,12 +216,20 @@ Token next_token(jt_parser_space *space, SilCursor &cursor) {
       return read_punctuation(cursor);
     case ByteClass::kHash:
       return read_comment(space, cursor);
+    case ByteClass::kQuote:
+      return read_string(space, cursor);
     default:
-      return WordReader(space, cursor).read();
+      return read_word(space, cursor);
   }
 }
 
 void restore_token(SilCursor &cursor) { cursor.position = cursor.mark; }
+
+char *writable_text(SilCursor &cursor, const Token &token) {
+  std::memmove(cursor.buffer.data(), token.text.data(), token.text.size());
+  cursor.buffer[token.text.size()] = '\0';
+  return cursor.buffer.data();
+}
 
 const char *text_before(const SilCursor &cursor, std::size_t characters) {
   const auto read = static_cast<std::size_t>(cursor.position - cursor.begin);

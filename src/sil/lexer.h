@@ -1,5 +1,6 @@
 // The lexer cuts SIL text into tokens, one for each call, and can hand the last one out again. It allocates
-// nothing: the text of a token lies in the cursor's buffer until the next call.
+// and, as a rule, copies nothing: the text of a token is a piece of the SIL text. Only what is not there as
+// it is meant (escapes, comments) is put together in the cursor's buffer, and stays until the next call.
 #ifndef JT_SIL_LEXER_H
 #define JT_SIL_LEXER_H
 
@@ -42,7 +43,7 @@ enum class TokenKind : std::uint8_t {
 
 struct Token {
   TokenKind kind;
-  std::string_view text;
+  std::string_view text;  // not terminated; that of a kWord lies in the SIL text
 };
 
 // The longest text of a token. In quotes the limit is lower: see kMostQuoted in lexer.cpp.
@@ -52,7 +53,6 @@ struct SilCursor {
   const char *position;  // the next unread character
   const char *mark;      // where the last call began
   const char *begin;     // of the whole text; no report points before it
-  // The text of the last token. Terminated, and the reader of a token may write into it.
   std::array<char, kMostTokenText + 1> buffer;
 };
 
@@ -61,6 +61,9 @@ Token next_token(jt_parser_space *space, SilCursor &cursor);
 
 // Makes the next call read the last token again.
 void restore_token(SilCursor &cursor);
+
+// The text of the last token, terminated, where the caller may write into it until the next call.
+char *writable_text(SilCursor &cursor, const Token &token);
 
 // The text so many characters before the current position, for the detail of a report.
 const char *text_before(const SilCursor &cursor, std::size_t characters);

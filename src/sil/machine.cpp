@@ -84,9 +84,9 @@ bool attach_comment(Decoder &decoder, const Token &token, State state) {
 
 // The state after the token, or kFinished; false when the token stops the machine.
 bool step(Decoder &decoder, const Machine &machine, const Token &token, State &state) {
-  const std::uint8_t *const begin = machine.begin + static_cast<std::size_t>(state);
-  for (const Row *row = machine.rows + begin[0]; row != machine.rows + begin[1]; ++row) {
-    if (!contains(row->tokens, token.kind)) continue;
+  const auto &first = machine.first[static_cast<std::size_t>(state)];
+  for (const Row *row = machine.rows + first[static_cast<std::size_t>(token.kind)]; row->from == state;
+       row = row_for(row + 1, state, token.kind)) {
     const Outcome outcome = row->action != nullptr ? row->action(decoder, token) : Outcome::kAccepted;
     if (outcome == Outcome::kStopped) return false;
     if (outcome == Outcome::kRefused) continue;
@@ -123,9 +123,14 @@ const char *text_at(const Decoder &decoder, const Token &token) {
   return text_before(decoder.cursor, token.text.size() + 1);
 }
 
+Outcome keep_word(Decoder &decoder, const Token &token) {
+  decoder.kept = token.text;
+  return Outcome::kAccepted;
+}
+
 Outcome keep_text(Decoder &decoder, const Token &token) {
-  std::memcpy(decoder.kept.data(), token.text.data(), token.text.size());
-  decoder.kept_length = token.text.size();
+  std::memcpy(decoder.kept_storage.data(), token.text.data(), token.text.size());
+  decoder.kept = {decoder.kept_storage.data(), token.text.size()};
   return Outcome::kAccepted;
 }
 

@@ -70,7 +70,7 @@ void report_wrong_token(Decoder &decoder, const Token &token, State state) {
 }
 
 constexpr auto kTable = by_state(kRows);
-constexpr Machine kMachine = {kTable.rows.data(), kTable.begin.data(), fail_at_end, report_wrong_token};
+constexpr Machine kMachine = {kTable.rows.data(), kTable.first.data(), fail_at_end, report_wrong_token};
 
 }  // namespace
 

@@ -144,12 +144,17 @@ jt_node *find_in_list(jt_node &parent, const Key &key, bool hashed) {
   return child;
 }
 
+jt_node *find_by_name(jt_node &parent, const Key &key) {
+  return parent.index != nullptr ? entry_of(*parent.index, key) : find_in_list(parent, key, true);
+}
+
 }  // namespace
 
 jt_node *find_child(jt_node &parent, std::string_view name) {
-  const Key key = key_of_name(name);
-  return parent.index != nullptr ? entry_of(*parent.index, key) : find_in_list(parent, key, true);
+  return find_by_name(parent, key_of_name(name));
 }
+
+jt_node *find_namesake(jt_node &parent, const jt_node &node) { return find_by_name(parent, key_of(node)); }
 
 jt_node *find_value(jt_node &attribute, const jt_value *value) {
   Key key = {0, true, {}, attribute.type, value};

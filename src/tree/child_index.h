@@ -15,6 +15,9 @@ namespace jt {
 // children.
 jt_node *find_child(jt_node &parent, std::string_view name);
 
+// The first child whose name is that of a node that has one.
+jt_node *find_namesake(jt_node &parent, const jt_node &node);
+
 // The first value of an attribute that its type calls equal to the given one, or null. The type is known and
 // can compare. The cost is that of find_child() for every type but "real" and types of the client's own,
 // whose values are compared one by one.

@@ -11,7 +11,7 @@ namespace {
 
 // Whether the node may be destroyed in this session: its slot holds this very node.
 bool is_registered(jt_parser_space &space, const jt_node &node) {
-  if (holds_node(space, node.bookmark, &node)) return true;
+  if (holds_node(space.table, node.bookmark, &node)) return true;
   if (node.bookmark >= space.table.count) report(&space, message::kBadBookmark);
   return false;
 }
@@ -48,8 +48,8 @@ class ReachedNodes {
   explicit ReachedNodes(jt_parser_space &space) : space_(space) {}
 
   void reach(jt_node *node) {
-    if (node == nullptr || !holds_node(space_, node->bookmark, node)) return;
-    release_bookmark(&space_, node->bookmark);
+    if (node == nullptr || !holds_node(space_.table, node->bookmark, node)) return;
+    vacate_slot(space_, node->bookmark);
     node->cursor = nullptr;
     (last_ != nullptr ? last_->cursor : first_) = node;
     last_ = node;

@@ -10,8 +10,12 @@
 namespace jt {
 namespace {
 
+bool is_block_of_its_own(const jt_node &node, const void *address) {
+  return address != nullptr && !in_piece(&node, node.piece, address);
+}
+
 void release_status(jt_parser_space &space, jt_node &node) {
-  if (node.status != nullptr && !in_piece(&node, node.piece, node.status)) kill_status(&space, node.status);
+  if (is_block_of_its_own(node, node.status)) kill_status(&space, node.status);
   node.status = nullptr;
 }
 
@@ -61,13 +65,12 @@ void *ValuePlacement::take(BlockSource &source, jt_parser_space &space, std::siz
 }
 
 void release_text(jt_node &node, char *&text) {
-  if (text != nullptr && !in_piece(&node, node.piece, text)) er_free(text);
+  if (is_block_of_its_own(node, text)) er_free(text);
   text = nullptr;
 }
 
 void release_value(jt_parser_space &space, jt_node &node) {
-  const bool owned =
-      node.value != nullptr && has_known_type(node) && !in_piece(&node, node.piece, node.value);
+  const bool owned = is_block_of_its_own(node, node.value) && has_known_type(node);
   if (owned && node.type->kill != nullptr) node.type->kill(&space, node.value);
   node.value = nullptr;
 }
@@ -84,14 +87,14 @@ void adopt_status(jt_parser_space &space, jt_node &node, jt_status *status) {
 }
 
 void release_node(jt_parser_space &space, jt_node *node) {
-  release_comment(*node);
+  if (node->comment != nullptr) release_comment(*node);
   for (char **const text :
        {&node->name, &node->unresolved_type_name, &node->pending_value, &node->overridden_value}) {
     release_text(*node, *text);
   }
   release_value(space, *node);
   release_status(space, *node);
-  drop_index(*node);
+  if (node->index != nullptr) drop_index(*node);
   release_piece(space, node, node->piece);
 }
 

@@ -231,11 +231,13 @@ static_assert(is_table(validation_type_tab, MAX_VALIDATION_TYPES));
 // Half of the slots or more stay free, so that probing is short and always ends.
 template <std::size_t Rows>
 consteval TypeTable table(const jt_type (&rows)[Rows]) {
-  TypeTable table = {rows, Rows, {}};
-  static_assert(Rows * 2 <= sizeof(table.slots));
+  TypeTable table = {rows, Rows, {}, {}};
+  static_assert(Rows * 2 <= sizeof(table.slots) && Rows <= sizeof(table.lengths));
   std::uint8_t entry = 0;
   for (const jt_type &row : rows) {
-    std::size_t slot = name_hash(row.name) % table.slots.size();
+    const std::string_view name = row.name;
+    table.lengths[entry] = static_cast<std::uint8_t>(name.size());
+    std::size_t slot = name_hash(name) % table.slots.size();
     while (table.slots[slot] != 0) slot = (slot + 1) % table.slots.size();
     table.slots[slot] = ++entry;
   }
@@ -245,7 +247,11 @@ consteval TypeTable table(const jt_type (&rows)[Rows]) {
 constexpr TypeTable kBaseTable = table(kBaseTypes);
 
 struct Service {
+  consteval Service(std::string_view its_name, const TypeTable &its_table)
+      : name(its_name), hash(name_hash(its_name)), table(its_table) {}
+
   std::string_view name;
+  std::uint32_t hash;
   TypeTable table;
 };
 
@@ -267,26 +273,23 @@ constexpr std::array<Service, 14> kServices = {{
     {"kmt_dscrpt_metadata", table(metadata_type_tab)},
 }};
 
-const jt_type *find_row(const TypeTable &table, const char *name, std::uint32_t hash) {
+const jt_type *find_row(const TypeTable &table, std::string_view name, std::uint32_t hash) {
   for (std::uint32_t slot = hash;; ++slot) {
-    const unsigned entry = table.slots[slot % table.slots.size()];
+    const std::size_t entry = table.slots[slot % table.slots.size()];
     if (entry == 0) return nullptr;
-    if (lowercasecmp(table.rows[entry - 1].name, name) == 0) return &table.rows[entry - 1];
+    const jt_type &row = table.rows[entry - 1];
+    if (same_name({row.name, table.lengths[entry - 1]}, name)) return &row;
   }
 }
 
 }  // namespace
 
-const jt_type *find_type_in_table(const TypeTable &table, const char *name) {
-  return name != nullptr ? find_row(table, name, name_hash(name)) : nullptr;
-}
+const jt_type *find_base_type(std::string_view name) { return find_row(kBaseTable, name, name_hash(name)); }
 
-const jt_type *find_base_type(const char *name) { return find_type_in_table(kBaseTable, name); }
-
-const TypeTable *find_service_table(const char *service_name) {
-  const std::string_view sought = view_of(service_name);
+const TypeTable *find_service_table(std::string_view service_name) {
+  const std::uint32_t hash = name_hash(service_name);
   const auto *const found = std::find_if(kServices.begin(), kServices.end(), [&](const Service &service) {
-    return same_name(service.name, sought);
+    return service.hash == hash && same_name(service.name, service_name);
   });
   return found != kServices.end() ? &found->table : nullptr;
 }
@@ -301,22 +304,21 @@ const TypeTable *find_table_of_row(const jt_type *row) {
   return found != kServices.end() && row->eval == nullptr ? &found->table : nullptr;
 }
 
-const jt_type *find_type_in_scope(const TypeTable *table, const char *type_name) {
-  if (type_name == nullptr) return nullptr;
+const jt_type *find_type_in_scope(const TypeTable *table, std::string_view type_name) {
   const std::uint32_t hash = name_hash(type_name);
   const jt_type *const found = table != nullptr ? find_row(*table, type_name, hash) : nullptr;
   return found != nullptr ? found : find_row(kBaseTable, type_name, hash);
 }
 
 // The row stands in the service's own table.
-const jt_type *find_service_row(const char *name) {
+const jt_type *find_service_row(std::string_view name) {
   const TypeTable *const table = find_service_table(name);
-  return table != nullptr ? find_type_in_table(*table, name) : nullptr;
+  return table != nullptr ? find_row(*table, name, name_hash(name)) : nullptr;
 }
 
 }  // namespace jt
 
 extern "C" const jt_type *get_type_from_services(jt_parser_space * /*space*/, const char *service_name,
                                                  const char *type_name) {
-  return jt::find_type_in_scope(jt::find_service_table(service_name), type_name);
+  return jt::find_type_in_scope(jt::find_service_table(jt::view_of(service_name)), jt::view_of(type_name));
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 #include "jt.h"
 
@@ -13,24 +14,24 @@ namespace jt {
 struct TypeTable {
   const jt_type *rows;
   std::int32_t count;
-  std::array<std::uint8_t, 64> slots;  // hash table of the names: row + 1, or 0; probed linearly
+  std::array<std::uint8_t, 64> slots;    // hash table of the names: row + 1, or 0; probed linearly
+  std::array<std::uint8_t, 24> lengths;  // of the names
 };
 
-// Each find answers null for a null name.
-const jt_type *find_type_in_table(const TypeTable &table, const char *name);
-const jt_type *find_base_type(const char *name);
+// Each find answers null for an empty name.
+const jt_type *find_base_type(std::string_view name);
 
 // The table of one of the fourteen services that have one to look in.
-const TypeTable *find_service_table(const char *service_name);
+const TypeTable *find_service_table(std::string_view service_name);
 
 // The table that holds such a service's own row; null for any other row.
 const TypeTable *find_table_of_row(const jt_type *row);
 
 // The type of that name in a service's table, or else among the built-in types; these alone without a table.
-const jt_type *find_type_in_scope(const TypeTable *table, const char *type_name);
+const jt_type *find_type_in_scope(const TypeTable *table, std::string_view type_name);
 
 // The row that stands for such a service itself.
-const jt_type *find_service_row(const char *name);
+const jt_type *find_service_row(std::string_view name);
 
 }  // namespace jt
 

@@ -175,12 +175,12 @@ TEST_F(NodeTable, WithoutASessionNothingIsAssignedAndReleasingAnswersOne) {
 TEST_F(NodeTable, KnowsWhichNodeStandsInASlot) {
   fill(3);
   release(2);
-  EXPECT_TRUE(jt::holds_node(space, 1, node(1)));
-  EXPECT_FALSE(jt::holds_node(space, 1, node(0)));
-  EXPECT_FALSE(jt::holds_node(space, 2, node(2)));
-  EXPECT_FALSE(jt::holds_node(space, 3, node(3)));
-  EXPECT_FALSE(jt::holds_node(space, -1, node(0)));
-  EXPECT_FALSE(jt::holds_node(space, std::numeric_limits<int32_t>::max(), node(0)));
+  EXPECT_TRUE(jt::holds_node(space.table, 1, node(1)));
+  EXPECT_FALSE(jt::holds_node(space.table, 1, node(0)));
+  EXPECT_FALSE(jt::holds_node(space.table, 2, node(2)));
+  EXPECT_FALSE(jt::holds_node(space.table, 3, node(3)));
+  EXPECT_FALSE(jt::holds_node(space.table, -1, node(0)));
+  EXPECT_FALSE(jt::holds_node(space.table, std::numeric_limits<int32_t>::max(), node(0)));
 }
 
 TEST_F(NodeTable, AHundredThousandNodesComeBackLowestFirst) {
