@@ -35,6 +35,20 @@ char *copy_text(jt_parser_space *space, std::string_view text) {
   return fill(take_block(space, text.size() + 1), text);
 }
 
+char *offered_room(const jt_parser_space *space, std::size_t bytes) {
+  const bool offered = space != nullptr && space->text_room != nullptr && bytes <= space->text_room->bytes;
+  return offered ? space->text_room->begin : nullptr;
+}
+
+char *take_value_text(jt_parser_space *space, std::size_t bytes) {
+  char *const room = offered_room(space, bytes);
+  return room != nullptr ? room : static_cast<char *>(take_block(space, bytes));
+}
+
+char *copy_value_text(jt_parser_space *space, std::string_view text) {
+  return fill(take_value_text(space, text.size() + 1), text);
+}
+
 char *copy_plain_text(std::string_view text) { return fill(std::malloc(text.size() + 1), text); }
 
 }  // namespace jt

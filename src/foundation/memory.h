@@ -15,6 +15,13 @@ struct BlockSource {
   void *(*take)(BlockSource &source, jt_parser_space &space, std::size_t bytes) = nullptr;
 };
 
+// Room for the text of one value, offered to the type that writes it. A type that takes it hands out the room
+// instead of a block; whoever offered it knows that it is not to be released.
+struct TextRoom {
+  char *begin;
+  std::size_t bytes;
+};
+
 // A zeroed block of `bytes` bytes; null after "allocation error". Released with er_free().
 void *take_block(jt_parser_space *space, std::size_t bytes);
 
@@ -27,6 +34,14 @@ char *copy_text(jt_parser_space *space, std::string_view text);
 
 // A terminated copy on the plain heap; null without a report.
 char *copy_plain_text(std::string_view text);
+
+// The room that the session offers for the text of a value with its terminator; null when it offers none, or
+// less than this.
+char *offered_room(const jt_parser_space *space, std::size_t bytes);
+
+// The text of a value: in the offered room or in a block, which is reported like take_block().
+char *take_value_text(jt_parser_space *space, std::size_t bytes);
+char *copy_value_text(jt_parser_space *space, std::string_view text);
 
 }  // namespace jt
 

@@ -16,6 +16,7 @@ struct jt_parser_space {
   jt::FreeSlots free_slots;
   jt::PiecePool pool;
   jt::BlockSource *block_source;  // not null only while a value node is being made
+  const jt::TextRoom *text_room;  // not null only while a template is being encoded
 };
 
 #endif

@@ -1,9 +1,11 @@
 // The encoder: writes a template tree as SIL text in its one layout. Names, statuses' texts and overridden
 // values are written as they are; values are escaped.
+#include <array>
+
 #include "foundation/error_store.h"
 #include "foundation/memory.h"
+#include "foundation/parser_space.h"
 #include "foundation/text.h"
-#include "sil/escape.h"
 #include "sil/output.h"
 #include "tree/node.h"
 #include "types/status.h"
@@ -17,43 +19,56 @@ constexpr std::size_t kInvocationColumn = 1;
 constexpr std::size_t kAttributeColumn = 6;
 constexpr std::size_t kValueColumn = 25;
 
+// Offers the types room for the texts of their values, for as long as it lives: what fits needs no block.
+class OfferedRoom {
+ public:
+  explicit OfferedRoom(jt_parser_space *space) : space_(space) {
+    if (space != nullptr) space->text_room = &room_;
+  }
+  ~OfferedRoom() {
+    if (space_ != nullptr) space_->text_room = nullptr;
+  }
+  OfferedRoom(const OfferedRoom &) = delete;
+  OfferedRoom &operator=(const OfferedRoom &) = delete;
+
+  // Releases a text unless it lies in the room.
+  void release(char *text) const {
+    if (text != characters_.data()) er_free(text);
+  }
+
+ private:
+  jt_parser_space *space_;
+  std::array<char, 256> characters_{};
+  TextRoom room_ = {characters_.data(), characters_.size()};
+};
+
 struct Encoder {
   jt_parser_space *space;
   Output &out;
-  EscapedText &scratch;
+  const OfferedRoom &room;
 };
 
 // ---- Values -----------------------------------------------------------------------------------------------
 
-// A text of the library's, released at the end of its scope.
-struct OwnedText {
-  explicit OwnedText(char *owned) : text(owned) {}
-  ~OwnedText() { er_free(text); }
-  OwnedText(const OwnedText &) = delete;
-  OwnedText &operator=(const OwnedText &) = delete;
+// False when there is no memory for the text, with which the whole encoding fails.
+bool write_value(Encoder &encoder, std::string_view text, Quoting quoting, bool separate) {
+  if (separate) encoder.out.append_raw(", ");
+  return encoder.out.append_value(text, quoting, kValueColumn);
+}
 
-  char *text;
-};
-
-// Puts a text into the scratch; without memory the whole encoding fails.
-bool escape(Encoder &encoder, const char *text, Quoting quoting, const char *failure, const char *detail) {
-  if (encoder.scratch.escape(view_of(text), quoting)) return true;
-  jt_error(encoder.space, failure, detail);
+bool write_pending_value(Encoder &encoder, const jt_node &value, bool separate) {
+  if (write_value(encoder, view_of(value.pending_value), Quoting::kNone, separate)) return true;
+  if (!encoder.out.failed()) jt_error(encoder.space, message::kNoPendingText, value.pending_value);
   encoder.out.fail();
   return false;
 }
 
-// False when the value has no text, which has been reported. That is no reason to stop; want of memory is.
-bool escape_value(Encoder &encoder, const jt_node &value) {
-  if (encoder.out.failed()) return false;
-  if (!has_known_type(value)) {
-    return escape(encoder, value.pending_value, Quoting::kNone, message::kNoPendingText, value.pending_value);
-  }
+// A value without a text has been reported. That is no reason to stop; want of memory is.
+bool write_typed_value(Encoder &encoder, const jt_node &value, bool separate) {
   const jt_type &type = *value.type;
-  const OwnedText text(type.deval != nullptr ? type.deval(encoder.space, value.value) : nullptr);
-  if (text.text == nullptr) {
-    const bool no_memory = encoder.space != nullptr && ran_out_of_memory(*encoder.space);
-    if (no_memory) {
+  char *const text = type.deval != nullptr ? type.deval(encoder.space, value.value) : nullptr;
+  if (text == nullptr) {
+    if (encoder.space != nullptr && ran_out_of_memory(*encoder.space)) {
       encoder.out.fail();
     } else {
       report(encoder.space, message::kBadValue);
@@ -61,17 +76,22 @@ bool escape_value(Encoder &encoder, const jt_node &value) {
     return false;
   }
   const bool is_string = same_name(view_of(type.name), "string");
-  return escape(encoder, text.text, is_string ? Quoting::kQuotes : Quoting::kNone, message::kNoOutput, "");
+  const bool written = write_value(encoder, text, is_string ? Quoting::kQuotes : Quoting::kNone, separate);
+  encoder.room.release(text);
+  if (written) return true;
+  if (!encoder.out.failed()) report(encoder.space, message::kNoOutput);
+  encoder.out.fail();
+  return false;
 }
 
 // A value without a text is left out with its separator, so that what is written can be read.
 void write_values(Encoder &encoder, const jt_node &attribute) {
   bool separate = false;
-  for (const jt_node *value = attribute.first_child; value != nullptr; value = value->next_sibling) {
-    if (!escape_value(encoder, *value)) continue;
-    if (separate) encoder.out.append_raw(", ");
-    encoder.out.append(encoder.scratch.view(), kValueColumn, Layout::kLine);
-    separate = true;
+  for (const jt_node *value = attribute.first_child; value != nullptr && !encoder.out.failed();
+       value = value->next_sibling) {
+    const bool written = has_known_type(*value) ? write_typed_value(encoder, *value, separate)
+                                                : write_pending_value(encoder, *value, separate);
+    separate = separate || written;
   }
 }
 
@@ -228,8 +248,8 @@ extern "C" char *encode_template(jt_parser_space *space, jt_node *root) {
     return nullptr;
   }
   jt::Output out(space);
-  jt::EscapedText scratch;
-  jt::Encoder encoder = {space, out, scratch};
+  const jt::OfferedRoom room(space);
+  jt::Encoder encoder = {space, out, room};
   const jt_node *const header = root->previous_sibling;
   if (header == nullptr) {
     jt::write_body(encoder, *root);

@@ -1,7 +1,6 @@
 #include "sil/escape.h"
 
 #include <array>
-#include <cstdlib>
 
 namespace jt {
 namespace {
@@ -39,27 +38,12 @@ char *escape_into(char *out, std::string_view text, const EscapeTable &table) {
 
 }  // namespace
 
-EscapedText::~EscapedText() { std::free(heap_); }
-
-bool EscapedText::escape(std::string_view text, Quoting quoting) {
-  char *const begin = reserve(text.size() * 2 + 2);
-  if (begin == nullptr) return false;
-  char *out = begin;
-  const bool quotes = quoting == Quoting::kQuotes;
-  if (quotes) *out++ = '"';
-  out = escape_into(out, text, quotes ? kInQuotes : kBare);
-  if (quotes) *out++ = '"';
-  view_ = {begin, static_cast<std::size_t>(out - begin)};
-  return true;
-}
-
-char *EscapedText::reserve(std::size_t bytes) {
-  if (bytes <= sizeof(local_)) return local_;
-  if (bytes <= heap_room_) return heap_;
-  std::free(heap_);
-  heap_ = static_cast<char *>(std::malloc(bytes));
-  heap_room_ = heap_ != nullptr ? bytes : 0;
-  return heap_;
+char *write_escaped(char *out, std::string_view text, Quoting quoting) {
+  if (quoting == Quoting::kNone) return escape_into(out, text, kBare);
+  *out++ = '"';
+  out = escape_into(out, text, kInQuotes);
+  *out++ = '"';
+  return out;
 }
 
 }  // namespace jt

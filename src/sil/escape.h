@@ -6,32 +6,15 @@
 #include <cstddef>
 #include <string_view>
 
-#include "jt.h"
-
 namespace jt {
 
 enum class Quoting { kNone, kQuotes };
 
-// A text escaped into a buffer of the instance or, when it is long, of the heap.
-class EscapedText {
- public:
-  EscapedText() = default;
-  ~EscapedText();
-  EscapedText(const EscapedText &) = delete;
-  EscapedText &operator=(const EscapedText &) = delete;
+// Room for any text of that length, escaped.
+constexpr std::size_t escaped_room(std::size_t length) { return length * 2 + 2; }
 
-  // False when there is no memory, without a report. The view is good until the next call.
-  bool escape(std::string_view text, Quoting quoting);
-  std::string_view view() const { return view_; }
-
- private:
-  char *reserve(std::size_t bytes);
-
-  char local_[512] = {};
-  char *heap_ = nullptr;
-  std::size_t heap_room_ = 0;
-  std::string_view view_;
-};
+// Writes the escaped text; where it ends. It holds no line feed.
+char *write_escaped(char *out, std::string_view text, Quoting quoting);
 
 }  // namespace jt
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 
 #include "foundation/error_store.h"
 
@@ -14,81 +13,75 @@ constexpr std::size_t kFoldColumn = 70;
 
 thread_local std::size_t column = 0;
 
-void count_columns(std::string_view text) {
-  const std::size_t line_feed = text.rfind('\n');
-  column = line_feed == std::string_view::npos ? column + text.size() : text.size() - line_feed - 1;
-}
-
 }  // namespace
 
-Output::Output(jt_parser_space *space) : space_(space), column_before_(column) {}
+Output::Output(jt_parser_space *space) : space_(space), column_(column) {}
 
 Output::~Output() { std::free(text_); }
 
-void Output::append(std::string_view text, std::size_t indent, Layout layout) {
-  if (failed_ || text.empty()) return;
-  if (layout == Layout::kRaw) {
-    write(text);
-    count_columns(text);
-    return;
-  }
-  if (column > kFoldColumn) {
-    write("\n");
-    column = 0;
-  }
-  write_laid_out(text, indent, layout);
-}
-
 // Line by line: the indent belongs in front of every line that the text begins, the last line feed's
 // included.
-void Output::write_laid_out(std::string_view text, std::size_t indent, Layout layout) {
+void Output::append(std::string_view text, std::size_t indent, Layout layout) {
+  if (text.empty()) return;
+  fold_long_line();
   while (!text.empty()) {
     indent_line(indent, layout);
-    const std::string_view line = text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
+    const std::size_t line_feed = text.find('\n');
+    const std::string_view line = text.substr(0, std::min(line_feed, text.size() - 1) + 1);
     write(line);
-    count_columns(line);
+    column_ = line_feed == text.npos ? column_ + line.size() : 0;
     text.remove_prefix(line.size());
   }
 }
 
-void Output::indent_line(std::size_t indent, Layout layout) {
-  if (column >= indent || (column > 0 && layout == Layout::kLine)) return;
-  write_blanks(indent - column);
-  column = indent;
+bool Output::append_value(std::string_view text, Quoting quoting, std::size_t indent) {
+  if (text.empty() && quoting == Quoting::kNone) return true;
+  fold_long_line();
+  indent_line(indent, Layout::kLine);
+  const std::size_t most = escaped_room(text.size());
+  if (!has_room(most) && !grow(most)) return false;
+  const char *const end = write_escaped(text_ + length_, text, quoting);
+  const auto written = static_cast<std::size_t>(end - (text_ + length_));
+  length_ += written;
+  column_ += written;
+  return true;
 }
 
-bool Output::reserve(std::size_t more) {
+void Output::fold_long_line() {
+  if (column_ <= kFoldColumn) return;
+  write("\n");
+  column_ = 0;
+}
+
+void Output::indent_line(std::size_t indent, Layout layout) {
+  if (column_ >= indent || (column_ > 0 && layout == Layout::kLine)) return;
+  const std::size_t blanks = indent - column_;
+  if (!has_room(blanks) && !reserve(blanks)) return;
+  std::memset(text_ + length_, ' ', blanks);
+  length_ += blanks;
+  column_ = indent;
+}
+
+bool Output::grow(std::size_t more) {
   if (failed_) return false;
-  if (room_ - length_ > more) return true;
   const std::size_t room = std::max({kFirstRoom, room_ * 2, length_ + more + 1});
   auto *const text = static_cast<char *>(std::realloc(text_, room));
-  if (text == nullptr) {
-    report(space_, message::kNoOutput);
-    failed_ = true;
-    return false;
-  }
+  if (text == nullptr) return false;
   text_ = text;
   room_ = room;
   return true;
 }
 
-void Output::write(std::string_view text) {
-  if (!reserve(text.size())) return;
-  std::copy_n(text.data(), text.size(), text_ + length_);
-  length_ += text.size();
-}
-
-void Output::write_blanks(std::size_t count) {
-  if (!reserve(count)) return;
-  std::memset(text_ + length_, ' ', count);
-  length_ += count;
+bool Output::reserve(std::size_t more) {
+  if (failed_ || has_room(more) || grow(more)) return !failed_;
+  report(space_, message::kNoOutput);
+  failed_ = true;
+  return false;
 }
 
 char *Output::take() {
-  if (!reserve(0)) {
-    column = column_before_;
-    return nullptr;
-  }
+  if (!reserve(0)) return nullptr;
+  column = column_;
   text_[length_] = '\0';
   char *const fitting = static_cast<char *>(std::realloc(text_, length_ + 1));
   char *const text = fitting != nullptr ? fitting : text_;

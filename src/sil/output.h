@@ -5,14 +5,15 @@
 #define JT_SIL_OUTPUT_H
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "jt.h"
+#include "sil/escape.h"
 
 namespace jt {
 
 enum class Layout {
-  kRaw,    // as it is
   kLine,   // indented at the beginning of each line
   kBlock,  // also padded up to the indent on a line that has begun
 };
@@ -26,7 +27,15 @@ class Output {
 
   // Appends a text that is laid out. A long line is folded before it, never within.
   void append(std::string_view text, std::size_t indent, Layout layout);
-  void append_raw(std::string_view text) { append(text, 0, Layout::kRaw); }
+
+  // Appends the text of a value. False when there is no room for it, which is the caller's to report.
+  bool append_value(std::string_view text, Quoting quoting, std::size_t indent);
+
+  // Appends a text as it is.
+  void append_raw(std::string_view text) {
+    write(text);
+    count_columns(text);
+  }
 
   // Appends a text of the frame around the laid out parts, which counts no columns.
   void append_frame(std::string_view text) { write(text); }
@@ -40,19 +49,31 @@ class Output {
   bool failed() const { return failed_; }
   void fail() { failed_ = true; }
 
-  // The whole text as one block that the caller owns, or null after a failure. Then the column is as it was
-  // before: a text that was never handed over does not shape the next.
+  // The whole text as one block that the caller owns, or null after a failure. Only a text that is handed
+  // over moves the thread's column: one that never was does not shape the next.
   char *take();
 
  private:
+  bool has_room(std::size_t more) const { return room_ - length_ > more && !failed_; }
+  bool grow(std::size_t more);
   bool reserve(std::size_t more);
-  void write(std::string_view text);
-  void write_blanks(std::size_t count);
+
+  void write(std::string_view text) {
+    if (!has_room(text.size()) && !reserve(text.size())) return;
+    std::memcpy(text_ + length_, text.data(), text.size());
+    length_ += text.size();
+  }
+
+  void count_columns(std::string_view text) {
+    const std::size_t line_feed = text.rfind('\n');
+    column_ = line_feed == text.npos ? column_ + text.size() : text.size() - line_feed - 1;
+  }
+
+  void fold_long_line();
   void indent_line(std::size_t indent, Layout layout);
-  void write_laid_out(std::string_view text, std::size_t indent, Layout layout);
 
   jt_parser_space *space_;
-  std::size_t column_before_;
+  std::size_t column_;
   char *text_ = nullptr;
   std::size_t length_ = 0;
   std::size_t room_ = 0;

@@ -71,6 +71,7 @@ char *deval_enumerated(jt_parser_space *space, const ValueList &list, const jt_v
   if (value == nullptr) return nullptr;
   const std::string_view text = enumerated_text(space, list, value);
   if (text.data() == nullptr) return nullptr;
+  if (offered_room(space, text.size() + 1) != nullptr) return copy_value_text(space, text);
   char *const copy = copy_plain_text(text);
   if (copy == nullptr) report(space, message::kNoEnumeratedText, text);
   return copy;

@@ -41,7 +41,7 @@ struct FlatType {
   static char *deval(jt_parser_space *space, const jt_value *value) {
     ShortText text;
     if (value == nullptr || !Family::format(space, read(value), text)) return nullptr;
-    return copy_text(space, text.view());
+    return copy_value_text(space, text.view());
   }
 
   static std::int32_t cmp(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {

@@ -63,16 +63,16 @@ jt_value *store(jt_parser_space *space, const Parts<Texts> &parts) {
   return reinterpret_cast<jt_value *>(block);
 }
 
-char *join(jt_parser_space *space, const Parts<1> &parts) { return copy_text(space, parts[0]); }
+char *join(jt_parser_space *space, const Parts<1> &parts) { return copy_value_text(space, parts[0]); }
 
 char *join(jt_parser_space *space, const Parts<2> &parts) {
   const auto &[name, qualifier] = parts;
-  if (qualifier.empty()) return copy_text(space, name);
-  auto *const text = static_cast<char *>(take_block(space, name.size() + 1 + qualifier.size() + 1));
+  if (qualifier.empty()) return copy_value_text(space, name);
+  char *const text = take_value_text(space, name.size() + 1 + qualifier.size() + 1);
   if (text == nullptr) return nullptr;
   char *const separator = std::copy(name.begin(), name.end(), text);
   *separator = kSeparator;
-  std::copy(qualifier.begin(), qualifier.end(), separator + 1);
+  *std::copy(qualifier.begin(), qualifier.end(), separator + 1) = '\0';
   return text;
 }
 

@@ -166,7 +166,7 @@ jt_value *StringType::copy(jt_parser_space *space, const jt_value *value) {
 }
 
 char *StringType::deval(jt_parser_space *space, const jt_value *value) {
-  return value != nullptr ? copy_text(space, string_in(value)) : nullptr;
+  return value != nullptr ? copy_value_text(space, string_in(value)) : nullptr;
 }
 
 std::int32_t StringType::cmp(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {

@@ -109,8 +109,9 @@ Scenario encoding_of(const std::string &name, const std::string &text,
 const Messages kNoRoot = {kNoMemory, "MEMORY ERROR: Allocating for the node:template ..."};
 const Messages kNoOutput = {"MEMORY ERROR: while allocating for encoding ..."};
 const Messages kGoesOn = {};
+constexpr char kNoName[] = "CALL ERROR: Unknown enumerated value ...";
 
-const std::string kLongText(300, 'x');  // longer than the encoder's own room
+const std::string kLongText(600, 'x');  // longer than the encoder's own room
 
 std::string after_header(const std::string &text) {
   return "< SIL 4.2.00 ASCII job >\n" + text + "< /SIL >\n";
@@ -153,9 +154,13 @@ std::vector<Scenario> encoding_scenarios() {
       encoding_of("HeaderAndSection",
                   "<? SIL 4.2.00 ASCII job >\n< ? >\n< /? >\n[ service S ] { } end\n< /SIL >",
                   {kNoOutput, kGoesOn}),
-      encoding_of("Value", "[ kmt_svc_scan S ] { integer a = 1; } end", {kNoOutput, {kNoMemory}, kGoesOn}),
-      encoding_of("EnumeratedValue", "[ kmt_svc_scan S ] { enum_units a = MM; } end",
-                  {kNoOutput, {"MEMORY ERROR: allocation error while encodingMM ..."}, kGoesOn}),
+      encoding_of("Value", "[ kmt_svc_scan S ] { integer a = 1; } end", {kNoOutput, kGoesOn}),
+      encoding_of("EnumeratedValue", "[ kmt_svc_scan S ] { enum_units a = MM; } end", {kNoOutput, kGoesOn}),
+      encoding_of("LongEnumeratedValue", "[ kmt_svc_scan S ] { enum_units a = " + kLongText + "; } end",
+                  {kNoOutput,
+                   {kNoName, cut_message("MEMORY ERROR: allocation error while encoding" + kLongText)},
+                   {kNoName, "MEMORY ERROR: while allocating for encoding ..."},
+                   kGoesOn}),
       encoding_of("LongString", "[ kmt_svc_scan S ] { string a = " + kLongText + "; } end",
                   {kNoOutput, {kNoMemory}, kNoOutput, kGoesOn}),
       encoding_of("StatusName", "[ service S ] { } end (KMT_STATUS_ERROR)", {kNoOutput, kGoesOn}),
