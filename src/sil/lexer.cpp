@@ -13,37 +13,38 @@ namespace {
 constexpr std::size_t kMostQuoted = JT_MAX_TOKEN_LENGTH + 1;
 constexpr std::size_t kMostComment = JT_MAX_TOKEN_LENGTH - 1;
 
-enum class ByteClass : std::uint8_t { kWord, kEndOfText, kSpace, kPunctuation, kHash, kBackslash, kQuote };
-
-struct Byte {
-  ByteClass byte_class = ByteClass::kWord;
-  TokenKind punctuation = TokenKind::kError;
-};
-
 constexpr std::string_view kPunctuation = "[]{}()<>=,;*!$%&^?|";  // in the order of the token kinds
 static_assert(kPunctuation.size() == static_cast<std::size_t>(TokenKind::kBar) + 1);
 
 // Backspace counts as white space.
 constexpr std::string_view kSpaces = "\b\t\n\v\f\r ";
 
-constexpr std::array<Byte, 256> classify_bytes() {
-  std::array<Byte, 256> bytes{};
-  const auto at = [&bytes](char c) -> Byte & { return bytes[static_cast<unsigned char>(c)]; };
-  for (const char c : kSpaces) at(c).byte_class = ByteClass::kSpace;
-  for (std::size_t i = 0; i < kPunctuation.size(); ++i) {
-    at(kPunctuation[i]) = {ByteClass::kPunctuation, static_cast<TokenKind>(i)};
-  }
-  at('\0').byte_class = ByteClass::kEndOfText;
-  at('#').byte_class = ByteClass::kHash;
-  at('\\').byte_class = ByteClass::kBackslash;
-  at('"').byte_class = ByteClass::kQuote;
-  return bytes;
+// What a byte is outside of quotes. A smaller number is that of the punctuation's token.
+enum class ByteClass : std::uint8_t {
+  kWord = kPunctuation.size(),
+  kSpace,
+  kQuote,
+  kBackslash,
+  kHash,
+  kEndOfText
+};
+
+constexpr std::array<ByteClass, 256> classify_bytes() {
+  std::array<ByteClass, 256> classes{};
+  const auto at = [&classes](char c) -> ByteClass & { return classes[static_cast<unsigned char>(c)]; };
+  classes.fill(ByteClass::kWord);
+  for (const char c : kSpaces) at(c) = ByteClass::kSpace;
+  for (std::size_t i = 0; i < kPunctuation.size(); ++i) at(kPunctuation[i]) = static_cast<ByteClass>(i);
+  at('\0') = ByteClass::kEndOfText;
+  at('#') = ByteClass::kHash;
+  at('\\') = ByteClass::kBackslash;
+  at('"') = ByteClass::kQuote;
+  return classes;
 }
 
-constexpr std::array<Byte, 256> kBytes = classify_bytes();
+constexpr std::array<ByteClass, 256> kClasses = classify_bytes();
 
-const Byte &byte_at(const char *position) { return kBytes[static_cast<unsigned char>(*position)]; }
-ByteClass class_at(const char *position) { return byte_at(position).byte_class; }
+ByteClass class_at(const char *position) { return kClasses[static_cast<unsigned char>(*position)]; }
 
 constexpr Token kErrorToken = {TokenKind::kError, {}};
 
@@ -165,32 +166,25 @@ Token read_comment(jt_parser_space *space, SilCursor &cursor) {
   return {TokenKind::kComment, {cursor.buffer.data(), length}};
 }
 
-Token read_punctuation(SilCursor &cursor) {
-  const char *const begin = cursor.position;
-  const bool doubled = begin[0] == '|' && begin[1] == '|';
-  const std::size_t length = doubled ? 2 : 1;
-  cursor.position += length;
-  return {doubled ? TokenKind::kDoubleBar : byte_at(begin).punctuation, {begin, length}};
-}
-
-// A token that stands in the SIL text as it is meant. One white space behind it goes with it.
-Token finish_plain(SilCursor &cursor, const char *end, TokenKind kind, std::string_view text) {
-  cursor.position = class_at(end) == ByteClass::kSpace ? end + 1 : end;
-  return {kind, text};
-}
-
-bool goes_on(const char *end) {
-  const ByteClass next = class_at(end);
+// The reader leaves a word to the careful one when it goes on like this.
+bool goes_on(ByteClass next) {
   return next == ByteClass::kWord || next == ByteClass::kBackslash || next == ByteClass::kQuote;
 }
 
-// A word or a quoted string; what it is not sure about is left to the careful reader.
+// One white space behind a word goes with it.
+void pass(SilCursor &cursor, const char *end, ByteClass next) {
+  cursor.position = end + (next == ByteClass::kSpace ? 1 : 0);
+}
+
 Token read_word(jt_parser_space *space, SilCursor &cursor) {
-  const char *end = cursor.position;
+  const char *const begin = cursor.position;
+  const char *end = begin + 1;
   while (class_at(end) == ByteClass::kWord) ++end;
-  const std::string_view text(cursor.position, static_cast<std::size_t>(end - cursor.position));
-  if (goes_on(end) || text.size() > kMostTokenText) return WordReader(space, cursor).read();
-  return finish_plain(cursor, end, same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text);
+  const std::string_view text(begin, static_cast<std::size_t>(end - begin));
+  const ByteClass next = class_at(end);
+  if (goes_on(next) || text.size() > kMostTokenText) return WordReader(space, cursor).read();
+  pass(cursor, end, next);
+  return {same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text};
 }
 
 bool ends_plain_string(char c) { return c == '"' || c == '\\' || c == '\0'; }
@@ -200,26 +194,44 @@ Token read_string(jt_parser_space *space, SilCursor &cursor) {
   const char *end = begin;
   while (!ends_plain_string(*end)) ++end;
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
-  if (*end != '"' || goes_on(end + 1) || text.size() > kMostQuoted) return WordReader(space, cursor).read();
-  return finish_plain(cursor, end + 1, TokenKind::kString, text);
+  if (*end != '"' || text.size() > kMostQuoted) return WordReader(space, cursor).read();
+  const ByteClass next = class_at(end + 1);
+  if (goes_on(next)) return WordReader(space, cursor).read();
+  pass(cursor, end + 1, next);
+  return {TokenKind::kString, text};
+}
+
+Token read_punctuation(SilCursor &cursor, ByteClass which) {
+  const char *const begin = cursor.position;
+  if (begin[0] == '|' && begin[1] == '|') {
+    cursor.position = begin + 2;
+    return {TokenKind::kDoubleBar, {begin, 2}};
+  }
+  cursor.position = begin + 1;
+  return {static_cast<TokenKind>(which), {begin, 1}};
 }
 
 }  // namespace
 
 Token next_token(jt_parser_space *space, SilCursor &cursor) {
-  cursor.mark = cursor.position;
-  while (class_at(cursor.position) == ByteClass::kSpace) ++cursor.position;
-  switch (class_at(cursor.position)) {
-    case ByteClass::kEndOfText:
-      return {TokenKind::kEndOfText, {}};
-    case ByteClass::kPunctuation:
-      return read_punctuation(cursor);
-    case ByteClass::kHash:
-      return read_comment(space, cursor);
+  const char *begin = cursor.position;
+  cursor.mark = begin;
+  while (class_at(begin) == ByteClass::kSpace) ++begin;
+  cursor.position = begin;
+  const ByteClass first = class_at(begin);
+  switch (first) {
+    case ByteClass::kWord:
+      return read_word(space, cursor);
     case ByteClass::kQuote:
       return read_string(space, cursor);
+    case ByteClass::kBackslash:
+      return WordReader(space, cursor).read();
+    case ByteClass::kHash:
+      return read_comment(space, cursor);
+    case ByteClass::kEndOfText:
+      return {TokenKind::kEndOfText, {}};
     default:
-      return read_word(space, cursor);
+      return read_punctuation(cursor, first);
   }
 }
 

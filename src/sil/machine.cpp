@@ -102,10 +102,13 @@ bool step(Decoder &decoder, const Machine &machine, const Token &token, State &s
 bool run_machine(Decoder &decoder, const Machine &machine, State state) {
   while (state != State::kFinished) {
     const Token token = next_token(decoder.space, decoder.cursor);
-    if (token.kind == TokenKind::kError) return false;
-    if (token.kind == TokenKind::kComment) {
+    if (token.kind < TokenKind::kComment) {
+      if (!step(decoder, machine, token, state)) return false;
+    } else if (token.kind == TokenKind::kComment) {
       if (!attach_comment(decoder, token, state)) return false;
-    } else if (token.kind == TokenKind::kEndOfText && machine.at_end != nullptr) {
+    } else if (token.kind == TokenKind::kError) {
+      return false;
+    } else if (machine.at_end != nullptr) {
       return machine.at_end(decoder, state);
     } else if (!step(decoder, machine, token, state)) {
       return false;

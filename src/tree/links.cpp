@@ -13,7 +13,7 @@ void link_between(jt_node &parent, jt_node *before, jt_node &child, jt_node *aft
   child.next_sibling = after;
   (before != nullptr ? before->next_sibling : parent.first_child) = &child;
   (after != nullptr ? after->previous_sibling : parent.last_child) = &child;
-  index_child(parent, child);
+  if (parent.index != nullptr) index_child(parent, child);
 }
 
 void leave_siblings(jt_node &node) {
@@ -23,7 +23,7 @@ void leave_siblings(jt_node &node) {
 
 void leave_parent(jt_node &node) {
   jt_node &parent = *node.parent;
-  unindex_child(parent, node);
+  if (parent.index != nullptr) unindex_child(parent, node);
   jt_node *const neighbour = node.previous_sibling != nullptr ? node.previous_sibling : node.next_sibling;
   if (parent.cursor == &node) parent.cursor = neighbour;
   if (parent.first_child == &node) parent.first_child = node.next_sibling;

@@ -26,8 +26,8 @@ jt_node *take_node(jt_parser_space &space, std::size_t bytes) {
   PieceTag tag;
   void *const piece = take_piece(space, sizeof(jt_node) + room, tag);
   if (piece == nullptr) return nullptr;
-  std::memset(piece, 0, sizeof(jt_node) + room);
   auto *const node = static_cast<jt_node *>(piece);
+  *node = {};
   node->piece = tag;
   return node;
 }
@@ -58,7 +58,7 @@ void *ValuePlacement::take(BlockSource &source, jt_parser_space &space, std::siz
     block = take_block(&space, bytes);
   } else {
     self.node_ = take_node(space, bytes);
-    block = self.node_ != nullptr ? self.node_ + 1 : nullptr;
+    block = self.node_ != nullptr ? std::memset(self.node_ + 1, 0, bytes) : nullptr;
   }
   self.failed_ = block == nullptr;
   return block;
@@ -86,7 +86,16 @@ void adopt_status(jt_parser_space &space, jt_node &node, jt_status *status) {
   node.status = status;
 }
 
-void release_node(jt_parser_space &space, jt_node *node) {
+namespace {
+
+// Most nodes own nothing but their piece.
+bool owns_blocks(const jt_node &node) {
+  return node.comment != nullptr || node.unresolved_type_name != nullptr || node.pending_value != nullptr ||
+         node.overridden_value != nullptr || node.index != nullptr || is_block_of_its_own(node, node.name) ||
+         is_block_of_its_own(node, node.value) || is_block_of_its_own(node, node.status);
+}
+
+void release_blocks(jt_parser_space &space, jt_node *node) {
   if (node->comment != nullptr) release_comment(*node);
   for (char **const text :
        {&node->name, &node->unresolved_type_name, &node->pending_value, &node->overridden_value}) {
@@ -95,6 +104,12 @@ void release_node(jt_parser_space &space, jt_node *node) {
   release_value(space, *node);
   release_status(space, *node);
   if (node->index != nullptr) drop_index(*node);
+}
+
+}  // namespace
+
+void release_node(jt_parser_space &space, jt_node *node) {
+  if (owns_blocks(*node)) release_blocks(space, node);
   release_piece(space, node, node->piece);
 }
 

@@ -13,8 +13,8 @@
 
 namespace jt {
 
-// A zeroed node with room for so many bytes behind its record, or without any room when they are too many. It
-// is not in the node table yet. Null after "allocation error".
+// A zeroed node with room (not zeroed) for so many bytes behind its record, or without any room when they are
+// too many. It is not in the node table yet. Null after "allocation error".
 jt_node *take_node(jt_parser_space &space, std::size_t bytes);
 
 // Fills the room behind a node's record, text by text; a text that does not fit becomes a block.
