@@ -35,8 +35,8 @@ enum class TokenKind : std::uint8_t {
   kDoubleBar,
   kWord,
   kString,     // a word that was quoted or holds an escape
-  kEnd,        // the bare word "end"
   kComment,    // from "#" to the end of the line, with a line feed behind it
+  kEnd,        // the bare word "end"
   kEndOfText,  // its text is empty
   kError       // has been reported
 };

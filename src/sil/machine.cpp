@@ -102,7 +102,7 @@ bool step(Decoder &decoder, const Machine &machine, const Token &token, State &s
 bool run_machine(Decoder &decoder, const Machine &machine, State state) {
   while (state != State::kFinished) {
     const Token token = next_token(decoder.space, decoder.cursor);
-    if (token.kind < TokenKind::kComment) {
+    if (token.kind < TokenKind::kComment || token.kind == TokenKind::kEnd) {
       if (!step(decoder, machine, token, state)) return false;
     } else if (token.kind == TokenKind::kComment) {
       if (!attach_comment(decoder, token, state)) return false;
