@@ -100,19 +100,18 @@ bool step(Decoder &decoder, const Machine &machine, const Token &token, State &s
 }  // namespace
 
 bool run_machine(Decoder &decoder, const Machine &machine, State state) {
+  constexpr TokenSet kUnusual = one_of(TokenKind::kComment, TokenKind::kEndOfText, TokenKind::kError);
   while (state != State::kFinished) {
     const Token token = next_token(decoder.space, decoder.cursor);
-    if (token.kind < TokenKind::kComment || token.kind == TokenKind::kEnd) {
-      if (!step(decoder, machine, token, state)) return false;
-    } else if (token.kind == TokenKind::kComment) {
-      if (!attach_comment(decoder, token, state)) return false;
-    } else if (token.kind == TokenKind::kError) {
-      return false;
-    } else if (machine.at_end != nullptr) {
-      return machine.at_end(decoder, state);
-    } else if (!step(decoder, machine, token, state)) {
-      return false;
+    if (contains(kUnusual, token.kind)) {
+      if (token.kind == TokenKind::kError) return false;
+      if (token.kind == TokenKind::kComment) {
+        if (!attach_comment(decoder, token, state)) return false;
+        continue;
+      }
+      if (machine.at_end != nullptr) return machine.at_end(decoder, state);
     }
+    if (!step(decoder, machine, token, state)) return false;
   }
   return true;
 }

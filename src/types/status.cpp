@@ -14,7 +14,8 @@ jt_status *as_status(jt_value *value) { return reinterpret_cast<jt_status *>(val
 }  // namespace
 
 std::string_view status_text(jt_parser_space *space, const jt_status *status) {
-  return enumerated_text(space, kBaseValues, as_value(status));
+  const std::string_view text = enumerated_text(space, kBaseValues, as_value(status));
+  return text.data() != nullptr ? text : std::string_view("");
 }
 
 bool find_status_number(const char *name, std::uint32_t &number) {

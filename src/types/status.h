@@ -10,7 +10,8 @@
 
 namespace jt {
 
-// What get_status_string() gives a copy of, with the same report; it lies in the status or in the list.
+// What get_status_string() gives a copy of, with the same report; it lies in the status or in the list. Empty
+// for a number without a name.
 std::string_view status_text(jt_parser_space *space, const jt_status *status);
 
 // Finds the number of a status by its name, without a report. A null name has none.
