@@ -7,6 +7,7 @@
 #include "tree/child_index.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "types/status.h"
 
 namespace jt {
 namespace {
@@ -34,7 +35,7 @@ std::int32_t replace_values(jt_parser_space *space, const Frame &at, jt_node *va
   return add_value(space, at, value);
 }
 
-std::int32_t set_compulsion(const Frame &at, std::int32_t non_compulsory) {
+std::int32_t set_compulsion(const Frame &at, bool non_compulsory) {
   if (!at) return 0;
   at.attribute().non_compulsory = non_compulsory;
   return 1;
@@ -89,7 +90,7 @@ jt_node *find_overridable(jt_parser_space *space, const Frame &at, const char *a
                       &jt_type::kill)) {
     return nullptr;
   }
-  if (attribute.non_compulsory == 0) {
+  if (!attribute.non_compulsory) {
     jt_error(space, message::kCompulsory, attribute_name);
     return nullptr;
   }
@@ -118,7 +119,7 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
   index_child(attribute, stored);
   release_text(attribute, attribute.overridden_value);
   attribute.overridden_value = replaced;
-  set_status_number(*space, attribute, kOverridden);
+  adopt_status(*space, attribute, status_of_number(space, kOverridden));
   return 1;
 }
 
@@ -198,12 +199,12 @@ int32_t jt_override_attribute_value(jt_parser_space *space, int32_t handle, cons
 
 int32_t jt_set_attribute_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
                                     const char *attribute_name) {
-  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), 0);
+  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), false);
 }
 
 int32_t jt_set_attribute_non_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
                                         const char *attribute_name) {
-  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), 1);
+  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), true);
 }
 
 }  // extern "C"

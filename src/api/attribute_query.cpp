@@ -74,7 +74,7 @@ int32_t jt_known_attribute_datatype(jt_parser_space *space, int32_t handle, cons
 int32_t jt_is_attribute_non_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
                                        const char *attribute_name) {
   const jt::Frame at = jt::in_attribute(space, handle, service_name, attribute_name);
-  return at ? at.attribute().non_compulsory : 0;
+  return at && at.attribute().non_compulsory ? 1 : 0;
 }
 
 }  // extern "C"

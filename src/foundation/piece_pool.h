@@ -16,8 +16,8 @@
 
 namespace jt {
 
-// Lengths and distances are counted in units.
-constexpr std::size_t kPieceUnit = 8;
+// Lengths and distances are counted in units. Everything that is laid out in a piece is aligned to one.
+constexpr std::size_t kPieceUnit = alignof(void *);
 
 // The longest piece. What is longer is better off as a block of its own.
 constexpr std::size_t kMaxPiece = 1024;

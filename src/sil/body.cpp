@@ -96,7 +96,7 @@ Outcome next_named_invocation(Decoder &decoder, const Token &token) {
 // ---- Attributes and values --------------------------------------------------------------------------------
 
 Outcome set_star(Decoder &decoder, const Token & /*token*/) {
-  decoder.non_compulsory = 1;
+  decoder.non_compulsory = true;
   return Outcome::kAccepted;
 }
 
@@ -105,7 +105,7 @@ Outcome keep_starred_type(Decoder &decoder, const Token &token) {
 }
 
 Outcome keep_attribute_type(Decoder &decoder, const Token &token) {
-  decoder.non_compulsory = 0;
+  decoder.non_compulsory = false;
   return keep_type(decoder, token, JT_NODE_ATTRIBUTE);
 }
 
@@ -139,13 +139,8 @@ Outcome add_value(Decoder &decoder, const Token &token) {
 // ---- Statuses ---------------------------------------------------------------------------------------------
 
 Outcome store_status(Decoder &decoder, const Token &token) {
-  std::uint32_t number = 0;
-  const char *const text = writable_text(decoder.cursor, token);
-  if (find_status_number(text, number)) {
-    set_status_number(*decoder.space, *decoder.top, number);
-    return Outcome::kAccepted;
-  }
-  jt_status *const status = get_status(decoder.space, text);
+  const jt_status *status = find_shared_status(token.text);
+  if (status == nullptr) status = get_status(decoder.space, writable_text(decoder.cursor, token));
   if (status == nullptr) return Outcome::kStopped;
   adopt_status(*decoder.space, *decoder.top, status);
   return Outcome::kAccepted;

@@ -9,7 +9,7 @@ namespace {
 bool decode_stages(Decoder &decoder) {
   if (!decode_header(decoder)) return false;
   const jt_node *const header = decoder.root->previous_sibling;
-  const std::int32_t form = header != nullptr ? header->node_class : JT_NODE_HEADER_PLAIN;
+  const int form = header != nullptr ? int{header->node_class} : int{JT_NODE_HEADER_PLAIN};
   if (form != JT_NODE_HEADER_PLAIN && !decode_section(decoder)) return false;
   if (form != JT_NODE_HEADER_EXCLAIM && !decode_body(decoder, *decoder.root)) return false;
   return check_end_marker(decoder);
@@ -21,7 +21,7 @@ void begin_decoding(Decoder &decoder, jt_parser_space &space, jt_node &root, con
   decoder.cursor.position = decoder.cursor.mark = decoder.cursor.begin = text;
   decoder.root = decoder.top = &root;
   decoder.type = nullptr;
-  decoder.non_compulsory = 0;
+  decoder.non_compulsory = false;
   decoder.header_class = JT_NODE_HEADER;
   decoder.version = decoder.kept = {};
 }

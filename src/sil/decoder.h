@@ -81,9 +81,9 @@ struct Decoder {
   SilCursor cursor;
   jt_node *root;
   jt_node *top;
-  const jt_type *type;          // of the block or attribute whose name comes next
-  std::int32_t non_compulsory;  // of the attribute whose name comes next
-  std::int32_t header_class;
+  const jt_type *type;  // of the block or attribute whose name comes next
+  bool non_compulsory;  // of the attribute whose name comes next
+  std::int16_t header_class;
   std::string_view version;  // of the header
   std::string_view kept;     // a name, a status text, the header's identifier
   std::array<char, kMostTokenText> kept_storage;

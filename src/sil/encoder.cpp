@@ -114,7 +114,7 @@ void write_status(Encoder &encoder, const jt_node &node) {
 void write_attribute(Encoder &encoder, const jt_node &attribute, std::size_t flag_column,
                      std::size_t column) {
   Output &out = encoder.out;
-  if (attribute.non_compulsory != 0) out.append("* ", flag_column, Layout::kLine);
+  if (attribute.non_compulsory) out.append("* ", flag_column, Layout::kLine);
   out.append(view_of(type_name_of(attribute)), column, Layout::kLine);
   out.append_raw(" ");
   out.append(view_of(attribute.name), column, Layout::kLine);

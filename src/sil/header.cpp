@@ -21,7 +21,7 @@ Outcome no_header(Decoder &decoder, const Token & /*token*/) {
   return Outcome::kAccepted;
 }
 
-template <std::int32_t HeaderClass>
+template <std::int16_t HeaderClass>
 Outcome set_form(Decoder &decoder, const Token & /*token*/) {
   decoder.header_class = HeaderClass;
   return Outcome::kAccepted;

@@ -83,12 +83,13 @@ jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char
                          std::string_view name, std::int32_t node_class) {
   const bool keeps_type_name = type == unknown_type() && type_name != nullptr;
   const std::string_view unresolved = keeps_type_name ? std::string_view(type_name) : std::string_view();
-  jt_node *const node = take_node(space, name.size() + 1 + (keeps_type_name ? unresolved.size() + 1 : 0));
+  const std::size_t name_room = name.empty() ? 0 : name.size() + 1;
+  jt_node *const node = take_node(space, name_room + (keeps_type_name ? unresolved.size() + 1 : 0));
   if (node == nullptr) {
     report(&space, message::kNoNode, name);
     return nullptr;
   }
-  node->node_class = node_class;
+  node->node_class = static_cast<std::int16_t>(node_class);
   node->type = type;
   node->cursor = not_started();
   node->key_hash = name_hash(name);

@@ -1,7 +1,7 @@
-// The node record: one element of a template tree. The stated fields come first and in their order; the
-// fields after them only serve speed and storage. A node owns every text it points to, its value and its
+// The node record: one element of a template tree. A node owns every text it points to, its value and its
 // status; what lies inside the node's own piece of storage goes with it, everything else is a block of the
-// heap.
+// heap. There are two or three nodes to an attribute, so the record is kept small: what a device can spare
+// for templates is mostly this.
 #ifndef JT_TREE_NODE_H
 #define JT_TREE_NODE_H
 
@@ -17,29 +17,33 @@ struct ChildIndex;
 }
 
 struct jt_node {
-  std::int32_t node_class;
+  std::int16_t node_class;
+  bool non_compulsory;
+  jt::PieceTag piece;  // the node's storage
+  std::int32_t bookmark;
+  std::uint32_t key_hash;  // of the name or, once it is wanted, of the value
+  const jt_type *type;
   char *comment;
   char *name;
-  char *unresolved_type_name;
-  std::int32_t bookmark;
+  // Of a node whose type is unknown: the name of the type or, where the node is a value, its text.
+  union {
+    char *unresolved_type_name;
+    char *pending_value;
+  };
   jt_value *value;
-  char *pending_value;
-  const jt_type *type;
-  jt_status *status;
+  const jt_status *status;
   char *overridden_value;
-  std::int32_t non_compulsory;
+
   jt_node *parent;
   jt_node *first_child;
+  jt_node *last_child;
   jt_node *previous_sibling;
   jt_node *next_sibling;
   jt_node *cursor;
-
-  jt_node *last_child;
-  jt::ChildIndex *index;            // of the children, by name or value; null until it pays
-  std::uint32_t key_hash;           // of the name or, once it is wanted, of the value
-  jt::PieceTag piece;               // the node's storage
-  std::uint32_t status_storage[2];  // a status without text: its number, and a terminator for the marker
+  jt::ChildIndex *index;  // of the children, by name or value; null until it pays
 };
+
+static_assert(sizeof(jt_node) == 16 + 14 * sizeof(void *));
 
 namespace jt {
 
@@ -47,7 +51,8 @@ inline bool has_known_type(const jt_node &node) { return node.type != unknown_ty
 
 // The type's name as it is written: the descriptor's, or the one that no look-up knew. May be null.
 inline const char *type_name_of(const jt_node &node) {
-  return has_known_type(node) ? node.type->name : node.unresolved_type_name;
+  if (has_known_type(node)) return node.type->name;
+  return node.node_class != JT_NODE_VALUE ? node.unresolved_type_name : nullptr;
 }
 
 inline bool is_header(const jt_node &node) {

@@ -1,13 +1,18 @@
-// The status that a node holds. Only the text of an unknown status needs a block; a number lies in the node.
+// The status that a node holds. One with a name of the list is shared by all nodes; only another number and
+// the text of an unknown status need a block.
 #include <cstring>
 
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "types/status.h"
 
+// Of the given status only the number counts.
 extern "C" int32_t set_status(jt_parser_space *space, jt_node *node, const jt_status *status) {
   if (space == nullptr || node == nullptr || node == jt::all_ones<jt_node>() || status == nullptr) return 0;
   std::uint32_t number = 0;
   std::memcpy(&number, status, sizeof(number));
-  jt::set_status_number(*space, *node, number);
+  const jt_status *const stored = jt::status_of_number(space, number);
+  if (stored == nullptr) return 0;
+  jt::adopt_status(*space, *node, stored);
   return 1;
 }

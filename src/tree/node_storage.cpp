@@ -6,16 +6,21 @@
 #include "tree/child_index.h"
 #include "tree/comment.h"
 #include "tree/node.h"
+#include "types/status.h"
 
 namespace jt {
 namespace {
+
+static_assert(alignof(jt_node) == kPieceUnit);
 
 bool is_block_of_its_own(const jt_node &node, const void *address) {
   return address != nullptr && !in_piece(&node, node.piece, address);
 }
 
+bool owns_status(const jt_node &node) { return node.status != nullptr && !is_shared_status(node.status); }
+
 void release_status(jt_parser_space &space, jt_node &node) {
-  if (is_block_of_its_own(node, node.status)) kill_status(&space, node.status);
+  if (owns_status(node)) kill_status(&space, const_cast<jt_status *>(node.status));
   node.status = nullptr;
 }
 
@@ -75,13 +80,7 @@ void release_value(jt_parser_space &space, jt_node &node) {
   node.value = nullptr;
 }
 
-void set_status_number(jt_parser_space &space, jt_node &node, std::uint32_t number) {
-  release_status(space, node);
-  node.status_storage[0] = number;
-  node.status = reinterpret_cast<jt_status *>(node.status_storage);
-}
-
-void adopt_status(jt_parser_space &space, jt_node &node, jt_status *status) {
+void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status) {
   release_status(space, node);
   node.status = status;
 }
@@ -90,15 +89,14 @@ namespace {
 
 // Most nodes own nothing but their piece.
 bool owns_blocks(const jt_node &node) {
-  return node.comment != nullptr || node.unresolved_type_name != nullptr || node.pending_value != nullptr ||
+  return node.comment != nullptr || node.unresolved_type_name != nullptr ||
          node.overridden_value != nullptr || node.index != nullptr || is_block_of_its_own(node, node.name) ||
-         is_block_of_its_own(node, node.value) || is_block_of_its_own(node, node.status);
+         is_block_of_its_own(node, node.value) || owns_status(node);
 }
 
 void release_blocks(jt_parser_space &space, jt_node *node) {
   if (node->comment != nullptr) release_comment(*node);
-  for (char **const text :
-       {&node->name, &node->unresolved_type_name, &node->pending_value, &node->overridden_value}) {
+  for (char **const text : {&node->name, &node->unresolved_type_name, &node->overridden_value}) {
     release_text(*node, *text);
   }
   release_value(space, *node);

@@ -59,10 +59,8 @@ void release_text(jt_node &node, char *&text);
 // Releases the node's value with its type, unless it goes with the node's piece.
 void release_value(jt_parser_space &space, jt_node &node);
 
-// Gives the node a status: a number without text, or a status that it owns from now on. An old one is
-// released.
-void set_status_number(jt_parser_space &space, jt_node &node, std::uint32_t number);
-void adopt_status(jt_parser_space &space, jt_node &node, jt_status *status);
+// Gives the node a status, which it owns from now on unless it is a shared one. An old one is released.
+void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status);
 
 // Releases the node with everything it owns. Its links are not looked at.
 void release_node(jt_parser_space &space, jt_node *node);

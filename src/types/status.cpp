@@ -1,7 +1,12 @@
 // The exported operations of statuses: those of the base enumerations, over another handle type.
 #include "types/status.h"
 
+#include <array>
+#include <functional>
+
+#include "foundation/markers.h"
 #include "types/enumeration.h"
+#include "types/type_operations.h"
 #include "types/value_lists.h"
 
 namespace jt {
@@ -11,6 +16,26 @@ const jt_value *as_value(const jt_status *status) { return reinterpret_cast<cons
 
 jt_status *as_status(jt_value *value) { return reinterpret_cast<jt_status *>(value); }
 
+// The marker is followed by its empty text.
+struct SharedStatus {
+  std::uint32_t number;
+  char text[4];
+};
+
+// As many as the list has numbers, and the marker.
+constexpr std::size_t kShared = 26;
+
+constexpr std::array<SharedStatus, kShared> kSharedStatuses = [] {
+  std::array<SharedStatus, kShared> statuses{};
+  for (std::uint32_t number = 0; number + 1 < kShared; ++number) statuses[number].number = number;
+  statuses.back().number = kUnknownName;
+  return statuses;
+}();
+
+const jt_status *shared_status(std::size_t entry) {
+  return reinterpret_cast<const jt_status *>(&kSharedStatuses[entry]);
+}
+
 }  // namespace
 
 std::string_view status_text(jt_parser_space *space, const jt_status *status) {
@@ -18,8 +43,21 @@ std::string_view status_text(jt_parser_space *space, const jt_status *status) {
   return text.data() != nullptr ? text : std::string_view("");
 }
 
-bool find_status_number(const char *name, std::uint32_t &number) {
-  return name != nullptr && find_number(kBaseValues, name, number);
+const jt_status *find_shared_status(std::string_view name) {
+  std::uint32_t number = 0;
+  const bool found = find_number(kBaseValues, name, number) && number + 1 < kShared;
+  return found ? shared_status(number) : nullptr;
+}
+
+bool is_shared_status(const jt_status *status) {
+  const std::less<> before;
+  return !before(status, shared_status(0)) && !before(shared_status(kShared - 1), status);
+}
+
+const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number) {
+  if (number == kUnknownName) return shared_status(kShared - 1);
+  if (number + 1 < kShared) return shared_status(number);
+  return as_status(store_value(space, &number, sizeof(number)));
 }
 
 }  // namespace jt

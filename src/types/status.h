@@ -14,8 +14,13 @@ namespace jt {
 // for a number without a name.
 std::string_view status_text(jt_parser_space *space, const jt_status *status);
 
-// Finds the number of a status by its name, without a report. A null name has none.
-bool find_status_number(const char *name, std::uint32_t &number);
+// A status without a text that nobody owns; null for a name that the list does not know, or for none.
+const jt_status *find_shared_status(std::string_view name);
+bool is_shared_status(const jt_status *status);
+
+// A status without a text: a shared one where the number has a name or is the marker, else a new one; null
+// after "allocation error".
+const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number);
 
 }  // namespace jt
 

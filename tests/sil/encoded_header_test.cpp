@@ -10,7 +10,7 @@ namespace {
 // A template with a section and a body, whose header is then given each class.
 struct HeaderForm {
   const char *name;
-  int node_class;
+  int16_t node_class;
   bool section;
   const char *written;
 };
@@ -68,7 +68,7 @@ class UnwrittenPart : public DecodeTest {
 };
 
 TEST_F(UnwrittenPart, MakesItsReportsAllTheSame) {
-  for (const int node_class : {JT_NODE_HEADER_PLAIN, JT_NODE_HEADER_EXCLAIM, JT_NODE_HEADER_QUESTION}) {
+  for (const int16_t node_class : {JT_NODE_HEADER_PLAIN, JT_NODE_HEADER_EXCLAIM, JT_NODE_HEADER_QUESTION}) {
     reopen();
     jt_node *const root = decoded_with_reports();
     ASSERT_NE(root, nullptr);

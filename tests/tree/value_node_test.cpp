@@ -39,7 +39,6 @@ class ValueNode : public jt_test::TreeTest {
     EXPECT_EQ(node.node_class, 4);
     EXPECT_EQ(node.comment, nullptr);
     EXPECT_EQ(node.name, nullptr);
-    EXPECT_EQ(node.unresolved_type_name, nullptr);
     EXPECT_EQ(node.status, nullptr);
     EXPECT_EQ(node.overridden_value, nullptr);
     EXPECT_EQ(node.non_compulsory, 0);
