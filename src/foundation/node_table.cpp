@@ -11,6 +11,7 @@ namespace jt {
 namespace {
 
 constexpr std::int32_t kWordBits = 32;
+constexpr std::uint32_t kNoWord = UINT32_MAX;
 constexpr std::int32_t kLargestTable = INT32_MAX / 4;
 
 std::size_t words_for(std::size_t bits) { return (bits + kWordBits - 1) / kWordBits; }
@@ -62,7 +63,7 @@ bool grow(jt_parser_space &space) {
 
 void set_free(FreeSlots &map, std::int32_t slot) {
   auto bit = static_cast<std::uint32_t>(slot);
-  map.lowest = map.free > 0 ? std::min(map.lowest, bit / kWordBits) : bit / kWordBits;
+  map.lowest = std::min(map.lowest, bit / kWordBits);
   ++map.free;
   for (std::uint32_t *const level : map.levels) {
     std::uint32_t &word = level[bit / kWordBits];
@@ -83,8 +84,8 @@ std::uint32_t next_lowest(FreeSlots &map, std::uint32_t emptied) {
     if (word != 0) break;
     bit /= kWordBits;
   }
+  if (map.free == 0) return kNoWord;
   bit = 0;
-  if (map.free == 0) return bit;
   for (std::uint32_t level = map.height; level-- > 1;) {
     bit = bit * kWordBits + static_cast<std::uint32_t>(std::countr_zero(map.levels[level][bit]));
   }
@@ -105,6 +106,7 @@ std::int32_t take_lowest_free(FreeSlots &map) {
 bool open_node_table(jt_parser_space &space) {
   if (!reserve(space, kTableStep)) return false;
   space.table.capacity = kTableStep;
+  space.free_slots.lowest = kNoWord;
   return true;
 }
 

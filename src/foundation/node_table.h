@@ -28,7 +28,7 @@ struct FreeSlots {
   std::array<std::uint32_t *, kLevels> levels;
   std::int32_t reserved;  // slots that the storage has room for
   std::uint32_t height;   // levels in use; the highest is one word
-  std::uint32_t lowest;   // the first word of level 0 that is not zero, while any is
+  std::uint32_t lowest;   // the first word of level 0 that is not zero; the largest number when none is
   std::int32_t free;      // bits set in level 0
 };
 
@@ -47,7 +47,9 @@ std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark);
 
 // Whether this very node stands in the slot.
 inline bool holds_node(const NodeTable &table, std::int32_t bookmark, const jt_node *node) {
-  return bookmark >= 0 && bookmark < table.count && table.slots[bookmark] == node;
+  // A negative bookmark is larger than any count.
+  return static_cast<std::uint32_t>(bookmark) < static_cast<std::uint32_t>(table.count) &&
+         table.slots[bookmark] == node;
 }
 
 }  // namespace jt

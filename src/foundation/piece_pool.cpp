@@ -9,9 +9,13 @@ namespace jt {
 
 // Pieces follow the page record, each at a multiple of the unit, up to `used`.
 struct alignas(kPieceUnit) Page {
-  std::uint32_t bytes;  // the whole page
-  std::uint32_t used;   // up to here pieces have been cut
-  std::uint32_t live;   // pieces that have not been released
+  std::uint32_t bytes;   // the whole page
+  std::uint32_t used;    // up to here pieces have been cut
+  std::uint32_t live;    // pieces that have not been released
+  std::uint32_t sorted;  // released pieces that wait among those of their length
+  FreePiece *unsorted;   // the other released pieces
+  Page *next;            // among the pages that have unsorted pieces
+  Page *previous;
 };
 
 namespace {
@@ -27,25 +31,65 @@ Page *page_of(void *piece, PieceTag tag) {
   return reinterpret_cast<Page *>(static_cast<std::byte *>(piece) - tag.page_units * kPieceUnit);
 }
 
-void link_free(PiecePool &pool, void *piece, PieceTag tag) {
-  FreePiece *&first = pool.free[tag.units];
-  auto *const released = static_cast<FreePiece *>(piece);
-  *released = {tag, first, nullptr};
-  if (first != nullptr) first->previous = released;
-  first = released;
+// ---- Released pieces by length ----
+
+void sort(PiecePool &pool, FreePiece *piece) {
+  FreePiece *&first = pool.free[piece->tag.units];
+  piece->sorted = true;
+  piece->next = first;
+  piece->previous = nullptr;
+  if (first != nullptr) first->previous = piece;
+  first = piece;
+  ++page_of(piece, piece->tag)->sorted;
 }
 
-void unlink_free(PiecePool &pool, FreePiece *piece) {
+void unsort(PiecePool &pool, FreePiece *piece) {
   (piece->previous != nullptr ? piece->previous->next : pool.free[piece->tag.units]) = piece->next;
   if (piece->next != nullptr) piece->next->previous = piece->previous;
+  --page_of(piece, piece->tag)->sorted;
+}
+
+// ---- Released pieces that wait with their pages ----
+
+void add_unsorted(PiecePool &pool, Page *page, FreePiece *piece) {
+  if (page->unsorted == nullptr) {
+    page->next = pool.unsorted;
+    page->previous = nullptr;
+    if (page->next != nullptr) page->next->previous = page;
+    pool.unsorted = page;
+  }
+  piece->next = page->unsorted;
+  page->unsorted = piece;
+}
+
+void drop_unsorted(PiecePool &pool, Page *page) {
+  (page->previous != nullptr ? page->previous->next : pool.unsorted) = page->next;
+  if (page->next != nullptr) page->next->previous = page->previous;
+  page->unsorted = nullptr;
+}
+
+void sort_pieces_of(PiecePool &pool, Page *page) {
+  FreePiece *piece = page->unsorted;
+  drop_unsorted(pool, page);
+  while (piece != nullptr) {
+    FreePiece *const next = piece->next;
+    sort(pool, piece);
+    piece = next;
+  }
+}
+
+FreePiece *find_free(PiecePool &pool, std::size_t units) {
+  while (pool.free[units] == nullptr && pool.unsorted != nullptr) sort_pieces_of(pool, pool.unsorted);
+  return pool.free[units];
 }
 
 // All pieces of the page have been released: none may be found in a list any more.
 void discard_page(PiecePool &pool, Page *page) {
-  for (std::size_t offset = sizeof(Page); offset < page->used;) {
+  drop_unsorted(pool, page);
+  for (std::size_t offset = sizeof(Page); page->sorted > 0;) {
     auto *const piece = reinterpret_cast<FreePiece *>(byte_of(page, offset));
     offset += piece->tag.units * kPieceUnit;
-    unlink_free(pool, piece);
+    if (piece->sorted) unsort(pool, piece);
   }
   if (page == pool.current) {
     page->used = sizeof(Page);
@@ -61,7 +105,9 @@ Page *open_page(jt_parser_space &space) {
   const std::size_t bytes = std::clamp(pool.page_bytes, kFirstPage, kLargestPage);
   auto *const page = static_cast<Page *>(take_block(&space, bytes));
   if (page == nullptr) return nullptr;
-  *page = {static_cast<std::uint32_t>(bytes), sizeof(Page), 0};
+  *page = {};
+  page->bytes = static_cast<std::uint32_t>(bytes);
+  page->used = sizeof(Page);
   pool.current = page;
   pool.page_bytes = bytes * 2;
   return page;
@@ -72,8 +118,8 @@ Page *open_page(jt_parser_space &space) {
 void *take_piece(jt_parser_space &space, std::size_t bytes, PieceTag &tag) {
   PiecePool &pool = space.pool;
   const std::size_t units = (std::max(bytes, sizeof(FreePiece)) + kPieceUnit - 1) / kPieceUnit;
-  if (FreePiece *const piece = pool.free[units]; piece != nullptr) {
-    unlink_free(pool, piece);
+  if (FreePiece *const piece = find_free(pool, units); piece != nullptr) {
+    unsort(pool, piece);
     tag = piece->tag;
     ++page_of(piece, tag)->live;
     return piece;
@@ -89,7 +135,10 @@ void *take_piece(jt_parser_space &space, std::size_t bytes, PieceTag &tag) {
 
 void release_piece(jt_parser_space &space, void *piece, PieceTag tag) {
   Page *const page = page_of(piece, tag);
-  link_free(space.pool, piece, tag);
+  auto *const released = static_cast<FreePiece *>(piece);
+  released->tag = tag;
+  released->sorted = false;
+  add_unsorted(space.pool, page, released);
   if (--page->live == 0) discard_page(space.pool, page);
 }
 

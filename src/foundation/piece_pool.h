@@ -29,17 +29,20 @@ struct PieceTag {
 
 struct Page;
 
-// A released piece, waiting among those of its length. Neighbours are linked both ways: a page that goes back
-// to the heap takes its released pieces out of their lists.
+// A released piece. It waits with its page until somebody looks for one, since most pages lose all their
+// pieces before that, and then among those of its length. There neighbours are linked both ways: a page that
+// goes back to the heap takes its pieces out of their lists.
 struct FreePiece {
   PieceTag tag;
+  bool sorted;  // waits among those of its length
   FreePiece *next;
-  FreePiece *previous;
+  FreePiece *previous;  // while sorted
 };
 
 struct PiecePool {
   Page *current;                                             // the page that new pieces are cut from
   std::size_t page_bytes;                                    // size of the next page
+  Page *unsorted;                                            // the pages with which pieces wait
   std::array<FreePiece *, kMaxPiece / kPieceUnit + 1> free;  // by length in units
 };
 
