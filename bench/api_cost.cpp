@@ -1,23 +1,19 @@
-// What a call costs among many siblings: nanoseconds per call for 1,000, 10,000 and 100,000 attributes of one
-// invocation, values of one attribute, and services of one template. A column whose numbers grow with the
-// count shows a call that takes longer the more siblings there are. No call finds a value without changing
-// it, so that cell stays empty.
-#include <array>
-#include <chrono>
-#include <cstddef>
-#include <cstdio>
-#include <cstdlib>
-#include <string>
+// One iteration makes one template: fills it call by call, finds every sibling, first in their order and then
+// in another, walks, overrides, and empties it by a quarter from the front, by a quarter from the back, and
+// of what is left by a half out of its middle. A row whose numbers grow with the count shows a call that
+// takes longer the more siblings there are.
+#include "api_cost.h"
+
+#include <benchmark/benchmark.h>
+
 #include <vector>
 
 #include "jt.h"
+#include "library.h"
+#include "stopwatch.h"
 
+namespace bench {
 namespace {
-
-constexpr std::array<std::size_t, 3> kCounts = {1000, 10000, 100000};
-
-// Smaller counts are repeated until about this many siblings have been made.
-constexpr std::size_t kSiblings = 200000;
 
 // Coprime to every count, so that steps of this width meet each sibling once, in no helpful order.
 constexpr std::size_t kStride = 7919;
@@ -27,22 +23,31 @@ struct Job {
   int32_t handle;
 };
 
-// A kind of siblings; the name of a value is its text. Without a look-up the function is null.
-struct Kind {
+using Call = int32_t (*)(const Job &job, const char *name);
+using Text = char *(*)(const Job &job);
+
+// One kind of siblings; the name of a value is its text. A call that does not exist is null.
+struct Siblings {
   const char *name;
   const char *type;  // of the attribute that holds the values, if any
-  int32_t (*add)(const Job &job, const char *name);
-  int32_t (*find)(const Job &job, const char *name);
-  int32_t (*remove)(const Job &job, const char *name);
-  char *(*first)(const Job &job);
-  char *(*next)(const Job &job);
+  Call add;
+  Call fill;
+  Call find;
+  Text first;
+  Text next;
+  Call replace;
+  Call remove;
 };
 
 constexpr char kScan[] = "Scan";
 constexpr char kValues[] = "values";
 
 int32_t add_attribute(const Job &job, const char *name) {
-  return jt_add_attribute(job.space, job.handle, kScan, "integer", name);
+  return jt_add_attribute(job.space, job.handle, kScan, "string", name);
+}
+int32_t fill_attribute(const Job &job, const char *name) {
+  return jt_add_attribute_value_string(job.space, job.handle, kScan, name, "before") != 0 &&
+         jt_set_attribute_non_compulsory(job.space, job.handle, kScan, name) != 0;
 }
 int32_t find_attribute(const Job &job, const char *name) {
   return jt_exists_attribute(job.space, job.handle, kScan, name);
@@ -53,8 +58,22 @@ int32_t remove_attribute(const Job &job, const char *name) {
 char *first_attribute(const Job &job) { return jt_get_first_attribute_name(job.space, job.handle, kScan); }
 char *next_attribute(const Job &job) { return jt_get_next_attribute_name(job.space, job.handle, kScan); }
 
+// A value of type string is its text.
+const jt_value *string_value(const char *text) { return reinterpret_cast<const jt_value *>(text); }
+
+int32_t replace_attribute(const Job &job, const char *name) {
+  return jt_override_attribute_value(job.space, job.handle, kScan, name, string_value("before"),
+                                     string_value("afterwards"));
+}
+
 int32_t add_value(const Job &job, const char *text) {
   return jt_add_attribute_value_string(job.space, job.handle, kScan, kValues, text);
+}
+
+// By an equal value, so that the text still finds it.
+int32_t replace_value(const Job &job, const char *text) {
+  return jt_override_attribute_value(job.space, job.handle, kScan, kValues, string_value(text),
+                                     string_value(text));
 }
 int32_t remove_value(const Job &job, const char *text) {
   return jt_delete_attribute_value_string(job.space, job.handle, kScan, kValues, text);
@@ -78,54 +97,42 @@ int32_t remove_service(const Job &job, const char *name) {
 char *first_service(const Job &job) { return jt_get_first_service_name(job.space, job.handle); }
 char *next_service(const Job &job) { return jt_get_next_service_name(job.space, job.handle); }
 
-constexpr Kind kKinds[] = {
-    {"attributes", nullptr, add_attribute, find_attribute, remove_attribute, first_attribute, next_attribute},
-    {"strings", "string", add_value, nullptr, remove_value, first_value, next_value},
-    {"unknown", "future", add_value, nullptr, remove_value, first_value, next_value},
-    {"services", nullptr, add_service, find_service, remove_service, first_service, next_service},
+constexpr Siblings kKinds[] = {
+    {"attributes", nullptr, add_attribute, fill_attribute, find_attribute, first_attribute, next_attribute,
+     replace_attribute, remove_attribute},
+    {"strings", "string", add_value, nullptr, nullptr, first_value, next_value, replace_value, remove_value},
+    {"unknown values", "future", add_value, nullptr, nullptr, first_value, next_value, nullptr, remove_value},
+    {"services", nullptr, add_service, nullptr, find_service, first_service, next_service, nullptr,
+     remove_service},
 };
 
-// What was measured, in the order in which it is printed.
-enum Step { kAdding, kFinding, kWalking, kFromFront, kFromBack, kFromMiddle, kSteps };
+constexpr const char *kKindNames[] = {"attributes", "strings", "unknown values", "services"};
+static_assert(std::size(kKindNames) == std::size(kKinds));
 
-constexpr const char *kTitles[] = {"adding", "finding", "walking", "front", "back", "middle"};
-static_assert(sizeof(kTitles) / sizeof(kTitles[0]) == kSteps);
+enum Step { kAdd, kFill, kFind, kScattered, kWalk, kOverride, kFront, kBack, kMiddle, kSteps };
 
-struct Cost {
-  double nanoseconds = 0;
-  std::size_t calls = 0;
-};
-using Costs = std::array<Cost, kSteps>;
+constexpr const char *kCallNames[] = {"add",      "add value",    "find",        kScatteredFind, "walk",
+                                      "override", "delete front", "delete back", "delete middle"};
+static_assert(std::size(kCallNames) == kSteps);
 
-void require(bool done, const char *what) {
-  if (done) return;
-  std::fprintf(stderr, "jt_api_cost: %s failed\n", what);
-  std::exit(EXIT_FAILURE);
-}
-
-// Adds the time that the work takes, and the number of calls that it reports.
-template <typename Work>
-void measure(Cost &cost, Work work) {
-  const auto before = std::chrono::steady_clock::now();
-  cost.calls += work();
-  const std::chrono::duration<double, std::nano> taken = std::chrono::steady_clock::now() - before;
-  cost.nanoseconds += taken.count();
-}
+// Nanoseconds per call, one number for each template.
+using Costs = std::array<std::vector<double>, kSteps>;
 
 // A template with an invocation of a service, and in it the attribute that is to hold values.
-Job make_job(const Kind &kind) {
-  Job job = {jt_open_parsing_utility("jt_api_cost"), 0};
-  require(job.space != nullptr, "opening");
+Job make_job(const Siblings &kind) {
+  Job job = {jt_open_parsing_utility("jt_bench"), 0};
+  require(job.space != nullptr, "opening a session");
   job.handle = jt_create_template(job.space);
   require(add_service(job, kScan) == 1, "adding a service");
   require(jt_add_invocation(job.space, job.handle, kScan) == 1, "adding an invocation");
   if (kind.type != nullptr) {
     require(jt_add_attribute(job.space, job.handle, kScan, kind.type, kValues) == 1, "adding an attribute");
+    jt_set_attribute_non_compulsory(job.space, job.handle, kScan, kValues);
   }
   return job;
 }
 
-std::size_t walk(const Kind &kind, const Job &job) {
+std::size_t walk(const Siblings &kind, const Job &job) {
   std::size_t met = 0;
   for (char *name = kind.first(job); name != nullptr; name = kind.next(job), ++met) {
     jt_destroy_name(job.space, name);
@@ -133,35 +140,62 @@ std::size_t walk(const Kind &kind, const Job &job) {
   return met;
 }
 
-// Calls for names[first], names[first + step] and so on; the names wrap around.
-template <typename Call>
-std::size_t for_names(const std::vector<std::string> &names, std::size_t first, std::size_t step,
-                      std::size_t count, Call call) {
-  for (std::size_t i = 0; i < count; ++i, first = (first + step) % names.size()) {
-    require(call(names[first].c_str()) == 1, names[first].c_str());
-  }
-  return count;
-}
+// Which of the names a call is made for: from the first in steps, around the end.
+struct Course {
+  std::size_t first;
+  std::size_t step;
+  std::size_t count;
+};
 
-// One template: filled, searched, walked, and emptied by a quarter from the front, by a quarter from the
-// back, and of what is left by a half out of its middle.
-void run(const Kind &kind, const std::vector<std::string> &names, Costs &costs) {
-  const Job job = make_job(kind);
-  const std::size_t count = names.size();
-  const std::size_t quarter = count / 4;
-  const auto add = [&](const char *name) { return kind.add(job, name); };
-  const auto remove = [&](const char *name) { return kind.remove(job, name); };
-  measure(costs[kAdding], [&] { return for_names(names, 0, 1, count, add); });
-  if (kind.find != nullptr) {
-    const auto find = [&](const char *name) { return kind.find(job, name); };
-    measure(costs[kFinding], [&] { return for_names(names, 0, kStride, count, find); });
+class Life {
+ public:
+  Life(const Siblings &kind, const std::vector<std::string> &names, Costs &costs)
+      : job_(make_job(kind)), names_(names), costs_(costs) {
+    run(kind);
+    jt_close_parsing_utility(job_.space);
   }
-  measure(costs[kWalking], [&] { return walk(kind, job); });
-  measure(costs[kFromFront], [&] { return for_names(names, 0, 1, quarter, remove); });
-  measure(costs[kFromBack], [&] { return for_names(names, count - 1, count - 1, quarter, remove); });
-  measure(costs[kFromMiddle], [&] { return for_names(names, quarter + quarter / 2, 1, quarter, remove); });
-  jt_close_parsing_utility(job.space);
-}
+
+  double nanoseconds() const { return nanoseconds_; }
+
+ private:
+  void run(const Siblings &kind) {
+    const std::size_t count = names_.size();
+    const std::size_t quarter = count / 4;
+    const Course forward = {0, 1, count};
+    const Course scattered = {0, kStride % count, count};
+    make_calls(kAdd, kind.add, forward);
+    make_calls(kFill, kind.fill, forward);
+    make_calls(kFind, kind.find, forward);
+    make_calls(kScattered, kind.find, scattered);
+    note(kWalk, count, [&] { require(walk(kind, job_) >= count, "walking"); });
+    make_calls(kOverride, kind.replace, forward);
+    make_calls(kFront, kind.remove, {0, 1, quarter});
+    make_calls(kBack, kind.remove, {count - 1, count - 1, quarter});
+    make_calls(kMiddle, kind.remove, {quarter + quarter / 2, 1, quarter});
+  }
+
+  void make_calls(Step step, Call call, Course course) {
+    if (call == nullptr) return;
+    note(step, course.count, [&] {
+      std::size_t at = course.first;
+      for (std::size_t i = 0; i < course.count; ++i, at = (at + course.step) % names_.size()) {
+        require(call(job_, names_[at].c_str()) == 1, kCallNames[step]);
+      }
+    });
+  }
+
+  template <typename Work>
+  void note(Step step, std::size_t calls, Work work) {
+    const double taken = time_of(work);
+    nanoseconds_ += taken;
+    costs_[step].push_back(taken / static_cast<double>(calls));
+  }
+
+  Job job_;
+  const std::vector<std::string> &names_;
+  Costs &costs_;
+  double nanoseconds_ = 0;
+};
 
 std::vector<std::string> numbered_names(std::size_t count) {
   std::vector<std::string> names;
@@ -170,35 +204,33 @@ std::vector<std::string> numbered_names(std::size_t count) {
   return names;
 }
 
-void print_titles() {
-  std::printf("nanoseconds per call\n%-12s%9s", "siblings", "count");
-  for (const char *const title : kTitles) std::printf("%9s", title);
-  std::printf("\n");
-}
-
-void print(const Kind &kind, std::size_t count, const Costs &costs) {
-  std::printf("%-12s%9zu", kind.name, count);
-  for (const Cost &cost : costs) {
-    if (cost.calls == 0) {
-      std::printf("%9s", "-");
-    } else {
-      std::printf("%9.0f", cost.nanoseconds / static_cast<double>(cost.calls));
-    }
+void run(benchmark::State &state, const Siblings &kind, std::size_t count) {
+  const std::vector<std::string> names = numbered_names(count);
+  Costs costs;
+  for (auto iteration : state) state.SetIterationTime(Life(kind, names, costs).nanoseconds() / 1e9);
+  for (std::size_t step = 0; step < kSteps; ++step) {
+    if (!costs[step].empty()) state.counters[kCallNames[step]] = median(costs[step]);
   }
-  std::printf("\n");
 }
 
 }  // namespace
 
-int main() {
-  print_titles();
-  for (const Kind &kind : kKinds) {
-    for (const std::size_t count : kCounts) {
-      const std::vector<std::string> names = numbered_names(count);
-      Costs costs;
-      for (std::size_t made = 0; made < kSiblings; made += count) run(kind, names, costs);
-      print(kind, count, costs);
+std::span<const char *const> call_names() { return kCallNames; }
+
+std::span<const char *const> sibling_kinds() { return kKindNames; }
+
+std::string api_benchmark_name(const std::string &kind, std::size_t count) {
+  return "api/" + kind + "/" + std::to_string(count);
+}
+
+void register_api_costs() {
+  for (const Siblings &kind : kKinds) {
+    for (const std::size_t count : kSiblingCounts) {
+      benchmark::RegisterBenchmark(api_benchmark_name(kind.name, count).c_str(),
+                                   [&kind, count](benchmark::State &state) { run(state, kind, count); })
+          ->UseManualTime();
     }
   }
-  return EXIT_SUCCESS;
 }
+
+}  // namespace bench
