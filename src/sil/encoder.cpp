@@ -212,10 +212,10 @@ struct Frame {
 
 Frame frame_of(const jt_node &header, bool has_section) {
   const bool exclaim = header.node_class == JT_NODE_HEADER_EXCLAIM;
-  if (!has_section) return {{}, {}, false, !exclaim};
+  if (!has_section) return {"", "", false, !exclaim};
   if (header.node_class == JT_NODE_HEADER_QUESTION) return {"\n< ? >\n", "< /? >\n\n", true, true};
   if (exclaim) return {"\n< ! >\n", "< /! >\n\n", true, false};
-  return {{}, {}, false, false};
+  return {"", "", false, false};
 }
 
 // A part that is not to be written is laid out all the same: its values make their reports, and the column

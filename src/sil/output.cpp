@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include "foundation/error_store.h"
 
@@ -29,7 +30,7 @@ void Output::append(std::string_view text, std::size_t indent, Layout layout) {
     const std::size_t line_feed = text.find('\n');
     const std::string_view line = text.substr(0, std::min(line_feed, text.size() - 1) + 1);
     write(line);
-    column_ = line_feed == text.npos ? column_ + line.size() : 0;
+    column_ = line_feed == std::string_view::npos ? column_ + line.size() : 0;
     text.remove_prefix(line.size());
   }
 }

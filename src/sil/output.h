@@ -5,7 +5,6 @@
 #define JT_SIL_OUTPUT_H
 
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 
 #include "jt.h"
@@ -60,13 +59,13 @@ class Output {
 
   void write(std::string_view text) {
     if (!has_room(text.size()) && !reserve(text.size())) return;
-    std::memcpy(text_ + length_, text.data(), text.size());
+    text.copy(text_ + length_, text.size());
     length_ += text.size();
   }
 
   void count_columns(std::string_view text) {
     const std::size_t line_feed = text.rfind('\n');
-    column_ = line_feed == text.npos ? column_ + text.size() : text.size() - line_feed - 1;
+    column_ = line_feed == std::string_view::npos ? column_ + text.size() : text.size() - line_feed - 1;
   }
 
   void fold_long_line();

@@ -9,9 +9,14 @@
 namespace jt {
 namespace {
 
-// Whether the node may be destroyed in this session: its slot holds this very node.
+// Whether the node's slot holds this very node.
+bool is_live(const jt_parser_space &space, const jt_node &node) {
+  return holds_node(space.table, node.bookmark, &node);
+}
+
+// Whether the node may be destroyed in this session.
 bool is_registered(jt_parser_space &space, const jt_node &node) {
-  if (holds_node(space.table, node.bookmark, &node)) return true;
+  if (is_live(space, node)) return true;
   if (node.bookmark >= space.table.count) report(&space, message::kBadBookmark);
   return false;
 }
@@ -21,35 +26,48 @@ void unregister_and_release(jt_parser_space &space, jt_node *node) {
   release_node(space, node);
 }
 
-// From leaf to leaf: a node whose last child has gone is the next leaf.
-void release_below(jt_parser_space &space, jt_node &top) {
+// What becomes of nodes whose slot the client has released already.
+enum class Strangers { kReleased, kSpared };
+
+void pass_strangers(const jt_parser_space &space, jt_node *&child) {
+  while (child != nullptr && !is_live(space, *child)) child = child->next_sibling;
+}
+
+// From leaf to leaf, which is nearly the order in which the nodes lie in memory: a node whose last child has
+// gone is the next leaf.
+void release_below(jt_parser_space &space, jt_node &top, Strangers strangers) {
   jt_node *node = &top;
   for (;;) {
-    while (node->first_child != nullptr) node = node->first_child;
+    if (strangers == Strangers::kSpared) pass_strangers(space, node->first_child);
+    if (node->first_child != nullptr) {
+      node = node->first_child;
+      continue;
+    }
     if (node == &top) break;
     jt_node *const parent = node->parent;
-    jt_node *const next = node->next_sibling;
-    parent->first_child = next;
+    parent->first_child = node->next_sibling;
     unregister_and_release(space, node);
-    node = next != nullptr ? next : parent;
+    node = parent;
   }
 }
 
 void destroy(jt_parser_space &space, jt_node &node) {
   if (is_header_attribute(node)) destroy(space, *node.first_child);
   unlink(node);
-  release_below(space, node);
+  release_below(space, node, Strangers::kReleased);
   unregister_and_release(space, &node);
 }
 
-// The nodes that have been reached, in the order in which they were, linked through their cursors.
+// The nodes at the top of a structure (root, section, header and its attributes), in the order in which they
+// were reached, linked through their cursors. What hangs below them goes when they are reached.
 class ReachedNodes {
  public:
   explicit ReachedNodes(jt_parser_space &space) : space_(space) {}
 
   void reach(jt_node *node) {
-    if (node == nullptr || !holds_node(space_.table, node->bookmark, node)) return;
+    if (node == nullptr || !is_live(space_, *node)) return;
     vacate_slot(space_, node->bookmark);
+    if (!is_header_attribute(*node)) release_below(space_, *node, Strangers::kSpared);
     node->cursor = nullptr;
     (last_ != nullptr ? last_->cursor : first_) = node;
     last_ = node;
@@ -78,6 +96,12 @@ class ReachedNodes {
   jt_node *last_ = nullptr;
 };
 
+// The last node on the way up that the session knows.
+jt_node *top_of(const jt_parser_space &space, jt_node *node) {
+  while (node->parent != nullptr && is_live(space, *node->parent)) node = node->parent;
+  return node;
+}
+
 }  // namespace
 
 void destroy_registered_nodes(jt_parser_space &space) {
@@ -104,7 +128,7 @@ int32_t destroy_children(jt_parser_space *space, jt_node *node) {
     return 1;
   }
   jt::drop_index(*node);
-  jt::release_below(*space, *node);
+  jt::release_below(*space, *node, jt::Strangers::kReleased);
   node->last_child = nullptr;
   if (node->cursor != jt::not_started()) node->cursor = nullptr;
   return 1;
@@ -119,7 +143,7 @@ int32_t delete_index_child(jt_parser_space *space, jt_node *parent) {
 int32_t destroy_all_nodes(jt_parser_space *space, jt_node *node) {
   if (space == nullptr || node == nullptr || !jt::is_registered(*space, *node)) return 0;
   jt::ReachedNodes nodes(*space);
-  nodes.reach(node);
+  nodes.reach(jt::top_of(*space, node));
   nodes.reach_neighbours();
   nodes.release();
   return 1;
