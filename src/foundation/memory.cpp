@@ -8,8 +8,7 @@
 namespace jt {
 namespace {
 
-void *take_zeroed(jt_parser_space *space, std::size_t count, std::size_t size) {
-  void *const block = std::calloc(count, size);
+void *reported(jt_parser_space *space, void *block) {
   if (block == nullptr) report(space, message::kAllocation);
   return block;
 }
@@ -24,15 +23,19 @@ char *fill(void *block, std::string_view text) {
 
 }  // namespace
 
-void *take_block(jt_parser_space *space, std::size_t bytes) { return take_zeroed(space, 1, bytes); }
+void *take_block(jt_parser_space *space, std::size_t bytes) { return reported(space, std::calloc(1, bytes)); }
+
+void *take_unset_block(jt_parser_space *space, std::size_t bytes) {
+  return reported(space, std::malloc(bytes));
+}
 
 void *take_value_block(jt_parser_space *space, std::size_t bytes) {
-  if (space == nullptr || space->block_source == nullptr) return take_block(space, bytes);
+  if (space == nullptr || space->block_source == nullptr) return take_unset_block(space, bytes);
   return space->block_source->take(*space->block_source, *space, bytes);
 }
 
 char *copy_text(jt_parser_space *space, std::string_view text) {
-  return fill(take_block(space, text.size() + 1), text);
+  return fill(take_unset_block(space, text.size() + 1), text);
 }
 
 char *offered_room(const jt_parser_space *space, std::size_t bytes) {
@@ -42,7 +45,7 @@ char *offered_room(const jt_parser_space *space, std::size_t bytes) {
 
 char *take_value_text(jt_parser_space *space, std::size_t bytes) {
   char *const room = offered_room(space, bytes);
-  return room != nullptr ? room : static_cast<char *>(take_block(space, bytes));
+  return room != nullptr ? room : static_cast<char *>(take_unset_block(space, bytes));
 }
 
 char *copy_value_text(jt_parser_space *space, std::string_view text) {
@@ -57,7 +60,7 @@ extern "C" {
 
 void *my_calloc(jt_parser_space *space, size_t count, int32_t size) {
   if (count == 0 || size <= 0) return nullptr;
-  return jt::take_zeroed(space, count, static_cast<std::size_t>(size));
+  return jt::reported(space, std::calloc(count, static_cast<std::size_t>(size)));
 }
 
 int32_t er_free(void *block) {

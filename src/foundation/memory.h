@@ -25,8 +25,12 @@ struct TextRoom {
 // A zeroed block of `bytes` bytes; null after "allocation error". Released with er_free().
 void *take_block(jt_parser_space *space, std::size_t bytes);
 
-// A zeroed block for one value. It is a block of its own, unless the session is just making a node: then the
-// value is laid out where the node wants it. Every eval and copy takes exactly one block, and takes it last.
+// The same, not zeroed: for what is filled to the last byte.
+void *take_unset_block(jt_parser_space *space, std::size_t bytes);
+
+// A block for one value, not zeroed. It is a block of its own, unless the session is just making a node: then
+// the value is laid out where the node wants it. Every eval and copy takes exactly one block, and takes it
+// last.
 void *take_value_block(jt_parser_space *space, std::size_t bytes);
 
 // A terminated copy, reported like take_block().

@@ -53,7 +53,7 @@ bool reserve(jt_parser_space &space, std::int32_t wanted) {
   return true;
 }
 
-bool grow(jt_parser_space &space) {
+[[gnu::noinline]] bool grow(jt_parser_space &space) {
   NodeTable &table = space.table;
   const bool room = table.capacity < space.free_slots.reserved;
   if (!room && (table.capacity > kLargestTable || !reserve(space, table.capacity * 2))) return false;
@@ -76,7 +76,7 @@ void set_free(FreeSlots &map, std::int32_t slot) {
 
 // The words of level 0 up to this one have become zero. The highest level is one word; each step down follows
 // the lowest bit that is set.
-std::uint32_t next_lowest(FreeSlots &map, std::uint32_t emptied) {
+[[gnu::noinline]] std::uint32_t next_lowest(FreeSlots &map, std::uint32_t emptied) {
   std::uint32_t bit = emptied;
   for (std::uint32_t level = 1; level < FreeSlots::kLevels; ++level) {
     std::uint32_t &word = map.levels[level][bit / kWordBits];

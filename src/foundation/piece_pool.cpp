@@ -78,9 +78,16 @@ void sort_pieces_of(PiecePool &pool, Page *page) {
   }
 }
 
-FreePiece *find_free(PiecePool &pool, std::size_t units) {
+// A released piece of that length; null when there is none. Kept out of the way of those who only cut a new
+// one.
+[[gnu::noinline]] void *take_free(PiecePool &pool, std::size_t units, PieceTag &tag) {
   while (pool.free[units] == nullptr && pool.unsorted != nullptr) sort_pieces_of(pool, pool.unsorted);
-  return pool.free[units];
+  FreePiece *const piece = pool.free[units];
+  if (piece == nullptr) return nullptr;
+  unsort(pool, piece);
+  tag = piece->tag;
+  ++page_of(piece, tag)->live;
+  return piece;
 }
 
 // All pieces of the page have been released: none may be found in a list any more.
@@ -100,10 +107,10 @@ void discard_page(PiecePool &pool, Page *page) {
 
 // What is left of the current page is given up; it is less than the piece that is wanted. The page holds live
 // pieces: an empty one has room for any.
-Page *open_page(jt_parser_space &space) {
+[[gnu::noinline]] Page *open_page(jt_parser_space &space) {
   PiecePool &pool = space.pool;
   const std::size_t bytes = std::clamp(pool.page_bytes, kFirstPage, kLargestPage);
-  auto *const page = static_cast<Page *>(take_block(&space, bytes));
+  auto *const page = static_cast<Page *>(take_unset_block(&space, bytes));
   if (page == nullptr) return nullptr;
   *page = {};
   page->bytes = static_cast<std::uint32_t>(bytes);
@@ -118,11 +125,8 @@ Page *open_page(jt_parser_space &space) {
 void *take_piece(jt_parser_space &space, std::size_t bytes, PieceTag &tag) {
   PiecePool &pool = space.pool;
   const std::size_t units = (std::max(bytes, sizeof(FreePiece)) + kPieceUnit - 1) / kPieceUnit;
-  if (FreePiece *const piece = find_free(pool, units); piece != nullptr) {
-    unsort(pool, piece);
-    tag = piece->tag;
-    ++page_of(piece, tag)->live;
-    return piece;
+  if (pool.free[units] != nullptr || pool.unsorted != nullptr) {
+    if (void *const piece = take_free(pool, units, tag)) return piece;
   }
   Page *page = pool.current;
   if (page == nullptr || page->bytes - page->used < units * kPieceUnit) page = open_page(space);

@@ -11,6 +11,7 @@
 #include "tree/node_storage.h"
 #include "tree/type_lookup.h"
 #include "types/status.h"
+#include "types/type_tables.h"
 
 namespace jt {
 namespace {
@@ -72,6 +73,7 @@ Outcome open_invocation(Decoder &decoder, std::string_view name) {
   const jt_type *const type =
       look_up_type(decoder.space, view_of(type_name), JT_NODE_INVOCATION, decoder.top);
   if (type == nullptr) return Outcome::kStopped;
+  decoder.scope = find_table_of_row(type);
   return open_block(decoder, make_typed_node(*decoder.space, type, type_name, name, JT_NODE_INVOCATION));
 }
 
@@ -100,13 +102,15 @@ Outcome set_star(Decoder &decoder, const Token & /*token*/) {
   return Outcome::kAccepted;
 }
 
+// Nearly every type is found where the block's own type says; what is wrong with another the look-up knows.
 Outcome keep_starred_type(Decoder &decoder, const Token &token) {
-  return keep_type(decoder, token, JT_NODE_ATTRIBUTE);
+  decoder.type = find_type_in_scope(decoder.scope, token.text);
+  return decoder.type != nullptr ? Outcome::kAccepted : keep_type(decoder, token, JT_NODE_ATTRIBUTE);
 }
 
 Outcome keep_attribute_type(Decoder &decoder, const Token &token) {
   decoder.non_compulsory = false;
-  return keep_type(decoder, token, JT_NODE_ATTRIBUTE);
+  return keep_starred_type(decoder, token);
 }
 
 Outcome open_attribute(Decoder &decoder, const Token &token) {
@@ -287,20 +291,21 @@ constexpr std::array kHeaderRows = {
 constexpr auto kBodyTable = by_state(kServiceRows, kAttributeRows);
 constexpr auto kHeaderTable = by_state(kHeaderRows, kAttributeRows);
 
-constexpr Machine kBody = {kBodyTable.rows.data(), kBodyTable.first.data(), end_of_text, report_expected};
-constexpr Machine kHeaderAttributes = {kHeaderTable.rows.data(), kHeaderTable.first.data(), nullptr,
-                                       report_header_attribute};
-
 }  // namespace
+
+constexpr Machine kBodyMachine = {kBodyTable.rows.data(), kBodyTable.first.data(), end_of_text,
+                                  report_expected};
+constexpr Machine kHeaderAttributesMachine = {kHeaderTable.rows.data(), kHeaderTable.first.data(), nullptr,
+                                              report_header_attribute};
 
 bool decode_body(Decoder &decoder, jt_node &container) {
   decoder.top = &container;
-  return run_machine(decoder, kBody, State::kBetweenServices);
+  return run_machine(decoder, kBodyMachine, State::kBetweenServices);
 }
 
 bool decode_header_attributes(Decoder &decoder, jt_node &header) {
   decoder.top = &header;
-  return run_machine(decoder, kHeaderAttributes, State::kInInvocation);
+  return run_machine(decoder, kHeaderAttributesMachine, State::kInInvocation);
 }
 
 }  // namespace jt

@@ -20,6 +20,7 @@ void begin_decoding(Decoder &decoder, jt_parser_space &space, jt_node &root, con
   decoder.space = &space;
   decoder.cursor.position = decoder.cursor.mark = decoder.cursor.begin = text;
   decoder.root = decoder.top = &root;
+  decoder.scope = nullptr;
   decoder.type = nullptr;
   decoder.non_compulsory = false;
   decoder.header_class = JT_NODE_HEADER;

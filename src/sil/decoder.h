@@ -17,6 +17,8 @@
 
 namespace jt {
 
+struct TypeTable;
+
 enum class State : std::uint8_t {
   // The header.
   kHeaderBegin,
@@ -81,8 +83,9 @@ struct Decoder {
   SilCursor cursor;
   jt_node *root;
   jt_node *top;
-  const jt_type *type;  // of the block or attribute whose name comes next
-  bool non_compulsory;  // of the attribute whose name comes next
+  const TypeTable *scope;  // of the types of attributes in the innermost block
+  const jt_type *type;     // of the block or attribute whose name comes next
+  bool non_compulsory;     // of the attribute whose name comes next
   std::int16_t header_class;
   std::string_view version;  // of the header
   std::string_view kept;     // a name, a status text, the header's identifier
@@ -168,6 +171,12 @@ struct Machine {
   // Reports a token that no row takes.
   void (*report)(Decoder &decoder, const Token &token, State state);
 };
+
+extern const Machine kHeaderMachine;
+extern const Machine kHeaderAttributesMachine;
+extern const Machine kSectionMachine;
+extern const Machine kBodyMachine;
+extern const Machine kEndMarkerMachine;
 
 // Runs a machine from a state on. True when it came to kFinished.
 bool run_machine(Decoder &decoder, const Machine &machine, State state);

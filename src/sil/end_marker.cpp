@@ -22,13 +22,14 @@ bool end_of_text(Decoder &decoder, State state) {
 }
 
 constexpr auto kTable = by_state(kRows);
-constexpr Machine kMachine = {kTable.rows.data(), kTable.first.data(), end_of_text, report_expected};
 
 }  // namespace
 
+constexpr Machine kEndMarkerMachine = {kTable.rows.data(), kTable.first.data(), end_of_text, report_expected};
+
 bool check_end_marker(Decoder &decoder) {
   decoder.top = decoder.root;
-  return run_machine(decoder, kMachine, State::kMarkerBegin);
+  return run_machine(decoder, kEndMarkerMachine, State::kMarkerBegin);
 }
 
 }  // namespace jt

@@ -107,16 +107,17 @@ constexpr std::array kRows = {
 };
 
 constexpr auto kTable = by_state(kRows);
-constexpr Machine kMachine = {kTable.rows.data(), kTable.first.data(), nullptr, report_expected};
 
 }  // namespace
+
+constexpr Machine kHeaderMachine = {kTable.rows.data(), kTable.first.data(), nullptr, report_expected};
 
 bool decode_header(Decoder &decoder) {
   jt_node *const header = create_typed_node(decoder.space, "sil_header", "header", JT_NODE_HEADER, nullptr);
   if (header == nullptr) return false;
   link_header(*decoder.root, *header);
   decoder.top = header;
-  return run_machine(decoder, kMachine, State::kHeaderBegin);
+  return run_machine(decoder, kHeaderMachine, State::kHeaderBegin);
 }
 
 }  // namespace jt

@@ -46,6 +46,46 @@ constexpr std::array<ByteClass, 256> kClasses = classify_bytes();
 
 ByteClass class_at(const char *position) { return kClasses[static_cast<unsigned char>(*position)]; }
 
+// A set of bytes without NUL, so that it ends at the end of the text.
+using ByteSet = std::array<bool, 256>;
+
+constexpr ByteSet word_bytes() {
+  ByteSet set{};
+  for (std::size_t i = 0; i < set.size(); ++i) set[i] = kClasses[i] == ByteClass::kWord;
+  return set;
+}
+
+constexpr ByteSet all_but(std::string_view others) {
+  ByteSet set{};
+  set.fill(true);
+  set[0] = false;
+  for (const char c : others) set[static_cast<unsigned char>(c)] = false;
+  return set;
+}
+
+constexpr ByteSet kWordBytes = word_bytes();
+constexpr ByteSet kPlainInQuotes = all_but("\"\\");
+
+// The first byte from there on that is not in the set. Four at a time, since most of a text is passed here.
+const char *end_of_run(const char *at, const ByteSet &set) {
+  const auto holds = [&set](const char *byte) { return set[static_cast<unsigned char>(*byte)]; };
+  for (;; at += 4) {
+    if (!holds(at)) return at;
+    if (!holds(at + 1)) return at + 1;
+    if (!holds(at + 2)) return at + 2;
+    if (!holds(at + 3)) return at + 3;
+  }
+}
+
+// The same for white space, which is mostly blanks.
+const char *end_of_spaces(const char *at) {
+  while (class_at(at) == ByteClass::kSpace) {
+    ++at;
+    while (at[0] == ' ' && at[1] == ' ') at += 2;
+  }
+  return at;
+}
+
 constexpr Token kErrorToken = {TokenKind::kError, {}};
 
 struct Escape {
@@ -75,7 +115,7 @@ class WordReader {
           if (!read_run()) return kErrorToken;
           break;
         case ByteClass::kBackslash:
-          if (!read_escape(kMostTokenText)) return kErrorToken;
+          if (!read_escape()) return kErrorToken;
           escaped_ = true;
           break;
         case ByteClass::kQuote:
@@ -101,26 +141,29 @@ class WordReader {
 
   bool read_run() {
     if (quoted_) return fail(message::kWordAfterQuote, text_before(cursor_, 1));
-    const char *end = cursor_.position + 1;
-    while (class_at(end) == ByteClass::kWord) ++end;
+    return copy_run(end_of_run(cursor_.position, kWordBytes), kMostTokenText);
+  }
+
+  // Bytes that stand for themselves, up to the length that the text may have.
+  bool copy_run(const char *end, std::size_t most) {
     const auto found = static_cast<std::size_t>(end - cursor_.position);
-    const std::size_t taken = std::min(found, kMostTokenText - length_);
+    const std::size_t taken = std::min(found, most - length_);
     std::memcpy(cursor_.buffer.data() + length_, cursor_.position, taken);
     length_ += taken;
     cursor_.position += taken;
     return taken == found || fail(message::kTokenTooLong);
   }
 
-  bool append(char c, std::size_t most) {
-    if (length_ == most) return fail(message::kTokenTooLong);
+  bool append(char c) {
+    if (length_ == kMostTokenText) return fail(message::kTokenTooLong);
     cursor_.buffer[length_++] = c;
     return true;
   }
 
-  bool read_escape(std::size_t most) {
+  bool read_escape() {
     ++cursor_.position;
     if (*cursor_.position == '\0') return fail(message::kUnexpectedEnd);
-    return append(unescape(*cursor_.position++), most);
+    return append(unescape(*cursor_.position++));
   }
 
   // In quotes the character that is one too many has been collected when it is refused.
@@ -130,8 +173,9 @@ class WordReader {
     ++cursor_.position;
     while (*cursor_.position != '"') {
       if (*cursor_.position == '\0') return fail(message::kUnexpectedEnd);
-      const bool read = *cursor_.position == '\\' ? read_escape(kMostTokenText)
-                                                  : append(*cursor_.position++, kMostTokenText);
+      const bool read = *cursor_.position == '\\'
+                            ? read_escape()
+                            : copy_run(end_of_run(cursor_.position, kPlainInQuotes), kMostQuoted + 1);
       if (!read) return false;
       if (length_ > kMostQuoted) return fail(message::kTokenTooLong);
     }
@@ -178,8 +222,7 @@ void pass(SilCursor &cursor, const char *end, ByteClass next) {
 
 Token read_word(jt_parser_space *space, SilCursor &cursor) {
   const char *const begin = cursor.position;
-  const char *end = begin + 1;
-  while (class_at(end) == ByteClass::kWord) ++end;
+  const char *const end = end_of_run(begin, kWordBytes);
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
   const ByteClass next = class_at(end);
   if (goes_on(next) || text.size() > kMostTokenText) return WordReader(space, cursor).read();
@@ -187,12 +230,9 @@ Token read_word(jt_parser_space *space, SilCursor &cursor) {
   return {same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text};
 }
 
-bool ends_plain_string(char c) { return c == '"' || c == '\\' || c == '\0'; }
-
 Token read_string(jt_parser_space *space, SilCursor &cursor) {
   const char *const begin = cursor.position + 1;
-  const char *end = begin;
-  while (!ends_plain_string(*end)) ++end;
+  const char *const end = end_of_run(begin, kPlainInQuotes);
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
   if (*end != '"' || text.size() > kMostQuoted) return WordReader(space, cursor).read();
   const ByteClass next = class_at(end + 1);
@@ -216,7 +256,7 @@ Token read_punctuation(SilCursor &cursor, ByteClass which) {
 Token next_token(jt_parser_space *space, SilCursor &cursor) {
   const char *begin = cursor.position;
   cursor.mark = begin;
-  while (class_at(begin) == ByteClass::kSpace) ++begin;
+  begin = end_of_spaces(begin);
   cursor.position = begin;
   const ByteClass first = class_at(begin);
   switch (first) {

@@ -70,16 +70,18 @@ void report_wrong_token(Decoder &decoder, const Token &token, State state) {
 }
 
 constexpr auto kTable = by_state(kRows);
-constexpr Machine kMachine = {kTable.rows.data(), kTable.first.data(), fail_at_end, report_wrong_token};
 
 }  // namespace
+
+constexpr Machine kSectionMachine = {kTable.rows.data(), kTable.first.data(), fail_at_end,
+                                     report_wrong_token};
 
 bool decode_section(Decoder &decoder) {
   jt_node *const section = create_typed_node(decoder.space, "template", "header", JT_NODE_TEMPLATE, nullptr);
   if (section == nullptr) return false;
   link_section(*decoder.root, *section);
   decoder.top = section;
-  return run_machine(decoder, kMachine, State::kSectionBegin);
+  return run_machine(decoder, kSectionMachine, State::kSectionBegin);
 }
 
 }  // namespace jt

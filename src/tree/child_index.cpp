@@ -8,6 +8,16 @@
 
 namespace jt {
 
+namespace {
+
+// The hash stands beside the child: a child of another key need not be fetched from memory.
+struct Entry {
+  jt_node *child;
+  std::uint32_t hash;
+};
+
+}  // namespace
+
 // Open addressing with linear probing. Of several children of one key only the first in the list has an
 // entry; `hidden` counts the others. Entries are kept dense by closing the gap when one goes, so there are no
 // tombstones.
@@ -15,7 +25,7 @@ struct ChildIndex {
   std::uint32_t mask;    // entries - 1, a power of two less one
   std::uint32_t used;    // entries that hold a child
   std::uint32_t hidden;  // children with a key, but without an entry
-  jt_node **entries;
+  Entry *entries;
 };
 
 namespace {
@@ -67,19 +77,25 @@ bool set_key_hash(jt_node &child) {
 }
 
 // The entry with that key, or the empty one where it belongs.
-jt_node *&entry_of(const ChildIndex &index, const Key &key) {
+Entry &entry_of(const ChildIndex &index, const Key &key) {
   std::uint32_t at = key.hash & index.mask;
-  while (index.entries[at] != nullptr && !matches(key, *index.entries[at])) at = (at + 1) & index.mask;
+  for (; index.entries[at].child != nullptr; at = (at + 1) & index.mask) {
+    const Entry &entry = index.entries[at];
+    if (entry.hash == key.hash && is_worth(key, *entry.child)) break;
+  }
   return index.entries[at];
 }
 
+// The record takes the place of the first entries.
+constexpr std::size_t kHead = (sizeof(ChildIndex) + sizeof(Entry) - 1) / sizeof(Entry);
+
 // Blocks of the plain heap: nothing is reported when there are none.
 ChildIndex *open_index(std::uint32_t size) {
-  auto *const index =
-      static_cast<ChildIndex *>(std::calloc(1, sizeof(ChildIndex) + size * sizeof(jt_node *)));
-  if (index == nullptr) return nullptr;
+  void *const block = std::calloc(kHead + size, sizeof(Entry));
+  if (block == nullptr) return nullptr;
+  auto *const index = static_cast<ChildIndex *>(block);
   index->mask = size - 1;
-  index->entries = reinterpret_cast<jt_node **>(index + 1);
+  index->entries = static_cast<Entry *>(block) + kHead;
   return index;
 }
 
@@ -90,47 +106,68 @@ bool comes_before(const jt_node &child, const jt_node &other) {
 }
 
 void insert(ChildIndex &index, jt_node &child) {
-  jt_node *&entry = entry_of(index, key_of(child));
-  if (entry == nullptr) {
-    entry = &child;
+  const Key key = key_of(child);
+  Entry &entry = entry_of(index, key);
+  if (entry.child == nullptr) {
+    entry = {&child, key.hash};
     ++index.used;
     return;
   }
   ++index.hidden;
-  if (child.next_sibling != nullptr && comes_before(child, *entry)) entry = &child;
+  if (child.next_sibling != nullptr && comes_before(child, *entry.child)) entry.child = &child;
 }
 
 // Moves every later entry of the run into the gap when that brings it closer to its home.
 void close_gap(ChildIndex &index, std::uint32_t gap) {
-  for (std::uint32_t at = (gap + 1) & index.mask; index.entries[at] != nullptr; at = (at + 1) & index.mask) {
-    const std::uint32_t home = index.entries[at]->key_hash & index.mask;
+  for (std::uint32_t at = (gap + 1) & index.mask; index.entries[at].child != nullptr;
+       at = (at + 1) & index.mask) {
+    const std::uint32_t home = index.entries[at].hash & index.mask;
     if (((at - home) & index.mask) < ((at - gap) & index.mask)) continue;
     index.entries[gap] = index.entries[at];
     gap = at;
   }
-  index.entries[gap] = nullptr;
+  index.entries[gap] = {};
   --index.used;
 }
 
 // With this many children or more a table would need more entries than can be counted.
 constexpr std::uint32_t kMostIndexed = 1U << 28U;
 
-// A quarter full, so that the number of children can double before the next rebuild.
+// A quarter full or more, so that the number of children can double before the index grows.
 void build_index(jt_node &parent) {
   drop_index(parent);
   std::uint32_t children = 0;
   for (jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
     if (!set_key_hash(*child) || ++children > kMostIndexed) return;
   }
-  parent.index = open_index(std::bit_ceil(children * 4));
+  parent.index = open_index(std::bit_ceil(children * 2));
   if (parent.index == nullptr) return;
   // From the last to the first: whoever comes later is hidden by whoever comes before, without a search.
   for (jt_node *child = parent.last_child; child != nullptr; child = child->previous_sibling) {
     if (!has_key(*child)) continue;
-    jt_node *&entry = entry_of(*parent.index, key_of(*child));
-    ++(entry == nullptr ? parent.index->used : parent.index->hidden);
-    entry = child;
+    const Key key = key_of(*child);
+    Entry &entry = entry_of(*parent.index, key);
+    ++(entry.child == nullptr ? parent.index->used : parent.index->hidden);
+    entry = {child, key.hash};
   }
+}
+
+// Moves the entries into an index of twice the size. Their keys differ, so no child is looked at.
+void grow_index(jt_node &parent) {
+  const ChildIndex &old = *parent.index;
+  ChildIndex *const index = old.mask < kMostIndexed ? open_index((old.mask + 1) * 2) : nullptr;
+  for (std::uint32_t i = 0; index != nullptr && i <= old.mask; ++i) {
+    if (old.entries[i].child == nullptr) continue;
+    std::uint32_t at = old.entries[i].hash & index->mask;
+    while (index->entries[at].child != nullptr) at = (at + 1) & index->mask;
+    index->entries[at] = old.entries[i];
+  }
+  if (index != nullptr) {
+    index->used = old.used;
+    index->hidden = old.hidden;
+  }
+  drop_index(parent);
+  parent.index = index;
 }
 
 jt_node *find_in_list(jt_node &parent, const Key &key, bool hashed) {
@@ -145,7 +182,7 @@ jt_node *find_in_list(jt_node &parent, const Key &key, bool hashed) {
 }
 
 jt_node *find_by_name(jt_node &parent, const Key &key) {
-  return parent.index != nullptr ? entry_of(*parent.index, key) : find_in_list(parent, key, true);
+  return parent.index != nullptr ? entry_of(*parent.index, key).child : find_in_list(parent, key, true);
 }
 
 }  // namespace
@@ -159,23 +196,23 @@ jt_node *find_namesake(jt_node &parent, const jt_node &node) { return find_by_na
 jt_node *find_value(jt_node &attribute, const jt_value *value) {
   Key key = {0, true, {}, attribute.type, value};
   const bool hashed = hash_value(*attribute.type, value, key.hash);
-  return attribute.index != nullptr && hashed ? entry_of(*attribute.index, key)
+  return attribute.index != nullptr && hashed ? entry_of(*attribute.index, key).child
                                               : find_in_list(attribute, key, false);
 }
 
 jt_node *find_pending_value(jt_node &attribute, std::string_view text) {
   const Key key = key_of_pending(text);
-  return attribute.index != nullptr ? entry_of(*attribute.index, key) : find_in_list(attribute, key, false);
+  return attribute.index != nullptr ? entry_of(*attribute.index, key).child
+                                    : find_in_list(attribute, key, false);
 }
 
 void index_child(jt_node &parent, jt_node &child) {
   if (parent.index == nullptr || !has_key(child)) return;
   if (!set_key_hash(child)) {
     drop_index(parent);
-  } else if (parent.index->used > parent.index->mask / 2) {
-    build_index(parent);
   } else {
-    insert(*parent.index, child);
+    if (parent.index->used > parent.index->mask / 2) grow_index(parent);
+    if (parent.index != nullptr) insert(*parent.index, child);
   }
 }
 
@@ -183,15 +220,15 @@ void unindex_child(jt_node &parent, jt_node &child) {
   if (parent.index == nullptr || !has_key(child)) return;
   ChildIndex &index = *parent.index;
   const Key key = key_of(child);
-  jt_node *&entry = entry_of(index, key);
-  if (entry != &child) {
+  Entry &entry = entry_of(index, key);
+  if (entry.child != &child) {
     --index.hidden;
     return;
   }
   jt_node *next = index.hidden > 0 ? child.next_sibling : nullptr;
   while (next != nullptr && !matches(key, *next)) next = next->next_sibling;
   if (next != nullptr) {
-    entry = next;
+    entry.child = next;
     --index.hidden;
   } else {
     close_gap(index, static_cast<std::uint32_t>(&entry - index.entries));

@@ -31,8 +31,9 @@ jt_node *take_node(jt_parser_space &space, std::size_t bytes) {
   PieceTag tag;
   void *const piece = take_piece(space, sizeof(jt_node) + room, tag);
   if (piece == nullptr) return nullptr;
+  static constexpr jt_node kEmpty = {};
   auto *const node = static_cast<jt_node *>(piece);
-  *node = {};
+  std::memcpy(node, &kEmpty, sizeof(kEmpty));
   node->piece = tag;
   return node;
 }
@@ -60,10 +61,10 @@ void *ValuePlacement::take(BlockSource &source, jt_parser_space &space, std::siz
   auto &self = static_cast<ValuePlacement &>(source);
   void *block = nullptr;
   if (self.node_ != nullptr || bytes > kMaxPiece - sizeof(jt_node)) {
-    block = take_block(&space, bytes);
+    block = take_unset_block(&space, bytes);
   } else {
     self.node_ = take_node(space, bytes);
-    block = self.node_ != nullptr ? std::memset(self.node_ + 1, 0, bytes) : nullptr;
+    if (self.node_ != nullptr) block = self.node_ + 1;
   }
   self.failed_ = block == nullptr;
   return block;

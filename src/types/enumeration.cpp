@@ -1,6 +1,7 @@
 // Reading and writing names of a value list, and the names that no list knows.
 #include "types/enumeration.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "foundation/error_store.h"
@@ -20,7 +21,8 @@ jt_value *store_unknown_name(jt_parser_space *space, std::string_view name) {
   auto *const block = static_cast<char *>(take_value_block(space, sizeof(kUnknownName) + name.size() + 1));
   if (block == nullptr) return nullptr;
   std::memcpy(block, &kUnknownName, sizeof(kUnknownName));
-  std::memcpy(block + sizeof(kUnknownName), name.data(), name.size());
+  char *const end = std::copy(name.begin(), name.end(), block + sizeof(kUnknownName));
+  *end = '\0';
   return reinterpret_cast<jt_value *>(block);
 }
 

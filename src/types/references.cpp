@@ -56,8 +56,8 @@ jt_value *store(jt_parser_space *space, const Parts<Texts> &parts) {
   char *place = block + sizeof(record);
   for (std::size_t i = 0; i < Texts; ++i) {
     record[i] = place;
-    // The block is zeroed: a terminator stands there already.
-    place = std::copy(parts[i].begin(), parts[i].end(), place) + 1;
+    place = std::copy(parts[i].begin(), parts[i].end(), place);
+    *place++ = '\0';
   }
   std::memcpy(block, &record, sizeof(record));
   return reinterpret_cast<jt_value *>(block);

@@ -228,19 +228,30 @@ static_assert(is_table(ppware_type_tab, MAX_PPWARE_TYPES));
 static_assert(is_table(scan_type_tab, MAX_SCAN_TYPES));
 static_assert(is_table(validation_type_tab, MAX_VALIDATION_TYPES));
 
+constexpr std::span<const jt_type> kBase = kBaseTypes;
+
+constexpr const jt_type &row_at(const TypeTable &table, std::size_t number) {
+  const auto own = static_cast<std::size_t>(table.count);
+  return number < own ? table.rows[number] : kBase[number - own];
+}
+
 // Half of the slots or more stay free, so that probing is short and always ends.
+consteval void enter(TypeTable &table, std::size_t number) {
+  const std::string_view name = row_at(table, number).name;
+  std::size_t slot = name_hash(name) % table.slots.size();
+  for (; table.slots[slot] != 0; slot = (slot + 1) % table.slots.size()) {
+    if (same_name(row_at(table, table.slots[slot] - 1U).name, name)) return;
+  }
+  table.slots[slot] = static_cast<std::uint8_t>(number + 1);
+  table.lengths[number] = static_cast<std::uint8_t>(name.size());
+}
+
 template <std::size_t Rows>
 consteval TypeTable table(const jt_type (&rows)[Rows]) {
   TypeTable table = {rows, Rows, {}, {}};
-  static_assert(Rows * 2 <= sizeof(table.slots) && Rows <= sizeof(table.lengths));
-  std::uint8_t entry = 0;
-  for (const jt_type &row : rows) {
-    const std::string_view name = row.name;
-    table.lengths[entry] = static_cast<std::uint8_t>(name.size());
-    std::size_t slot = name_hash(name) % table.slots.size();
-    while (table.slots[slot] != 0) slot = (slot + 1) % table.slots.size();
-    table.slots[slot] = ++entry;
-  }
+  static_assert((Rows + kBase.size()) * 2 <= sizeof(table.slots));
+  static_assert(Rows + kBase.size() <= sizeof(table.lengths));
+  for (std::size_t number = 0; number < Rows + kBase.size(); ++number) enter(table, number);
   return table;
 }
 
@@ -273,18 +284,18 @@ constexpr std::array<Service, 14> kServices = {{
     {"kmt_dscrpt_metadata", table(metadata_type_tab)},
 }};
 
-const jt_type *find_row(const TypeTable &table, std::string_view name, std::uint32_t hash) {
-  for (std::uint32_t slot = hash;; ++slot) {
+const jt_type *find_row(const TypeTable &table, std::string_view name) {
+  for (std::uint32_t slot = name_hash(name);; ++slot) {
     const std::size_t entry = table.slots[slot % table.slots.size()];
     if (entry == 0) return nullptr;
-    const jt_type &row = table.rows[entry - 1];
+    const jt_type &row = row_at(table, entry - 1);
     if (same_name({row.name, table.lengths[entry - 1]}, name)) return &row;
   }
 }
 
 }  // namespace
 
-const jt_type *find_base_type(std::string_view name) { return find_row(kBaseTable, name, name_hash(name)); }
+const jt_type *find_base_type(std::string_view name) { return find_row(kBaseTable, name); }
 
 const TypeTable *find_service_table(std::string_view service_name) {
   const std::uint32_t hash = name_hash(service_name);
@@ -305,15 +316,13 @@ const TypeTable *find_table_of_row(const jt_type *row) {
 }
 
 const jt_type *find_type_in_scope(const TypeTable *table, std::string_view type_name) {
-  const std::uint32_t hash = name_hash(type_name);
-  const jt_type *const found = table != nullptr ? find_row(*table, type_name, hash) : nullptr;
-  return found != nullptr ? found : find_row(kBaseTable, type_name, hash);
+  return find_row(table != nullptr ? *table : kBaseTable, type_name);
 }
 
 // The row stands in the service's own table.
 const jt_type *find_service_row(std::string_view name) {
   const TypeTable *const table = find_service_table(name);
-  return table != nullptr ? find_row(*table, name, name_hash(name)) : nullptr;
+  return table != nullptr ? find_row(*table, name) : nullptr;
 }
 
 }  // namespace jt

@@ -14,8 +14,10 @@ namespace jt {
 struct TypeTable {
   const jt_type *rows;
   std::int32_t count;
-  std::array<std::uint8_t, 64> slots;    // hash table of the names: row + 1, or 0; probed linearly
-  std::array<std::uint8_t, 24> lengths;  // of the names
+  // Hash table of the names in these rows, and of those that only the base table has: 1 + the row's number,
+  // or 0; probed linearly. The base rows are numbered after these.
+  std::array<std::uint8_t, 128> slots;
+  std::array<std::uint8_t, 48> lengths;  // of the names
 };
 
 // Each find answers null for an empty name.

@@ -1,0 +1,53 @@
+# What `cmake --install` puts where, in three components: runtime (the shared library), development (headers,
+# the static library, what find_package() and pkg-config read, the manual's pages on them) and tools. Nothing
+# of it knows the prefix: an installed tree may be moved.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS jt_static jt_shared EXPORT jt_targets
+        ARCHIVE COMPONENT development
+        LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ TYPE INCLUDE COMPONENT development)
+if(JT_BUILD_PROGRAMS OR JT_BUILD_TESTS)
+  install(TARGETS jt-driver jt-roundtrip RUNTIME COMPONENT tools)
+endif()
+
+# What g++ leaves in objects for optimizing them when they are linked can be read by that version of it alone,
+# and stops every other one. Clients get the plain code, which is there as well.
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  cmake_path(APPEND archive "\${CMAKE_INSTALL_PREFIX}" ${CMAKE_INSTALL_LIBDIR} libjt.a)
+  install(CODE "execute_process(COMMAND ${CMAKE_STRIP} --strip-symbol=__gnu_lto_v1 --remove-section=.gnu.lto_*
+                  --remove-section=.gnu.debuglto_* \"\$ENV{DESTDIR}${archive}\" COMMAND_ERROR_IS_FATAL ANY)"
+          COMPONENT development)
+endif()
+
+# For find_package().
+set(cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/jt)
+configure_package_config_file(
+  ${CMAKE_CURRENT_LIST_DIR}/jt-config.cmake.in ${PROJECT_BINARY_DIR}/jt-config.cmake
+  INSTALL_DESTINATION ${cmake_dir} NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/jt-config-version.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/jt-config.cmake ${PROJECT_BINARY_DIR}/jt-config-version.cmake
+        DESTINATION ${cmake_dir} COMPONENT development)
+install(EXPORT jt_targets NAMESPACE jt:: FILE jt-targets.cmake DESTINATION ${cmake_dir} COMPONENT development)
+
+# For pkg-config, which knows the place of the file that it reads: from there the prefix is so many steps up.
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
+           OUTPUT_VARIABLE to_prefix)
+set(pc_prefix "\${pcfiledir}/${to_prefix}")
+cmake_path(APPEND pc_libdir "\${prefix}" ${CMAKE_INSTALL_LIBDIR})
+cmake_path(APPEND pc_includedir "\${prefix}" ${CMAKE_INSTALL_INCLUDEDIR})
+configure_file(${CMAKE_CURRENT_LIST_DIR}/jt.pc.in ${PROJECT_BINARY_DIR}/jt.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/jt.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+# Pages of the manual, written by hand or generated: those that are there when it is installed.
+function(jt_install_pages section component)
+  set(pages "\"${PROJECT_SOURCE_DIR}/docs/man/*.${section}\" \"${PROJECT_BINARY_DIR}/docs/man/*.${section}\"")
+  set(place "\"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_MANDIR}/man${section}\"")
+  install(CODE "file(GLOB pages ${pages})
+  if(pages)
+    file(INSTALL \${pages} DESTINATION ${place})
+  endif()" COMPONENT ${component})
+endfunction()
+jt_install_pages(1 tools)
+jt_install_pages(3 development)
+jt_install_pages(5 development)
