@@ -11,15 +11,6 @@ if(JT_BUILD_PROGRAMS OR JT_BUILD_TESTS)
   install(TARGETS jt-driver jt-roundtrip RUNTIME COMPONENT tools)
 endif()
 
-# What g++ leaves in objects for optimizing them when they are linked can be read by that version of it alone,
-# and stops every other one. Clients get the plain code, which is there as well.
-if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  cmake_path(APPEND archive "\${CMAKE_INSTALL_PREFIX}" ${CMAKE_INSTALL_LIBDIR} libjt.a)
-  install(CODE "execute_process(COMMAND ${CMAKE_STRIP} --strip-symbol=__gnu_lto_v1 --remove-section=.gnu.lto_*
-                  --remove-section=.gnu.debuglto_* \"\$ENV{DESTDIR}${archive}\" COMMAND_ERROR_IS_FATAL ANY)"
-          COMPONENT development)
-endif()
-
 # For find_package().
 set(cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/jt)
 configure_package_config_file(

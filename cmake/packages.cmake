@@ -25,7 +25,6 @@ read and change the tree, and writes it back.")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libjt${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_MULTIARCH same)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/triggers)
 file(WRITE ${PROJECT_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${summary} - library\n${what_it_is}
@@ -34,7 +33,6 @@ This package holds the shared library.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libjt-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_MULTIARCH same)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "libjt${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${summary} - development\n${what_it_is}
@@ -44,7 +42,6 @@ pkg-config need to find them.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME jt-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_TOOLS_PACKAGE_MULTIARCH foreign)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${summary} - tools\n${what_it_is}
 .
 This package holds jt-roundtrip, which reads a template and prints it as jt

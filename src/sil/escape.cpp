@@ -1,6 +1,9 @@
 #include "sil/escape.h"
 
+#include <algorithm>
 #include <array>
+
+#include "sil/byte_set.h"
 
 namespace jt {
 namespace {
@@ -13,35 +16,34 @@ struct Escape {
 constexpr std::array<Escape, 6> kControls = {
     {{'\b', 'b'}, {'\t', 't'}, {'\n', 'n'}, {'\v', 'v'}, {'\f', 'f'}, {'\r', 'r'}}};
 
-// What stands behind the backslash of each byte; 0 where none is needed.
-using EscapeTable = std::array<char, 256>;
-
-constexpr EscapeTable escapes_of(std::string_view plain) {
-  EscapeTable table{};
-  for (const char c : plain) table[static_cast<unsigned char>(c)] = c;
-  for (const Escape &control : kControls)
-    table[static_cast<unsigned char>(control.character)] = control.letter;
-  return table;
+char letter_of(char c) {
+  for (const Escape &control : kControls) {
+    if (control.character == c) return control.letter;
+  }
+  return c;
 }
 
-constexpr EscapeTable kInQuotes = escapes_of("\"\\");
-constexpr EscapeTable kBare = escapes_of(" !\"#$%&()*,;<=>?[\\]^{|}");
+constexpr ByteSet kPlainInQuotes = all_but("\b\t\n\v\f\r\"\\");
+constexpr ByteSet kPlain = all_but("\b\t\n\v\f\r !\"#$%&()*,;<=>?[\\]^{|}");
 
-char *escape_into(char *out, std::string_view text, const EscapeTable &table) {
-  for (const char c : text) {
-    const char letter = table[static_cast<unsigned char>(c)];
-    if (letter != '\0') *out++ = '\\';
-    *out++ = letter != '\0' ? letter : c;
+char *escape_into(char *out, std::string_view text, const ByteSet &plain) {
+  const char *const end = text.data() + text.size();
+  for (const char *at = text.data();; ++at) {
+    const char *const special = end_of_run(at, plain);
+    out = std::copy(at, special, out);
+    if (special == end) return out;
+    *out++ = '\\';
+    *out++ = letter_of(*special);
+    at = special;
   }
-  return out;
 }
 
 }  // namespace
 
 char *write_escaped(char *out, std::string_view text, Quoting quoting) {
-  if (quoting == Quoting::kNone) return escape_into(out, text, kBare);
+  if (quoting == Quoting::kNone) return escape_into(out, text, kPlain);
   *out++ = '"';
-  out = escape_into(out, text, kInQuotes);
+  out = escape_into(out, text, kPlainInQuotes);
   *out++ = '"';
   return out;
 }

@@ -13,7 +13,7 @@ enum class Quoting { kNone, kQuotes };
 // Room for any text of that length, escaped.
 constexpr std::size_t escaped_room(std::size_t length) { return length * 2 + 2; }
 
-// Writes the escaped text; where it ends. It holds no line feed.
+// Writes a terminated text, escaped; where it ends. It holds no line feed.
 char *write_escaped(char *out, std::string_view text, Quoting quoting);
 
 }  // namespace jt

@@ -5,6 +5,7 @@
 
 #include "foundation/error_store.h"
 #include "foundation/text.h"
+#include "sil/byte_set.h"
 
 namespace jt {
 namespace {
@@ -46,38 +47,16 @@ constexpr std::array<ByteClass, 256> kClasses = classify_bytes();
 
 ByteClass class_at(const char *position) { return kClasses[static_cast<unsigned char>(*position)]; }
 
-// A set of bytes without NUL, so that it ends at the end of the text.
-using ByteSet = std::array<bool, 256>;
-
 constexpr ByteSet word_bytes() {
   ByteSet set{};
   for (std::size_t i = 0; i < set.size(); ++i) set[i] = kClasses[i] == ByteClass::kWord;
   return set;
 }
 
-constexpr ByteSet all_but(std::string_view others) {
-  ByteSet set{};
-  set.fill(true);
-  set[0] = false;
-  for (const char c : others) set[static_cast<unsigned char>(c)] = false;
-  return set;
-}
-
 constexpr ByteSet kWordBytes = word_bytes();
 constexpr ByteSet kPlainInQuotes = all_but("\"\\");
 
-// The first byte from there on that is not in the set. Four at a time, since most of a text is passed here.
-const char *end_of_run(const char *at, const ByteSet &set) {
-  const auto holds = [&set](const char *byte) { return set[static_cast<unsigned char>(*byte)]; };
-  for (;; at += 4) {
-    if (!holds(at)) return at;
-    if (!holds(at + 1)) return at + 1;
-    if (!holds(at + 2)) return at + 2;
-    if (!holds(at + 3)) return at + 3;
-  }
-}
-
-// The same for white space, which is mostly blanks.
+// Behind the white space, which is mostly blanks.
 const char *end_of_spaces(const char *at) {
   while (class_at(at) == ByteClass::kSpace) {
     ++at;
