@@ -57,8 +57,11 @@ constexpr std::uint32_t name_hash(std::string_view name) {
   };
   const char *const end = name.data() + name.size();
   if (name.size() >= 8) {
-    for (const char *at = name.data(); end - at > 8; at += 8) take_in(number_of_eight(at));
-    take_in(number_of_eight(end - 8));
+    const char *const last = end - 8;
+    for (const char *at = name.data();; at += 8) {
+      take_in(number_of_eight(at < last ? at : last));
+      if (at >= last) break;
+    }
   } else if (name.size() >= 4) {
     take_in(number_of_four(name.data()) << 32U | number_of_four(end - 4));
   } else {

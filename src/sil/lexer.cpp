@@ -23,9 +23,9 @@ constexpr std::string_view kSpaces = "\b\t\n\v\f\r ";
 // What a byte is outside of quotes. A smaller number is that of the punctuation's token.
 enum class ByteClass : std::uint8_t {
   kWord = kPunctuation.size(),
-  kSpace,
-  kQuote,
   kBackslash,
+  kQuote,
+  kSpace,
   kHash,
   kEndOfText
 };
@@ -191,7 +191,7 @@ Token read_comment(jt_parser_space *space, SilCursor &cursor) {
 
 // The reader leaves a word to the careful one when it goes on like this.
 bool goes_on(ByteClass next) {
-  return next == ByteClass::kWord || next == ByteClass::kBackslash || next == ByteClass::kQuote;
+  return next >= ByteClass::kWord && next <= ByteClass::kQuote;
 }
 
 // One white space behind a word goes with it.
