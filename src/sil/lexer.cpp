@@ -190,9 +190,7 @@ Token read_comment(jt_parser_space *space, SilCursor &cursor) {
 }
 
 // The reader leaves a word to the careful one when it goes on like this.
-bool goes_on(ByteClass next) {
-  return next >= ByteClass::kWord && next <= ByteClass::kQuote;
-}
+bool goes_on(ByteClass next) { return next >= ByteClass::kWord && next <= ByteClass::kQuote; }
 
 // One white space behind a word goes with it.
 void pass(SilCursor &cursor, const char *end, ByteClass next) {
