@@ -21,6 +21,7 @@ static const attribute_row attributes[] = {
     {"Mail", "ref_invocation", "Attachment", "Scanner:Letter"},
 };
 
+/* [build] */
 static int add_service(jt_parser_space *session, int32_t job, const char *type, const char *name) {
   return jt_add_service(session, job, type, name) && jt_add_invocation(session, job, name);
 }
@@ -47,6 +48,7 @@ static int fill(jt_parser_space *session, int32_t job) {
   }
   return add_copies(session, job);
 }
+/* [build] */
 
 int main(void) {
   jt_parser_space *session = jt_open_parsing_utility("build_scan_to_mail");

@@ -22,6 +22,7 @@ static char *read_file(const char *name) {
   return NULL;
 }
 
+/* [find an attribute] */
 /* Leaves the invocation that has the attribute as the current one. */
 static int find_attribute(jt_parser_space *session, int32_t job, const char *service, const char *attribute) {
   int32_t more = jt_first_invocation(session, job, service);
@@ -30,7 +31,9 @@ static int find_attribute(jt_parser_space *session, int32_t job, const char *ser
   }
   return more;
 }
+/* [find an attribute] */
 
+/* [change a value] */
 static int change(jt_parser_space *session, const char *text, char **arguments) {
   const char *service = arguments[0], *attribute = arguments[1], *value = arguments[2];
   const int32_t job = jt_decode_template(session, text);
@@ -43,6 +46,7 @@ static int change(jt_parser_space *session, const char *text, char **arguments) 
   jt_destroy_value_string(session, result);
   return changed ? EXIT_SUCCESS : EXIT_FAILURE;
 }
+/* [change a value] */
 
 int main(int argc, char **argv) {
   char *text = argc == 5 ? read_file(argv[1]) : NULL;

@@ -23,6 +23,7 @@ static char *read_file(const char *name) {
   return NULL;
 }
 
+/* [complete a service] */
 static void complete(jt_parser_space *session, int32_t job, const char *service) {
   jt_status *completed = get_status(session, "KMT_STATUS_COMPLETED");
   int32_t more = jt_first_invocation(session, job, service);
@@ -33,7 +34,9 @@ static void complete(jt_parser_space *session, int32_t job, const char *service)
   jt_destroy_status(session, completed);
   jt_first_invocation(session, job, service);
 }
+/* [complete a service] */
 
+/* [override a value] */
 /* The types of a service are found by its name or, where it has a name of its own, by its type. */
 static int override_value(jt_parser_space *session, int32_t job, const char *service, const char *attribute,
                           const char *text) {
@@ -51,6 +54,7 @@ static int override_value(jt_parser_space *session, int32_t job, const char *ser
   jt_destroy_name(session, type);
   return done;
 }
+/* [override a value] */
 
 static int finish(jt_parser_space *session, const char *text, char **arguments) {
   const int32_t job = jt_decode_template(session, text);

@@ -33,6 +33,7 @@ static const table_row tables[] = {
 
 static const uint32_t highest_number = 999;
 
+/* [list types] */
 static void print_names(jt_parser_space *session, const char *service, const char *type) {
   for (uint32_t number = 0; number <= highest_number; ++number) {
     char *name = jt_encode_value(session, type, (const jt_value *)&number, service);
@@ -48,6 +49,7 @@ static void print_table(jt_parser_space *session, const table_row *table) {
     if (strncmp(type->name, "enum_", 5) == 0) print_names(session, table->service, type->name);
   }
 }
+/* [list types] */
 
 int main(int argc, char **argv) {
   jt_parser_space *session = jt_open_parsing_utility("list_types");

@@ -22,6 +22,7 @@ static char *read_file(const char *name) {
   return NULL;
 }
 
+/* [walk values] */
 static void print_values(jt_parser_space *session, int32_t job, const char *service, const char *attribute) {
   char *value = jt_get_first_attribute_value_string(session, job, service, attribute);
   for (; value != NULL; value = jt_get_next_attribute_value_string(session, job, service, attribute)) {
@@ -29,7 +30,9 @@ static void print_values(jt_parser_space *session, int32_t job, const char *serv
     jt_destroy_value_string(session, value);
   }
 }
+/* [walk values] */
 
+/* [walk attributes] */
 static void print_attributes(jt_parser_space *session, int32_t job, const char *service) {
   char *name = jt_get_first_attribute_name(session, job, service);
   for (; name != NULL; name = jt_get_next_attribute_name(session, job, service)) {
@@ -41,7 +44,9 @@ static void print_attributes(jt_parser_space *session, int32_t job, const char *
     jt_destroy_name(session, name);
   }
 }
+/* [walk attributes] */
 
+/* [walk invocations] */
 static void print_service(jt_parser_space *session, int32_t job, const char *service) {
   char *type = jt_get_service_type(session, job, service);
   printf("%s: %s\n", service, type);
@@ -54,7 +59,9 @@ static void print_service(jt_parser_space *session, int32_t job, const char *ser
     print_attributes(session, job, service);
   }
 }
+/* [walk invocations] */
 
+/* [walk services] */
 static int print_outline(jt_parser_space *session, const char *text) {
   const int32_t job = jt_decode_template(session, text);
   if (job == 0) fprintf(stderr, "%s\n", jt_get_recent_error(session));
@@ -65,6 +72,7 @@ static int print_outline(jt_parser_space *session, const char *text) {
   }
   return job == 0 ? EXIT_FAILURE : EXIT_SUCCESS;
 }
+/* [walk services] */
 
 int main(int argc, char **argv) {
   char *text = argc == 2 ? read_file(argv[1]) : NULL;

@@ -83,6 +83,7 @@
 #include <stddef.h>
 #include <stdint.h>
 
+/* The version of the library. */
 #define JT_VERSION_MAJOR 4
 #define JT_VERSION_MINOR 2
 #define JT_VERSION_PATCH 0
@@ -121,6 +122,7 @@ typedef struct jt_status jt_status;
  * five operations are null names a kind of block (a service, an invocation ...), not a type of value. The
  * session may be null; reports are then dropped. An operation that cannot allocate returns null. */
 typedef struct jt_type {
+  /* As SIL spells it. */
   const char *name;
   /* Text to new value. May write into the text. Null when the text is null or refused; a refusal is
    * reported as described under Values. */
@@ -255,7 +257,7 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
  *   "SYNTAX ERROR: Illegal end of block at" + the text there            ends too early, or a stray "<"
  *   "SYNTAX ERROR: Illegal Block" + the text there                      a section unlike its header
  *   "SYNTAX ERROR: decoding attribute at:" + the text there             among the header's attributes
- *   "SYNTAX ERROR: Missing end marker"
+ *   "SYNTAX ERROR: Missing end marker"                   behind the section of a "<! SIL" header
  *   "MEMORY ERROR: Saving the header\n", "MEMORY ERROR: duplicating" + text of a status, and those of
  *   create_typed_node(), create_value_node() and add_comment()
  *

@@ -1,0 +1,41 @@
+// The page of services, types and value names, written from the type tables and value lists of the library.
+#ifndef JT_DOCS_GENERATOR_CATALOGUE_H
+#define JT_DOCS_GENERATOR_CATALOGUE_H
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jt.h"
+#include "types/value_lists.h"
+
+namespace jt_docs {
+
+struct Service {
+  std::string_view purpose;
+  std::string_view table_name;
+  std::string_view count_name;
+  const jt_type *rows;
+  std::int32_t count;
+  const jt::ValueList *names;  // null: the service has no enumerated types
+};
+
+extern const std::array<Service, 16> kServices;
+
+struct Name {
+  std::string_view text;
+  std::uint32_t number;
+  std::string_view written;  // the name that is written for the number
+};
+
+// All names of a list, by number.
+std::vector<Name> names_of(const jt::ValueList &list);
+
+// The page in Markdown.
+std::string write_catalogue();
+
+}  // namespace jt_docs
+
+#endif

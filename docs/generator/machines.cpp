@@ -1,0 +1,297 @@
+#include "machines.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "foundation/messages.h"
+#include "tree/node.h"
+
+namespace jt_docs {
+
+using jt::State;
+using jt::TokenKind;
+
+constexpr std::array<Drawing, 5> kDrawings = {{
+    {"header", &jt::kHeaderMachine, State::kHeaderBegin},
+    {"header_attributes", &jt::kHeaderAttributesMachine, State::kInInvocation},
+    {"section", &jt::kSectionMachine, State::kSectionBegin},
+    {"body", &jt::kBodyMachine, State::kBetweenServices},
+    {"end_marker", &jt::kEndMarkerMachine, State::kMarkerBegin},
+}};
+
+namespace {
+
+// ---- Names ------------------------------------------------------------------------------------------------
+
+// The compiler knows the enumerator by its name.
+template <State state>
+std::string_view enumerator() {
+  const std::string_view signature = __PRETTY_FUNCTION__;
+  const std::size_t begin = signature.find("State::k") + std::string_view("State::k").size();
+  return signature.substr(begin, signature.find_first_of(";]", begin) - begin);
+}
+
+template <std::size_t... numbers>
+auto enumerators(std::index_sequence<numbers...> /*all*/) {
+  return std::array{enumerator<static_cast<State>(numbers)>()...};
+}
+
+std::string_view enumerator_of(State state) {
+  static const auto kNames = enumerators(std::make_index_sequence<jt::kStateCount + 1>());
+  return kNames[static_cast<std::size_t>(state)];
+}
+
+// ---- Tokens -----------------------------------------------------------------------------------------------
+
+// Punctuation is what the lexer makes of its characters.
+std::array<std::string, jt::kTokenKinds> make_token_names() {
+  std::array<std::string, jt::kTokenKinds> names;
+  const auto name = [&names](TokenKind kind) -> std::string & {
+    return names[static_cast<std::size_t>(kind)];
+  };
+  for (const char *text : {"[", "]", "{", "}", "(", ")", "<", ">", "=", ",",
+                           ";", "*", "!", "$", "%", "&", "^", "?", "|", "||"}) {
+    jt::SilCursor cursor;
+    cursor.position = cursor.mark = cursor.begin = text;
+    name(jt::next_token(nullptr, cursor).kind) = text;
+  }
+  name(TokenKind::kWord) = "word";
+  name(TokenKind::kString) = "string";
+  name(TokenKind::kEnd) = "end";
+  return names;
+}
+
+// Kinds that have a name are those that a row can be about.
+std::vector<std::string> named_tokens(jt::TokenSet set) {
+  static const auto kNames = make_token_names();
+  std::vector<std::string> tokens;
+  for (std::size_t kind = 0; kind < jt::kTokenKinds; ++kind) {
+    if (jt::contains(set, static_cast<TokenKind>(kind)) && !kNames[kind].empty()) {
+      tokens.push_back(kNames[kind]);
+    }
+  }
+  return tokens;
+}
+
+std::string joined(const std::vector<std::string> &words) {
+  std::string text;
+  for (const std::string &word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
+
+struct Meaning {
+  State from;
+  State to;
+  std::string_view text;
+};
+
+constexpr auto kMeanings = std::to_array<Meaning>({
+    {State::kHeaderBegin, State::kFinished, "no header; read again"},
+    {State::kHeaderForm, State::kHeaderVersion, "SIL"},
+    {State::kHeaderWord, State::kHeaderVersion, "SIL"},
+    {State::kHeaderVersion, State::kHeaderEncoding, "version"},
+    {State::kHeaderEncoding, State::kHeaderIdentifier, "encoding"},
+    {State::kHeaderIdentifier, State::kHeaderEnd, "identifier"},
+    {State::kHeaderSaved, State::kFinished, "header attributes; read again"},
+    {State::kSectionBegin, State::kFinished, "no section; read again"},
+    {State::kSectionForm, State::kSectionOpened, "if the header's"},
+    {State::kSectionForm, State::kFinished, "/SIL; read again"},
+    {State::kSectionContent, State::kSectionFilled, "services; read again"},
+    {State::kSectionSlash, State::kSectionClosingForm, "begins with /"},
+    {State::kSectionClosingForm, State::kSectionClosed, "if the header's"},
+    {State::kBetweenServices, State::kFinished, "after a header; read again"},
+    {State::kServiceType, State::kServiceName, "type of service"},
+    {State::kServiceName, State::kServiceNamed, "name"},
+    {State::kInService, State::kInvocationNamed, "name"},
+    {State::kAfterService, State::kFinished, "after a header; read again"},
+    {State::kServiceStatus, State::kServiceStatusRead, "status"},
+    {State::kServiceText, State::kServiceText, "text"},
+    {State::kInInvocation, State::kAttributeName, "type"},
+    {State::kInInvocation, State::kFinished, "read again"},
+    {State::kAfterInvocation, State::kInvocationNamed, "name of the next"},
+    {State::kInvocationStatus, State::kInvocationStatusRead, "status"},
+    {State::kInvocationText, State::kInvocationText, "text"},
+    {State::kStarredType, State::kAttributeName, "type"},
+    {State::kAttributeName, State::kAttributeNamed, "name"},
+    {State::kFirstValue, State::kAfterValue, "value"},
+    {State::kNextValue, State::kAfterValue, "value"},
+    {State::kAfterAttribute, State::kAttributeName, "type of the next"},
+    {State::kAfterAttribute, State::kFinished, "read again"},
+    {State::kAttributeStatus, State::kAttributeStatusRead, "status"},
+    {State::kAttributeText, State::kAttributeText, "text"},
+    {State::kMarkerWord, State::kMarkerEnd, "/SIL"},
+});
+
+// ---- What a state says ------------------------------------------------------------------------------------
+
+// A decoder before an empty text, over a root that is its own parent: enough to ask a machine about a state.
+class Question {
+ public:
+  explicit Question(bool with_header) : space_(create_parser_space("docs")) {
+    root_.parent = &root_;
+    root_.previous_sibling = with_header ? &header_ : nullptr;
+    decoder_.space = space_;
+    decoder_.cursor.position = decoder_.cursor.mark = decoder_.cursor.begin = "";
+    decoder_.root = decoder_.top = &root_;
+  }
+  ~Question() { delete_parser_space(space_); }
+  Question(const Question &) = delete;
+  Question &operator=(const Question &) = delete;
+
+  bool may_end(const jt::Machine &machine, State state) {
+    return machine.at_end != nullptr && machine.at_end(decoder_, state);
+  }
+
+  std::string report_of(const jt::Machine &machine, State state) {
+    machine.report(decoder_, {TokenKind::kError, {}}, state);
+    return get_last_error(space_);
+  }
+
+ private:
+  jt_parser_space *space_;
+  jt_node root_{};
+  jt_node header_{};
+  jt::Decoder decoder_{};
+};
+
+// The varying part of the usual report, in its quotes, or all of another one.
+std::string expectation(const jt::Machine &machine, State state) {
+  const std::string report = Question(false).report_of(machine, state);
+  const std::size_t begin = report.find(jt::message::kExpectedBegin);
+  const std::size_t end = report.find(jt::message::kExpectedEnd);
+  if (begin == 0 && end != std::string::npos) {
+    const std::size_t skipped = std::string_view(jt::message::kExpectedBegin).size();
+    return "\"" + report.substr(skipped, end - skipped) + "\"";
+  }
+  return report.substr(0, report.rfind(" ..."));
+}
+
+std::string_view ending(const jt::Machine &machine, State state) {
+  const bool without = Question(false).may_end(machine, state);
+  const bool with = Question(true).may_end(machine, state);
+  if (with) return "may end here";
+  return without ? "may end here, without a header" : "";
+}
+
+// ---- The picture ------------------------------------------------------------------------------------------
+
+std::string escaped(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    const std::string_view entity = c == '&'   ? "&amp;"
+                                    : c == '<' ? "&lt;"
+                                    : c == '>' ? "&gt;"
+                                    : c == ']' ? "&#93;"
+                                    : c == ' ' ? "&#160;"
+                                               : "";
+    if (entity.empty()) result += c;
+    result += entity;
+  }
+  return result;
+}
+
+std::string small(std::string_view text, std::string_view color) {
+  if (text.empty()) return {};
+  return "<br/><font point-size=\"9\" color=\"" + std::string(color) + "\">" + escaped(text) + "</font>";
+}
+
+// What stands behind a semicolon gets a line of its own.
+std::string small_meaning(std::string_view text) {
+  const std::size_t end = text.find("; ");
+  if (end == text.npos) return small(text, "#1f3f7f");
+  return small(text.substr(0, end + 1), "#1f3f7f") + small_meaning(text.substr(end + 2));
+}
+
+// A machine that reports every wrong token alike need not say so in every state.
+bool always_reports_the_same(const jt::Machine &machine, const std::set<State> &states) {
+  std::set<std::string> expectations;
+  for (const State state : states) {
+    if (state != State::kFinished) expectations.insert(expectation(machine, state));
+  }
+  return expectations.size() == 1;
+}
+
+std::string node_line(const jt::Machine &machine, State state, bool with_expectation) {
+  const std::string id(enumerator_of(state));
+  if (state == State::kFinished)
+    return "  " + id + " [shape=doublecircle, label=\"\", width=0.16, height=0.16];\n";
+  const std::string_view end = ending(machine, state);
+  return "  " + id + " [" + (end.empty() ? "" : "peripheries=2, ") + "label=<<b>" + escaped(name_of(state)) +
+         "</b>" + small(with_expectation ? expectation(machine, state) : "", "#555555") +
+         small(end, "#1f5f3f") + ">];\n";
+}
+
+// The end of a status leads far back; a stand-in beside it keeps the picture free of long arrows.
+bool leads_back(const jt::Row &row) { return row.tokens == jt::one_of(TokenKind::kCloseParenthesis); }
+
+std::string target_of(const jt::Row &row) {
+  return std::string(enumerator_of(row.to)) + (leads_back(row) ? "Again" : "");
+}
+
+std::string stand_in_line(State state) {
+  return "  " + std::string(enumerator_of(state)) +
+         "Again [style=\"rounded,dashed\", fillcolor=none, label=\"" + name_of(state) + "\"];\n";
+}
+
+std::string edge_line(const jt::Row &row) {
+  return "  " + std::string(enumerator_of(row.from)) + " -> " + target_of(row) + " [label=<<b>" +
+         escaped(tokens_of(row)) + "</b>" + small_meaning(meaning_of(row)) + ">];\n";
+}
+
+}  // namespace
+
+std::vector<jt::Row> rows_of(const jt::Machine &machine) {
+  const jt::Row *end = machine.rows;
+  while (end->from != State::kFinished) ++end;
+  return {machine.rows, end};
+}
+
+std::string name_of(State state) {
+  std::string name;
+  for (const char c : enumerator_of(state)) {
+    const bool capital = c >= 'A' && c <= 'Z';
+    if (capital && !name.empty()) name += ' ';
+    name += capital ? static_cast<char>(c - 'A' + 'a') : c;
+  }
+  return name;
+}
+
+std::string tokens_of(const jt::Row &row) {
+  const std::vector<std::string> others = named_tokens(~row.tokens);
+  if (others.empty()) return "any";
+  return others.size() <= 2 ? "any but " + joined(others) : joined(named_tokens(row.tokens));
+}
+
+std::string_view meaning_of(const jt::Row &row) {
+  const auto *const found = std::find_if(kMeanings.begin(), kMeanings.end(), [&row](const Meaning &meaning) {
+    return meaning.from == row.from && meaning.to == row.to;
+  });
+  return found != kMeanings.end() ? found->text : std::string_view();
+}
+
+std::string draw(const Drawing &drawing) {
+  const std::vector<jt::Row> rows = rows_of(*drawing.machine);
+  std::set<State> states;
+  std::set<State> stand_ins;
+  for (const jt::Row &row : rows) {
+    states.insert({row.from, row.to});
+    if (leads_back(row)) stand_ins.insert(row.to);
+  }
+  std::string text =
+      "digraph " + std::string(drawing.name) +
+      " {\n"
+      "  bgcolor=\"transparent\"; rankdir=TB; nodesep=0.2; ranksep=0.42;\n"
+      "  node [shape=box, style=\"rounded,filled\", fillcolor=\"#f4f6fa\", color=\"#5b6b8c\", "
+      "fontname=\"Helvetica\", fontsize=11, margin=\"0.12,0.06\", height=0.3];\n"
+      "  edge [color=\"#5b6b8c\", fontname=\"Helvetica\", fontsize=11, arrowsize=0.7];\n"
+      "  begin [shape=circle, label=\"\", width=0.14, height=0.14, fillcolor=\"#5b6b8c\"];\n  begin -> " +
+      std::string(enumerator_of(drawing.begin)) + ";\n";
+  const bool with_expectation = !always_reports_the_same(*drawing.machine, states);
+  for (const State state : states) text += node_line(*drawing.machine, state, with_expectation);
+  for (const State state : stand_ins) text += stand_in_line(state);
+  for (const jt::Row &row : rows) text += edge_line(row);
+  return text + "}\n";
+}
+
+}  // namespace jt_docs
