@@ -91,6 +91,13 @@ TEST(ExportedSymbols, TheSharedLibraryIsNamedAfterItsMajorVersion) {
   EXPECT_NE(run.out.find("[libjt.so.4]"), run.out.npos) << run.out;
 }
 
+// The address sanitizer makes every variable longer, by a guard.
+#if defined(__has_feature)
+constexpr bool kHasGuards = __has_feature(address_sanitizer);
+#else
+constexpr bool kHasGuards = false;
+#endif
+
 // A program that names a table may hold a copy of it, made by the linker in the size of that day, and the
 // library then reads the copy.
 TEST(ExportedSymbols, TheTablesHaveTheSizeThatProgramsHaveCopied) {
@@ -102,7 +109,11 @@ TEST(ExportedSymbols, TheTablesHaveTheSizeThatProgramsHaveCopied) {
   const std::map<std::string, std::size_t> sizes = shared_symbol_sizes();
   for (const auto &[name, count] : rows) {
     ASSERT_TRUE(sizes.contains(name)) << name;
-    EXPECT_EQ(sizes.at(name), count * sizeof(jt_type)) << name;
+    if (kHasGuards) {
+      EXPECT_GT(sizes.at(name), count * sizeof(jt_type)) << name;
+    } else {
+      EXPECT_EQ(sizes.at(name), count * sizeof(jt_type)) << name;
+    }
   }
 }
 
