@@ -131,7 +131,8 @@ typedef struct jt_type {
   jt_value *(*copy)(jt_parser_space *space, const jt_value *value);
   /* Value to new text, one block of the heap. Null for null. */
   char *(*deval)(jt_parser_space *space, const jt_value *value);
-  /* Order of two values: -1, 0, 1, or -2 for "different" where a type has no order. */
+  /* Order of two values: -1, 0, 1, or -2 for "different" where a type has no order. Two strings: negative, 0
+   * or positive, the difference of the first bytes that differ. */
   int32_t (*cmp)(jt_parser_space *space, const jt_value *a, const jt_value *b);
   /* Releases a value. 1; for null 1 as well, except the two reference types: 0, with
    * "MEMORY ERROR: Invalid value, cannot dereferce NULL" for ref_invocation and
@@ -355,9 +356,10 @@ JT_API jt_value *jt_copy_value(jt_parser_space *space, const char *type_name, co
                                const char *service_name);
 
 /* -1, 0 or 1 as a comes before, equals or follows b; -2 for "different" where the type knows only equality.
- * Null comes before any value and equals null; the types that know only equality and the structures give -2
- * for one null. Also -2: "CALL ERROR: unknown type to compare"; "SYSTEM ERROR: no compare function for:" +
- * type. 0 for a null session. */
+ * For strings the difference of the first bytes that differ, letters folded: any number may come of them, -2
+ * as well. Null comes before any value and equals null; the types that know only equality and the structures
+ * give -2 for one null. Also -2: "CALL ERROR: unknown type to compare"; "SYSTEM ERROR: no compare function
+ * for:" + type. 0 for a null session. */
 JT_API int32_t jt_compare_value(jt_parser_space *space, const char *type_name, const jt_value *a,
                                 const jt_value *b, const char *service_name);
 

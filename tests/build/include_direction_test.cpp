@@ -19,7 +19,7 @@ constexpr std::array<std::string_view, 5> kFloors = {"foundation", "types", "tre
 // Each source file below a directory, by its path from there, with the files that it includes in quotes.
 Includes includes_below(const fs::path &directory) {
   static const std::regex kInclude(R"re(\s*#\s*include\s*"([^"]+)".*)re");
-  static const std::set<std::string> kEndings = {".c", ".cpp", ".h"};
+  static const std::set<std::string> kEndings = {".c", ".cpp", ".h", ".hpp"};
   Includes includes;
   for (const fs::directory_entry &entry : fs::recursive_directory_iterator(directory)) {
     if (!entry.is_regular_file() || kEndings.count(entry.path().extension().string()) == 0) continue;
@@ -62,10 +62,25 @@ TEST(IncludeDirection, NoTwoFilesIncludeEachOther) {
   }
 }
 
-TEST(IncludeDirection, ProgramsSeeThePublicHeaderAlone) {
-  const std::set<std::string> public_header = {"jt.h"};
+TEST(IncludeDirection, ProgramsSeeOnePublicHeaderAlone) {
+  const std::set<std::string> in_c = {"jt.h"};
+  const std::set<std::string> in_cpp = {"jt.hpp"};
   for (const char *directory : {JT_SOURCE_DIR "/tools", JT_SOURCE_DIR "/examples"}) {
-    for (const auto &[file, included] : includes_below(directory)) EXPECT_EQ(included, public_header) << file;
+    for (const auto &[file, included] : includes_below(directory)) {
+      EXPECT_EQ(included, file.starts_with("cpp/") ? in_cpp : in_c) << file;
+    }
+  }
+}
+
+TEST(IncludeDirection, TheLayerInCppSeesTheHeaderInCAlone) {
+  const Includes includes = includes_below(JT_SOURCE_DIR "/include");
+  EXPECT_EQ(includes.at("jt.h"), std::set<std::string>());
+  EXPECT_EQ(includes.at("jt.hpp"), std::set<std::string>{"jt.h"});
+}
+
+TEST(IncludeDirection, TheLibraryDoesNotSeeTheLayerInCpp) {
+  for (const auto &[file, included] : includes_below(JT_SOURCE_DIR "/src")) {
+    EXPECT_EQ(included.count("jt.hpp"), 0U) << file;
   }
 }
 

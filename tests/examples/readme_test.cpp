@@ -1,4 +1,5 @@
-// What README.md shows is what there is: the client in its fenced block is examples/client.c, and every file
+// What README.md shows is what there is: the clients in its fenced blocks are examples/client.c and its
+// counterpart in C++, and every file
 // and folder that it leads to exists.
 #include <gtest/gtest.h>
 
@@ -35,6 +36,11 @@ std::vector<std::string> links_of(const std::string &text) {
 
 TEST(Readme, ShowsTheClientOfTheExamples) {
   EXPECT_EQ(fenced_block(read_whole(kRoot + "README.md"), "c"), read_whole(kRoot + "examples/client.c"));
+}
+
+TEST(Readme, ShowsTheSameClientInCpp) {
+  EXPECT_EQ(fenced_block(read_whole(kRoot + "README.md"), "cpp"),
+            read_whole(kRoot + "examples/cpp/client.cpp"));
 }
 
 TEST(Readme, ShowsAClientOfFifteenLines) {

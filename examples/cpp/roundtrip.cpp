@@ -1,0 +1,23 @@
+// Reads a template and writes it back: the encoded text on standard output, the messages that the session
+// remembers on standard error, oldest first. The exit status is 0 when the template decoded, 1 when it did
+// not and 2 when there was no file to read.
+#include <cerrno>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "jt.hpp"
+
+int main(int argc, char **argv) {
+  if (argc != 2) return std::fputs("usage: roundtrip FILE\n", stderr), 2;
+  std::ostringstream text;
+  errno = 0;
+  text << std::ifstream(argv[1], std::ios::binary).rdbuf();
+  if (errno != 0) return std::perror(argv[1]), 2;
+  const jt::Session session("roundtrip");
+  const auto job = session.decode(text.str());
+  if (job) std::fputs(job->encode()->c_str(), stdout);
+  const jt::Messages messages = session.history();
+  for (auto at = messages.end(); at != messages.begin();) std::fprintf(stderr, "%s\n", (--at)->data());
+  return job ? 0 : 1;
+}

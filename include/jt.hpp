@@ -1,0 +1,1482 @@
+/// jt in C++20: owners, results and ranges over the calls of jt.h, in this one header.
+///
+///     jt::Session session("my program");
+///     jt::Result<jt::Template> job = session.decode(text);
+///     if (!job) return complain(job.error().message());
+///     for (const jt::Service &service : job->services()) std::puts(service.c_str());
+///     if (auto set = job->service("Scan").set("Sides", "TWO_SIDED"); !set) ...
+///     jt::Result<jt::Text> result = job->encode();
+///
+/// What jt.h says about names, texts, cursors, types and messages holds here too; its name stands behind what
+/// is only passed on. The chapters: texts; messages, errors and results; records of values; values; statuses;
+/// services; ranges; templates; sessions.
+///
+/// WHAT HOLDS FOR EVERY CALL
+///
+/// Owners. Session, Template, Value, Status and Text own one thing each, release it when they go, and can be
+/// moved but not copied. One that was moved from, or made without arguments, is empty: it tests false, and
+/// each call on it fails. get() shows what jt.h calls it, for use with the calls there; release() gives it
+/// up.
+///
+/// Order. Owners may go in any order. When a Session goes, everything in it goes, as in C; a Template or a
+/// Service that is still there then fails each call with "CALL ERROR: no session ...", and goes silently.
+/// Values, Statuses and Texts remain good.
+///
+/// Threads. What was made in a session belongs to the thread of the session, its destruction included.
+///
+/// Results. A call that makes or changes something returns a Result, which must be looked at. A question
+/// that is answered by yes or no returns a bool; no is also the answer where the call fails, and
+/// Session::last_report() tells the two apart.
+///
+/// None. A call that finds nothing to give (no value, no status, an unnamed invocation) fails with
+/// Category::none and without messages. So does one that refuses silently.
+///
+/// Texts. Every TextArgument may be a C text, a std::string, a std::string_view or a Text. A text with a NUL
+/// inside is refused before the call, never cut: "CALL ERROR: NUL inside the text:" + what stands before it.
+///
+/// Exceptions. None is thrown or needed, but those of the standard library where Text::str() makes a
+/// std::string. The header compiles with and without exceptions and RTTI.
+///
+/// Cost. That of the call in jt.h. A text that is given is copied only to put a NUL behind a string_view: on
+/// the stack up to 63 bytes, else on the heap. Messages are copied only where something was reported.
+#ifndef JT_HPP
+#define JT_HPP
+
+#include <algorithm>
+#include <array>
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+#include <memory>
+#include <new>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+#include "jt.h"
+
+namespace jt {
+
+/// Everything here is used as jt::Name. The inner namespace keeps it apart from the library's own code, which
+/// lives in namespace jt as well and has other classes of some of these names: linked into one program, the
+/// two must not be taken for each other.
+inline namespace client {
+
+class Session;
+class Service;
+
+namespace detail {
+
+struct Free {
+  void operator()(void *block) const noexcept { std::free(block); }
+};
+
+}  // namespace detail
+
+// ---- Texts ------------------------------------------------------------------------------------------------
+
+/// Owns a text that jt handed out: one pointer, no copy. Empty when there is no text.
+class Text {
+ public:
+  Text() noexcept = default;
+
+  /// Takes over a block of the heap that ends with NUL, such as a "char *" result of jt.h.
+  explicit Text(char *owned) noexcept : block_(owned) {}
+
+  /// The text; "" when there is none.
+  const char *c_str() const noexcept { return block_ ? block_.get() : ""; }
+
+  /// The text as a view, good while this owner is. O(length).
+  std::string_view view() const noexcept { return c_str(); }
+  operator std::string_view() const noexcept { return view(); }
+
+  /// A copy. May throw std::bad_alloc.
+  std::string str() const { return c_str(); }
+
+  /// Whether there is no byte in it.
+  bool empty() const noexcept { return *c_str() == '\0'; }
+
+  /// Whether there is a text, be it one without bytes.
+  explicit operator bool() const noexcept { return block_ != nullptr; }
+
+  /// The text, null when there is none.
+  char *get() const noexcept { return block_.get(); }
+
+  /// Gives the text up; release it with free() or a call of jt.h.
+  [[nodiscard]] char *release() noexcept { return block_.release(); }
+
+  /// Same bytes. Names, which know no case, compare with lowercasecmp().
+  friend bool operator==(const Text &a, const Text &b) noexcept { return a.view() == b.view(); }
+  friend bool operator==(const Text &a, std::string_view b) noexcept { return a.view() == b; }
+
+ private:
+  std::unique_ptr<char, detail::Free> block_;
+};
+
+namespace detail {
+
+inline constexpr const char *kNulInside = "CALL ERROR: NUL inside the text:";
+inline constexpr const char *kNoMemory = "MEMORY ERROR: allocation error";
+inline constexpr const char *kOtherType = "CALL ERROR: value is not of the type:";
+inline constexpr const char *kUnknownType = "CALL ERROR: unknown data type:";
+inline constexpr std::string_view kNoSession = "CALL ERROR: no session ...";
+
+/// A text of one's own with a NUL behind it: short ones here, long ones on the heap. A NUL inside, or a heap
+/// that has nothing to give, leaves the beginning of the text and a problem.
+class Name {
+ public:
+  Name() noexcept {}
+  explicit Name(Text &&text) noexcept : long_(text.release()) {}
+
+  explicit Name(std::string_view text) noexcept {
+    const std::size_t nul = text.find('\0');
+    if (nul != text.npos) problem_ = kNulInside;
+    text = text.substr(0, nul);
+    char *place = text.size() < kShort ? short_ : take(text.size() + 1);
+    if (place == nullptr) {
+      problem_ = kNoMemory;
+      return;
+    }
+    text.copy(place, text.size());
+    place[text.size()] = '\0';
+    is_short_ = place == short_;
+  }
+
+  /// A text that may be null, and may have a problem already.
+  Name(const char *text, const char *problem) noexcept : Name() {
+    if (text != nullptr) *this = Name(std::string_view(text));
+    if (problem != nullptr) problem_ = problem;
+  }
+
+  Name(const Name &other) noexcept : Name(other.c_str(), other.problem_) {}
+
+  Name(Name &&other) noexcept
+      : long_(std::move(other.long_)), problem_(other.problem_), is_short_(other.is_short_) {
+    if (is_short_) std::strcpy(short_, other.short_);
+  }
+
+  Name &operator=(Name other) noexcept {
+    long_ = std::move(other.long_);
+    problem_ = other.problem_;
+    is_short_ = other.is_short_;
+    if (is_short_) std::strcpy(short_, other.short_);
+    return *this;
+  }
+
+  ~Name() = default;
+
+  const char *c_str() const noexcept { return is_short_ ? short_ : long_.get(); }
+  const char *problem() const noexcept { return problem_; }
+
+ private:
+  static constexpr std::size_t kShort = 64;
+
+  char *take(std::size_t bytes) noexcept {
+    long_ = Text(static_cast<char *>(std::malloc(bytes)));
+    return long_.get();
+  }
+
+  Text long_;
+  const char *problem_ = nullptr;
+  bool is_short_ = false;
+  char short_[kShort];
+};
+
+}  // namespace detail
+
+/// A text given to a call, made of what the caller has. Lives only as long as the call. What ends with NUL
+/// already is used where it is; null is passed on, and means what jt.h says.
+class TextArgument {
+ public:
+  /// Bytes up to the NUL.
+  TextArgument(const char *text) noexcept : text_(text) {}
+
+  TextArgument(const std::string &text) noexcept : text_(text.c_str()) {
+    if (std::strlen(text_) != text.size()) problem_ = detail::kNulInside;
+  }
+
+  /// An empty owner is passed on as null.
+  TextArgument(const Text &text) noexcept : text_(text.get()) {}
+
+  /// Copied, because nothing says what stands behind its last byte.
+  TextArgument(std::string_view text) noexcept
+      : copy_(text), text_(copy_.c_str()), problem_(copy_.problem()) {}
+
+  TextArgument(const TextArgument &) = delete;
+  TextArgument &operator=(const TextArgument &) = delete;
+  ~TextArgument() = default;
+
+  /// What is handed to the call.
+  const char *c_str() const noexcept { return text_; }
+
+  /// The message that the call is refused with, null when there is nothing wrong.
+  const char *problem() const noexcept { return problem_; }
+
+ private:
+  detail::Name copy_;
+  const char *text_;
+  const char *problem_ = nullptr;
+};
+
+// ---- Messages, errors and results -------------------------------------------------------------------------
+
+/// What the reports of a call amount to: the category of the last one.
+enum class Category : std::int32_t {
+  none = JT_OK,                    ///< nothing was reported
+  warning = JT_WARNING,            ///< something doubtful was accepted
+  call_error = JT_CALL_ERROR,      ///< the caller passed something wrong
+  syntax_error = JT_SYNTAX_ERROR,  ///< bad SIL text or bad text of a value
+  memory_error = JT_MEMORY_ERROR,  ///< an allocation failed
+  system_error = JT_SYSTEM_ERROR,  ///< something does not fit together inside
+  unclassified = JT_UNCLASSIFIED   ///< any other words, reported by a client
+};
+
+/// Some messages, newest first, as a range of views; at most JT_HISTORY_LENGTH. Owns their texts, one block
+/// for all, and can be copied; without memory it is empty. Behind each text stands a NUL.
+class Messages {
+ public:
+  Messages() noexcept = default;
+
+  /// Copies the first JT_HISTORY_LENGTH of them.
+  explicit Messages(std::span<const std::string_view> texts) noexcept {
+    texts = texts.first(std::min(texts.size(), kMost));
+    std::size_t bytes = sizeof(Log);
+    for (const std::string_view text : texts) bytes += text.size() + 1;
+    void *const block = texts.empty() ? nullptr : std::malloc(bytes);
+    if (block == nullptr) return;
+    log_.reset(new (block) Log);
+    char *place = static_cast<char *>(block) + sizeof(Log);
+    for (const std::string_view text : texts) {
+      place[text.copy(place, text.size())] = '\0';
+      log_->texts[log_->count++] = {place, text.size()};
+      place += text.size() + 1;
+    }
+  }
+
+  Messages(const Messages &other) noexcept : Messages(std::span(other.begin(), other.size())) {}
+  Messages(Messages &&) noexcept = default;
+  Messages &operator=(Messages other) noexcept {
+    log_.swap(other.log_);
+    return *this;
+  }
+  ~Messages() = default;
+
+  const std::string_view *begin() const noexcept { return log_ ? log_->texts.data() : nullptr; }
+  const std::string_view *end() const noexcept { return begin() + size(); }
+  std::size_t size() const noexcept { return log_ ? log_->count : 0; }
+  bool empty() const noexcept { return size() == 0; }
+
+  /// The message that is so many older than the newest; "" where there are not so many.
+  std::string_view operator[](std::size_t age) const noexcept { return age < size() ? begin()[age] : ""; }
+
+ private:
+  static constexpr std::size_t kMost = JT_HISTORY_LENGTH;
+
+  struct Log {
+    std::size_t count = 0;
+    std::array<std::string_view, kMost> texts;
+  };
+
+  std::unique_ptr<Log, detail::Free> log_;
+};
+
+/// Why a call failed: the category and the messages that the call recorded.
+class Error {
+ public:
+  /// Nothing was reported.
+  Error() noexcept = default;
+
+  Error(Category category, Messages messages) noexcept
+      : messages_(std::move(messages)), category_(category) {}
+
+  Category category() const noexcept { return category_; }
+
+  /// The messages of the call, newest first, and only those. Of a call that made more than JT_HISTORY_LENGTH,
+  /// the newest. Where the whole history is one message over and over, nothing tells how many of them are of
+  /// the call; the fewest possible are given then. What a client lets jt.h report between two calls here
+  /// counts to the second one, if that reports too.
+  const Messages &messages() const noexcept { return messages_; }
+
+  /// The newest message, "" when there is none. A NUL stands behind it.
+  std::string_view message() const noexcept { return messages_[0]; }
+
+ private:
+  Messages messages_;
+  Category category_ = Category::none;
+};
+
+/// What a call gives, or why it does not. A result in hand can be tested before it is used; using a value
+/// that is not there ends the program with std::abort().
+template <typename T = void>
+class [[nodiscard]] Result {
+ public:
+  using value_type = T;
+
+  Result(T value) noexcept : value_(std::move(value)) {}
+  Result(Error error) noexcept : error_(std::move(error)) {}
+
+  bool has_value() const noexcept { return value_.has_value(); }
+  explicit operator bool() const noexcept { return has_value(); }
+
+  /// The value. Aborts when there is none.
+  T &value() &noexcept { return *checked(); }
+  const T &value() const &noexcept { return const_cast<Result *>(this)->value(); }
+  T &&value() &&noexcept { return std::move(value()); }
+
+  T &operator*() &noexcept { return value(); }
+  const T &operator*() const &noexcept { return value(); }
+  T &&operator*() &&noexcept { return std::move(value()); }
+  T *operator->() noexcept { return &value(); }
+  const T *operator->() const noexcept { return &value(); }
+
+  /// The value, or what is given instead.
+  template <typename Other>
+  T value_or(Other &&other) const & {
+    return value_ ? *value_ : static_cast<T>(std::forward<Other>(other));
+  }
+  template <typename Other>
+  T value_or(Other &&other) && {
+    return value_ ? std::move(*value_) : static_cast<T>(std::forward<Other>(other));
+  }
+
+  /// Why there is no value; Category::none without messages when there is one.
+  const Error &error() const &noexcept { return error_; }
+  Error &&error() &&noexcept { return std::move(error_); }
+
+ private:
+  T *checked() noexcept {
+    if (!value_) std::abort();
+    return &*value_;
+  }
+
+  std::optional<T> value_;
+  Error error_;
+};
+
+/// Whether a call succeeded, and why not.
+template <>
+class [[nodiscard]] Result<void> {
+ public:
+  using value_type = void;
+
+  /// Success.
+  Result() noexcept = default;
+  Result(Error error) noexcept : error_(std::move(error)), succeeded_(false) {}
+
+  bool has_value() const noexcept { return succeeded_; }
+  explicit operator bool() const noexcept { return succeeded_; }
+
+  /// Aborts on failure.
+  void value() const noexcept {
+    if (!succeeded_) std::abort();
+  }
+  void operator*() const noexcept { value(); }
+
+  const Error &error() const &noexcept { return error_; }
+  Error &&error() &&noexcept { return std::move(error_); }
+
+ private:
+  Error error_;
+  bool succeeded_ = true;
+};
+
+namespace detail {
+
+/// What a Session shares with everything made in it: the session itself, null once it is closed, and the
+/// history as it was after the last call that reported, which is how the messages of the next are told.
+class Space {
+ public:
+  explicit Space(jt_parser_space *space) noexcept : raw(space), seen_(read_history()) {}
+
+  /// Once after each call: its category, and how many messages are new.
+  void note() noexcept {
+    category_ = static_cast<Category>(get_error_status(raw));
+    fresh_ = 0;
+    if (category_ != Category::none) compare_history();
+  }
+
+  Category category() const noexcept { return category_; }
+
+  Error report() const noexcept { return {category_, newest(seen_, fresh_)}; }
+
+  /// All messages of the history.
+  Messages history() const noexcept {
+    const History now = read_history();
+    const auto first_free =
+        std::find_if(now.begin(), now.end(), [](const Entry &entry) { return !entry[0]; });
+    return newest(now, static_cast<std::size_t>(first_free - now.begin()));
+  }
+
+  jt_parser_space *raw;
+  std::size_t holders = 1;
+
+ private:
+  using Entry = std::array<char, JT_MESSAGE_SIZE>;
+  using History = std::array<Entry, JT_HISTORY_LENGTH>;
+
+  /// A walk of its own, which leaves the client's to begin with the newest again.
+  History read_history() const noexcept {
+    History now{};
+    get_last_error(raw);
+    for (Entry &entry : now) {
+      const char *const message = get_previous_error(raw);
+      if (message == nullptr) break;
+      std::strncpy(entry.data(), message, entry.size() - 1);
+    }
+    get_last_error(raw);
+    return now;
+  }
+
+  /// The shortest step by which the history before has moved to become the one of now.
+  void compare_history() noexcept {
+    const History before = std::exchange(seen_, read_history());
+    fresh_ = 1;
+    while (!std::equal(seen_.begin() + static_cast<std::ptrdiff_t>(fresh_), seen_.end(), before.begin())) {
+      ++fresh_;
+    }
+  }
+
+  static Messages newest(const History &history, std::size_t count) noexcept {
+    std::array<std::string_view, JT_HISTORY_LENGTH> texts;
+    for (std::size_t i = 0; i < count; ++i) texts[i] = history[i].data();
+    return Messages(std::span(texts).first(count));
+  }
+
+  Category category_ = Category::none;
+  std::size_t fresh_ = 0;
+  History seen_;
+};
+
+/// A share of a Space, and the steps around every call.
+class Link {
+ public:
+  Link() noexcept = default;
+  explicit Link(jt_parser_space *space) noexcept
+      : space_(space != nullptr ? new (std::nothrow) Space(space) : nullptr) {}
+  Link(const Link &other) noexcept : space_(other.space_) {
+    if (space_ != nullptr) ++space_->holders;
+  }
+  Link(Link &&other) noexcept : space_(std::exchange(other.space_, nullptr)) {}
+  Link &operator=(Link other) noexcept {
+    std::swap(space_, other.space_);
+    return *this;
+  }
+  ~Link() {
+    if (space_ != nullptr && --space_->holders == 0) delete space_;
+  }
+
+  jt_parser_space *raw() const noexcept { return space_ != nullptr ? space_->raw : nullptr; }
+
+  /// From here on every call of all that share it fails.
+  jt_parser_space *detach() const noexcept {
+    return space_ != nullptr ? std::exchange(space_->raw, nullptr) : nullptr;
+  }
+
+  /// Whether the texts can be given to a call; reports the first that cannot.
+  template <typename... Arguments>
+  bool admits(const Arguments &...arguments) const noexcept {
+    return (... && admits_one(arguments));
+  }
+
+  /// Reports what this header finds wrong by itself.
+  Error refuse(const char *message, const char *detail) const noexcept {
+    reset_error_status(raw());
+    jt_error(raw(), message, detail);
+    return failure();
+  }
+
+  Error failure() const noexcept {
+    if (raw() == nullptr) return {Category::call_error, Messages(std::span(&kNoSession, 1))};
+    space_->note();
+    return space_->report();
+  }
+
+  bool answer(std::int32_t yes) const noexcept {
+    if (raw() != nullptr) space_->note();
+    return yes != 0;
+  }
+
+  Result<> done(std::int32_t succeeded) const noexcept {
+    if (succeeded == 0) return failure();
+    answer(succeeded);
+    return {};
+  }
+
+  /// A result made of a block of the heap and whatever else it takes.
+  template <typename Owner, typename Block, typename... More>
+  Result<Owner> made(Block *block, const More &...more) const noexcept {
+    if (block == nullptr) return failure();
+    answer(1);
+    return Owner(more..., block);
+  }
+
+  Category category() const noexcept { return space_ != nullptr ? space_->category() : Category::none; }
+  Error report() const noexcept { return raw() != nullptr ? space_->report() : failure(); }
+  Messages history() const noexcept { return raw() != nullptr ? space_->history() : Messages(); }
+
+ private:
+  template <typename Argument>
+  bool admits_one(const Argument &argument) const noexcept {
+    if constexpr (requires { argument.problem(); }) {
+      if (argument.problem() == nullptr) return true;
+      reset_error_status(raw());
+      jt_error(raw(), argument.problem(), argument.c_str() != nullptr ? argument.c_str() : "");
+      return false;
+    } else {
+      return true;
+    }
+  }
+
+  Space *space_ = nullptr;
+};
+
+inline Name to_keep(const TextArgument &text) noexcept { return {text.c_str(), text.problem()}; }
+
+inline const char *plain(const TextArgument &text) noexcept { return text.c_str(); }
+inline const char *plain(const Name &text) noexcept { return text.c_str(); }
+template <typename Record>
+const Record *plain(const Record *record) noexcept {
+  return record;
+}
+
+}  // namespace detail
+
+// ---- Records of values ------------------------------------------------------------------------------------
+
+/// A unit of the structures.
+enum class Unit : std::int32_t { millimetre = 20, inch = 21, mil = 22 };
+
+/// How a magnification is meant.
+enum class Scaling : std::int32_t {
+  none = 94,            ///< NONE
+  automatic_iso = 111,  ///< AUTOISO
+  automatic_ana = 112,  ///< AUTOANA
+  manual_iso = 113,     ///< MANISO/x
+  manual_ana = 114      ///< MANANA/x/y
+};
+
+/// The type "timestamp".
+struct Timestamp {
+  std::int32_t second, minute, hour, day, month, year;
+  bool operator==(const Timestamp &) const = default;
+};
+
+/// The type "struct_timeofday".
+struct TimeOfDay {
+  std::int32_t hour, minute;
+  bool operator==(const TimeOfDay &) const = default;
+};
+
+/// The type "struct_rectangle".
+struct Rectangle {
+  std::int32_t x, y, width, height;
+  Unit unit;
+  bool operator==(const Rectangle &) const = default;
+};
+
+/// The type "struct_gutter".
+struct Gutter {
+  std::int32_t first_width, second_width;
+  Unit unit;
+  bool operator==(const Gutter &) const = default;
+};
+
+/// The type "struct_magnification", percentages; MANISO has the same twice, the automatic ones have 0.
+struct Magnification {
+  Scaling scaling;
+  std::int32_t x, y;
+  bool operator==(const Magnification &) const = default;
+};
+
+/// The type "struct_borders": four numbers with their unit, for both sides of a sheet.
+struct Borders {
+  struct Side {
+    std::array<std::int32_t, 4> numbers;
+    Unit unit;
+    bool operator==(const Side &) const = default;
+  };
+  Side first, second;
+  bool operator==(const Borders &) const = default;
+};
+
+/// The name of the jt type that a C++ type stands for; null for all other C++ types.
+template <typename T>
+inline constexpr const char *type_name_of = nullptr;
+template <>
+inline constexpr const char *type_name_of<bool> = "boolean";
+template <>
+inline constexpr const char *type_name_of<std::int32_t> = "integer";
+template <>
+inline constexpr const char *type_name_of<float> = "real";
+template <>
+inline constexpr const char *type_name_of<Timestamp> = "timestamp";
+template <>
+inline constexpr const char *type_name_of<TimeOfDay> = "struct_timeofday";
+template <>
+inline constexpr const char *type_name_of<Rectangle> = "struct_rectangle";
+template <>
+inline constexpr const char *type_name_of<Gutter> = "struct_gutter";
+template <>
+inline constexpr const char *type_name_of<Magnification> = "struct_magnification";
+template <>
+inline constexpr const char *type_name_of<Borders> = "struct_borders";
+
+/// What values of a fixed layout are read into and made of. Strings, enumerated values and references go as
+/// text.
+template <typename T>
+concept Typed = type_name_of<T>
+!= nullptr;
+
+namespace detail {
+
+/// What a value of the type holds: a truth is a number there.
+template <Typed T>
+using Stored = std::conditional_t<std::is_same_v<T, bool>, std::int32_t, T>;
+
+static_assert(sizeof(Timestamp) == 24 && sizeof(TimeOfDay) == 8 && sizeof(Rectangle) == 20);
+static_assert(sizeof(Gutter) == 12 && sizeof(Magnification) == 12 && sizeof(Borders) == 40);
+
+/// Values have no alignment of their own that C++ knows of.
+template <Typed T>
+T read(const jt_value *value) noexcept {
+  Stored<T> stored;
+  std::memcpy(&stored, value, sizeof(stored));
+  return static_cast<T>(stored);
+}
+
+inline bool same_type_name(const char *a, const char *b) noexcept { return lowercasecmp(a, b) == 0; }
+
+}  // namespace detail
+
+/// The types that a service has of its own, sorted by name: of one of the fourteen services of jt.h, any
+/// case; none for any other text. The service's own row, a kind of block without operations, is among them.
+inline std::span<const jt_type> types_of(const TextArgument &service) noexcept {
+  struct Table {
+    const char *service;
+    const jt_type *types;
+    const std::int32_t *count;
+  };
+  static constexpr std::array<Table, 14> kTables = {{
+      {"kmt_document", doc_type_tab, &MAX_DOC_TYPES},
+      {"kmt_dscrpt_metadata", metadata_type_tab, &MAX_METADATA_TYPES},
+      {"kmt_svc_desktop", desksvc_type_tab, &MAX_DESKTOP_TYPES},
+      {"kmt_svc_docman", docman_type_tab, &MAX_DOCMAN_TYPES},
+      {"kmt_svc_email", email_type_tab, &MAX_EMAIL_TYPES},
+      {"kmt_svc_fax", fax_type_tab, &MAX_FAX_TYPES},
+      {"kmt_svc_file", file_type_tab, &MAX_FILE_TYPES},
+      {"kmt_svc_general", gen_type_tab, &MAX_GEN_TYPES},
+      {"kmt_svc_notification", notif_type_tab, &MAX_NOTIF_TYPES},
+      {"kmt_svc_ocr", ocr_type_tab, &MAX_OCR_TYPES},
+      {"kmt_svc_paperware", ppware_type_tab, &MAX_PPWARE_TYPES},
+      {"kmt_svc_print", print_type_tab, &MAX_LPRNT_TYPES},
+      {"kmt_svc_scan", scan_type_tab, &MAX_SCAN_TYPES},
+      {"kmt_svc_validation", validation_type_tab, &MAX_VALIDATION_TYPES},
+  }};
+  if (service.problem() != nullptr) return {};
+  for (const Table &table : kTables) {
+    if (!detail::same_type_name(table.service, service.c_str())) continue;
+    return {table.types, static_cast<std::size_t>(*table.count)};
+  }
+  return {};
+}
+
+// ---- Values -----------------------------------------------------------------------------------------------
+
+/// Owns a typed value and knows its type. It is a copy: it may stay when its attribute goes. Made by
+/// Service::value(), Service::parse() and Session::parse().
+class Value {
+ public:
+  Value() noexcept = default;
+
+  /// Takes over a value of jt.h, which must be of that type.
+  Value(const Session &session, const jt_type &type, jt_value *owned) noexcept;
+
+  Value(Value &&other) noexcept
+      : link_(std::move(other.link_)), type_(other.type_), value_(other.release()) {}
+  Value &operator=(Value &&other) noexcept {
+    Value taken(std::move(other));
+    std::swap(link_, taken.link_);
+    std::swap(type_, taken.type_);
+    std::swap(value_, taken.value_);
+    return *this;
+  }
+  ~Value() {
+    if (value_ != nullptr) type_->kill(nullptr, value_);
+  }
+
+  /// The row of its type, null when there is no value.
+  const jt_type *type() const noexcept { return value_ != nullptr ? type_ : nullptr; }
+
+  /// The value as text, unquoted; of an enumerated one the name. jt_encode_value()
+  Result<Text> text() const noexcept {
+    reset_error_status(link_.raw());
+    if (value_ == nullptr) return link_.failure();
+    return link_.made<Text>(type_->deval(link_.raw(), value_));
+  }
+
+  /// jt_copy_value()
+  Result<Value> copy() const noexcept {
+    reset_error_status(link_.raw());
+    if (value_ == nullptr) return link_.failure();
+    return link_.made<Value>(type_->copy(link_.raw(), value_), link_, type_);
+  }
+
+  /// The value itself. "CALL ERROR: value is not of the type:" + type of T.
+  template <Typed T>
+  Result<T> as() const noexcept {
+    if (value_ == nullptr) return link_.failure();
+    if (!detail::same_type_name(type_->name, type_name_of<T>)) {
+      return link_.refuse(detail::kOtherType, type_name_of<T>);
+    }
+    return detail::read<T>(value_);
+  }
+
+  explicit operator bool() const noexcept { return value_ != nullptr; }
+  jt_value *get() const noexcept { return value_; }
+
+  /// Gives the value up; release it with jt_destroy_value() or its type's kill().
+  [[nodiscard]] jt_value *release() noexcept { return std::exchange(value_, nullptr); }
+
+  /// The order of the type, as jt_compare_value() has it; unordered where the type knows only that they
+  /// differ, and for two types. No value comes before any value, and equals no value.
+  friend std::partial_ordering operator<=>(const Value &a, const Value &b) noexcept {
+    if (!a || !b) return static_cast<bool>(a) <=> static_cast<bool>(b);
+    if (a.type_ != b.type_) return std::partial_ordering::unordered;
+    const std::int32_t order = a.type_->cmp(nullptr, a.value_, b.value_);
+    // A string's order may be any number: the difference of two bytes.
+    if (order == kDifferent && !detail::same_type_name(a.type_->name, "string")) {
+      return std::partial_ordering::unordered;
+    }
+    return order <=> 0;
+  }
+  friend bool operator==(const Value &a, const Value &b) noexcept { return (a <=> b) == 0; }
+
+ private:
+  friend class detail::Link;
+  friend class Service;
+
+  static constexpr std::int32_t kDifferent = -2;
+
+  Value(detail::Link link, const jt_type *type, jt_value *owned) noexcept
+      : link_(std::move(link)), type_(type), value_(owned) {}
+
+  detail::Link link_;
+  const jt_type *type_ = nullptr;
+  jt_value *value_ = nullptr;
+};
+
+// ---- Statuses ---------------------------------------------------------------------------------------------
+
+/// The numbers of statuses.
+enum class StatusCode : std::uint32_t {
+  aborted = 1,
+  unknown = 2,
+  not_instantiated = 3,
+  instantiated = 4,
+  completed = 5,
+  overridden = 6,
+  ignored = 7,
+  undetermined = 8,
+  initialized = 9,
+  uninitialized = 10,
+  filing_protocol_not_running = 11,
+  filing_login_failure = 12,
+  filing_directory_lock_failure = 13,
+  file_delete_replace_failure = 14,
+  hzm_content_file_transfer_failure = 15,
+  file_transfer_failure = 16,
+  misc_filing_error = 17,
+  error = 18,
+  warning = 19,
+  other = UINT32_MAX  ///< a name that no number has
+};
+
+/// Owns a status. Made by the status questions of Service, and by Session::status().
+class Status {
+ public:
+  Status() noexcept = default;
+
+  /// Takes over a status of jt.h.
+  Status(const Session &session, jt_status *owned) noexcept;
+
+  /// Its number; StatusCode::other when there is no status.
+  StatusCode code() const noexcept {
+    StatusCode code = StatusCode::other;
+    if (status_) std::memcpy(&code, status_.get(), sizeof(code));
+    return code;
+  }
+
+  /// Its name; needs the session to be open. get_status_string()
+  Result<Text> name() const noexcept {
+    reset_error_status(link_.raw());
+    if (!status_ || link_.raw() == nullptr) return link_.failure();
+    return link_.made<Text>(get_status_string(link_.raw(), status_.get()));
+  }
+
+  explicit operator bool() const noexcept { return status_ != nullptr; }
+  jt_status *get() const noexcept { return status_.get(); }
+
+  /// Gives the status up; release it with free() or a call of jt.h.
+  [[nodiscard]] jt_status *release() noexcept { return status_.release(); }
+
+ private:
+  friend class detail::Link;
+
+  Status(detail::Link link, jt_status *owned) noexcept : link_(std::move(link)), status_(owned) {}
+
+  detail::Link link_;
+  std::unique_ptr<jt_status, detail::Free> status_;
+};
+
+/// A status given to a call: a number, or a status that there is. An empty Status is refused silently.
+class StatusArgument {
+ public:
+  StatusArgument(StatusCode code) noexcept : code_(code) {}
+  StatusArgument(const Status &status) noexcept : is_code_(false), status_(status.get()) {}
+
+  /// What is handed to the call.
+  const jt_status *get() const noexcept {
+    return is_code_ ? reinterpret_cast<const jt_status *>(&code_) : status_;
+  }
+
+ private:
+  StatusCode code_ = StatusCode::other;
+  bool is_code_ = true;
+  const jt_status *status_ = nullptr;
+};
+
+// ---- Services ---------------------------------------------------------------------------------------------
+
+namespace detail {
+
+template <typename Steps>
+class Range;
+struct ServiceSteps;
+struct InvocationSteps;
+struct AttributeSteps;
+struct TextSteps;
+struct ValueSteps;
+
+}  // namespace detail
+
+/// Walks over what a template holds; see Ranges below.
+using Services = detail::Range<detail::ServiceSteps>;
+using Invocations = detail::Range<detail::InvocationSteps>;
+using Attributes = detail::Range<detail::AttributeSteps>;
+using Texts = detail::Range<detail::TextSteps>;
+using Values = detail::Range<detail::ValueSteps>;
+
+/// A service of a template by its name, which it keeps: up to 63 bytes in itself, else on the heap. Owns
+/// nothing of the tree, so it may be copied, and the service need not exist: the calls tell. It acts on the
+/// template whose handle it has, and must not be used once that is destroyed.
+///
+/// There is no class for an invocation: calls on attributes act on the current invocation of the service, as
+/// in jt.h, and which one that is, is the tree's to say.
+class Service {
+ public:
+  Service() noexcept = default;
+
+  const char *c_str() const noexcept { return name_.c_str() != nullptr ? name_.c_str() : ""; }
+  std::string_view name() const noexcept { return c_str(); }
+
+  /// jt_exists_service()
+  bool exists() const noexcept { return ask(jt_exists_service); }
+
+  /// The name of its type. jt_get_service_type()
+  Result<Text> type() const noexcept { return text_of(jt_get_service_type); }
+
+  /// Destroys it and everything in it. jt_delete_service()
+  Result<> remove() const noexcept { return act(jt_delete_service); }
+
+  /// A walk over its invocations. Each step makes one current and gives this service, ready to act on it.
+  Invocations invocations() const noexcept;
+
+  /// Adds an unnamed invocation after the current one and makes it current. jt_add_invocation()
+  Result<> add_invocation() const noexcept { return act(jt_add_invocation); }
+
+  /// Destroys the current invocation. jt_delete_invocation()
+  Result<> remove_invocation() const noexcept { return act(jt_delete_invocation); }
+
+  /// Make the first or the next invocation current; whether there is one. jt_first_invocation(),
+  /// jt_next_invocation()
+  bool first_invocation() const noexcept { return ask(jt_first_invocation); }
+  bool next_invocation() const noexcept { return ask(jt_next_invocation); }
+
+  /// Makes the invocation of that name, or else of that number from 1, current. jt_named_invocation()
+  Result<> select_invocation(const TextArgument &name_or_number) const noexcept {
+    return act(jt_named_invocation, name_or_number);
+  }
+
+  /// The name of the current invocation. Fails with Category::none when it is unnamed.
+  /// jt_get_invocation_name()
+  Result<Text> invocation_name() const noexcept { return text_of(jt_get_invocation_name); }
+
+  /// Names the current invocation, which must not have a name. jt_set_invocation_name()
+  Result<> name_invocation(const TextArgument &name) const noexcept {
+    return act(jt_set_invocation_name, name);
+  }
+
+  /// Names the current invocation, whether it has a name or not. jt_force_invocation_name()
+  Result<> rename_invocation(const TextArgument &name) const noexcept {
+    return act(jt_force_invocation_name, name);
+  }
+
+  /// A walk over the names of the attributes of the current invocation.
+  Attributes attributes() const noexcept;
+
+  /// jt_exists_attribute()
+  bool has(const TextArgument &attribute) const noexcept { return ask(jt_exists_attribute, attribute); }
+
+  /// The name of its type. jt_get_attribute_type_name()
+  Result<Text> type_of(const TextArgument &attribute) const noexcept {
+    return text_of(jt_get_attribute_type_name, attribute);
+  }
+
+  /// Whether its type is known. jt_known_attribute_datatype()
+  bool has_known_type(const TextArgument &attribute) const noexcept {
+    return ask(jt_known_attribute_datatype, attribute);
+  }
+
+  /// Whether it has a star. jt_is_attribute_non_compulsory()
+  bool is_non_compulsory(const TextArgument &attribute) const noexcept {
+    return ask(jt_is_attribute_non_compulsory, attribute);
+  }
+
+  /// Its first value as text, unquoted; of an enumerated one the name. Fails with Category::none when there
+  /// is no value. jt_get_first_attribute_value_string()
+  Result<Text> text(const TextArgument &attribute) const noexcept {
+    return text_of(jt_get_first_attribute_value_string, attribute);
+  }
+
+  /// Its first value. Fails with Category::none when there is none. Costs one look-up for the type's name
+  /// more, and for a type that is not a base type another for the service's. jt_get_first_attribute_value()
+  Result<Value> value(const TextArgument &attribute) const noexcept;
+
+  /// Its first value, of the type that T stands for: integer, boolean, real or one of the records. Any other
+  /// type is refused: "CALL ERROR: value is not of the type:" + type of T. Costs what value() costs.
+  template <Typed T>
+  Result<T> get(const TextArgument &attribute) const noexcept {
+    const Result<Value> found = value(attribute);
+    if (!found) return found.error();
+    return found->template as<T>();
+  }
+
+  /// A walk over its values as texts.
+  Texts texts(const TextArgument &attribute) const noexcept;
+
+  /// A walk over its values.
+  Values values(const TextArgument &attribute) const noexcept;
+
+  /// A value of the attribute's type from a text, not put into the tree. "CALL ERROR: unknown data type:" +
+  /// attribute. Otherwise as jt_decode_value().
+  Result<Value> parse(const TextArgument &attribute, const TextArgument &text) const noexcept;
+
+  /// Appends a compulsory attribute without values. jt_add_attribute()
+  Result<> add_attribute(const TextArgument &type, const TextArgument &attribute) const noexcept {
+    return act(jt_add_attribute, type, attribute);
+  }
+
+  /// Destroys it with its values. jt_delete_attribute()
+  Result<> remove_attribute(const TextArgument &attribute) const noexcept {
+    return act(jt_delete_attribute, attribute);
+  }
+
+  /// Appends a value from a text, unquoted; of an enumerated one the name. jt_add_attribute_value_string()
+  Result<> add(const TextArgument &attribute, const TextArgument &text) const noexcept {
+    return act(jt_add_attribute_value_string, attribute, text);
+  }
+
+  /// Makes that the only value. jt_set_attribute_value_string()
+  Result<> set(const TextArgument &attribute, const TextArgument &text) const noexcept {
+    return act(jt_set_attribute_value_string, attribute, text);
+  }
+
+  /// The same with a value, which must be of the attribute's type: "CALL ERROR: value is not of the type:" +
+  /// type of the attribute. The check costs what value() costs. jt_add_attribute_value(),
+  /// jt_set_attribute_value()
+  Result<> add(const TextArgument &attribute, const Value &value) const noexcept {
+    return give(jt_add_attribute_value, attribute, value);
+  }
+  Result<> set(const TextArgument &attribute, const Value &value) const noexcept {
+    return give(jt_set_attribute_value, attribute, value);
+  }
+
+  /// The same with what makes a value: set("Copies", 2). The attribute must be of the type that T stands for:
+  /// "CALL ERROR: value is not of the type:" + type of the attribute. The check costs one look-up for the
+  /// type's name.
+  template <Typed T>
+  Result<> add(const TextArgument &attribute, const T &value) const noexcept {
+    return give_record(jt_add_attribute_value, attribute, value);
+  }
+  template <Typed T>
+  Result<> set(const TextArgument &attribute, const T &value) const noexcept {
+    return give_record(jt_set_attribute_value, attribute, value);
+  }
+
+  /// Destroys the first value that equals the given one. jt_delete_attribute_value_string(),
+  /// jt_delete_attribute_value()
+  Result<> remove_value(const TextArgument &attribute, const TextArgument &text) const noexcept {
+    return act(jt_delete_attribute_value_string, attribute, text);
+  }
+  Result<> remove_value(const TextArgument &attribute, const Value &value) const noexcept {
+    return give(jt_delete_attribute_value, attribute, value);
+  }
+
+  /// Replaces the first value that equals the old one, marks the attribute as overridden and keeps the old
+  /// value's text. Both must be of the attribute's type, as above. jt_override_attribute_value()
+  Result<> override_value(const TextArgument &attribute, const Value &old_value,
+                          const Value &new_value) const noexcept {
+    return give(jt_override_attribute_value, attribute, old_value, new_value);
+  }
+
+  /// Take the star away, or give one. jt_set_attribute_compulsory(), jt_set_attribute_non_compulsory()
+  Result<> set_compulsory(const TextArgument &attribute) const noexcept {
+    return act(jt_set_attribute_compulsory, attribute);
+  }
+  Result<> set_non_compulsory(const TextArgument &attribute) const noexcept {
+    return act(jt_set_attribute_non_compulsory, attribute);
+  }
+
+  /// The status of the service, of the current invocation, of an attribute. Fail with Category::none when
+  /// there is none. jt_get_service_status(), jt_get_invocation_status(), jt_get_attribute_status()
+  Result<Status> status() const noexcept { return status_of(jt_get_service_status); }
+  Result<Status> invocation_status() const noexcept { return status_of(jt_get_invocation_status); }
+  Result<Status> attribute_status(const TextArgument &attribute) const noexcept {
+    return status_of(jt_get_attribute_status, attribute);
+  }
+
+  /// Give the service, the current invocation or an attribute a status. jt_set_service_status(),
+  /// jt_set_invocation_status(), jt_set_attribute_status()
+  Result<> set_status(const StatusArgument &status) const noexcept {
+    return act(jt_set_service_status, status.get());
+  }
+  Result<> set_invocation_status(const StatusArgument &status) const noexcept {
+    return act(jt_set_invocation_status, status.get());
+  }
+  Result<> set_attribute_status(const TextArgument &attribute, const StatusArgument &status) const noexcept {
+    return act(jt_set_attribute_status, attribute, status.get());
+  }
+
+ private:
+  friend class Template;
+  friend struct detail::ServiceSteps;
+  friend struct detail::AttributeSteps;
+  friend struct detail::TextSteps;
+  friend struct detail::ValueSteps;
+
+  Service(detail::Link link, std::int32_t handle, detail::Name name) noexcept
+      : link_(std::move(link)), handle_(handle), name_(std::move(name)) {}
+
+  // One call of jt.h each, unless a text cannot be given to it.
+
+  template <typename Call, typename... Arguments>
+  auto call(Call *function, const Arguments &...arguments) const noexcept {
+    using Answer = decltype(function(link_.raw(), handle_, name_.c_str(), detail::plain(arguments)...));
+    if (!link_.admits(name_, arguments...)) return Answer{};
+    return function(link_.raw(), handle_, name_.c_str(), detail::plain(arguments)...);
+  }
+
+  template <typename Call, typename... Arguments>
+  bool ask(Call *function, const Arguments &...arguments) const noexcept {
+    return link_.answer(call(function, arguments...));
+  }
+
+  template <typename Call, typename... Arguments>
+  Result<> act(Call *function, const Arguments &...arguments) const noexcept {
+    return link_.done(call(function, arguments...));
+  }
+
+  template <typename Call, typename... Arguments>
+  Result<Text> text_of(Call *function, const Arguments &...arguments) const noexcept {
+    return link_.made<Text>(call(function, arguments...));
+  }
+
+  template <typename Call, typename... Arguments>
+  Result<Status> status_of(Call *function, const Arguments &...arguments) const noexcept {
+    return link_.made<Status>(call(function, arguments...), link_);
+  }
+
+  // The types of an attribute: the base types, else those of the service's name where it is one of the
+  // fourteen, else of its type. No service has a type of its own under the name of a base type.
+
+  /// The row of an attribute's type. Null when there is no such attribute, with the report of that, or when
+  /// the type is unknown, without one.
+  template <typename Attribute>
+  const jt_type *row_of(const Attribute &attribute) const noexcept {
+    const Text type(call(jt_get_attribute_type_name, attribute));
+    if (!type) return nullptr;
+    const jt_type *const base = get_type_from_services(link_.raw(), nullptr, type.get());
+    if (base != nullptr) return base;
+    if (!types_of(name_.c_str()).empty()) {
+      return get_type_from_services(link_.raw(), name_.c_str(), type.get());
+    }
+    const Text scope(call(jt_get_service_type));
+    return get_type_from_services(link_.raw(), scope.get(), type.get());
+  }
+
+  /// The first or the next value. Without a row there is none, and the call is made for its report alone.
+  template <typename Call, typename Attribute>
+  Result<Value> value_of(Call *function, const jt_type *row, const Attribute &attribute) const noexcept {
+    if (row == nullptr && get_error_status(link_.raw()) != JT_OK) return link_.failure();
+    return link_.made<Value>(call(function, attribute), link_, row);
+  }
+
+  template <typename Call, typename... Given>
+  Result<> give(Call *function, const TextArgument &attribute, const Given &...values) const noexcept {
+    const jt_type *const row = row_of(attribute);
+    const bool fits = row != nullptr && (... && (!values || values.type() == row));
+    if (fits || link_.raw() == nullptr || get_error_status(link_.raw()) != JT_OK) {
+      return fits ? act(function, attribute, values.get()...) : link_.failure();
+    }
+    return link_.refuse(detail::kOtherType, Text(call(jt_get_attribute_type_name, attribute)).c_str());
+  }
+
+  template <typename Call, Typed T>
+  Result<> give_record(Call *function, const TextArgument &attribute, const T &value) const noexcept {
+    const Result<Text> type = type_of(attribute);
+    if (!type) return type.error();
+    if (!detail::same_type_name(type->c_str(), type_name_of<T>)) {
+      return link_.refuse(detail::kOtherType, type->c_str());
+    }
+    const auto stored = static_cast<detail::Stored<T>>(value);
+    return act(function, attribute, reinterpret_cast<const jt_value *>(&stored));
+  }
+
+  detail::Link link_;
+  std::int32_t handle_ = 0;
+  detail::Name name_;
+};
+
+// ---- Ranges -----------------------------------------------------------------------------------------------
+//
+// Input ranges for a range-based for and for the algorithms of std::ranges. The place of a walk is the cursor
+// in the tree: two walks over the same children disturb each other, within one range as well; and begin()
+// starts again with the first. An element is good until the next step. The last element of a walk that is
+// left early stays under the cursor.
+//
+// A walk that cannot be made is an empty one. Session::last_report(), asked right behind the loop, says why a
+// walk ended: nothing there when it reached the end. An unnamed service or attribute ends its walk, because
+// the calls of jt.h cannot tell it from the end; a value without a text form ends a walk over texts.
+
+namespace detail {
+
+/// A range made of steps: first() and next() give the address of the element, null behind the last.
+template <typename Steps>
+class Range {
+ public:
+  class Iterator {
+   public:
+    using iterator_concept = std::input_iterator_tag;
+    using value_type = typename Steps::Element;
+    using difference_type = std::ptrdiff_t;
+
+    Iterator() noexcept = default;
+
+    value_type &operator*() const noexcept { return *element_; }
+    value_type *operator->() const noexcept { return element_; }
+    Iterator &operator++() noexcept {
+      element_ = steps_->next();
+      return *this;
+    }
+    void operator++(int) noexcept { ++*this; }
+    friend bool operator==(const Iterator &at, std::default_sentinel_t) noexcept {
+      return at.element_ == nullptr;
+    }
+
+   private:
+    friend class Range;
+    Iterator(Steps &steps, value_type *element) noexcept : steps_(&steps), element_(element) {}
+
+    Steps *steps_ = nullptr;
+    value_type *element_ = nullptr;
+  };
+
+  explicit Range(Steps steps) noexcept : steps_(std::move(steps)) {}
+
+  /// Starts the walk.
+  Iterator begin() noexcept { return Iterator(steps_, steps_.first()); }
+  std::default_sentinel_t end() const noexcept { return {}; }
+
+ private:
+  Steps steps_;
+};
+
+template <typename Owner>
+Owner *keep(Owner &element, Result<Owner> found) noexcept {
+  if (!found) return nullptr;
+  element = *std::move(found);
+  return &element;
+}
+
+struct ServiceSteps {
+  using Element = Service;
+
+  Element *first() noexcept { return take(jt_get_first_service_name); }
+  Element *next() noexcept { return take(jt_get_next_service_name); }
+
+  template <typename Call>
+  Element *take(Call *function) noexcept {
+    Text name(function(element.link_.raw(), element.handle_));
+    if (!element.link_.answer(name.get() != nullptr)) return nullptr;
+    element.name_ = Name(std::move(name));
+    return &element;
+  }
+
+  Service element;
+};
+
+struct InvocationSteps {
+  using Element = Service;
+
+  Element *first() noexcept { return service.first_invocation() ? &service : nullptr; }
+  Element *next() noexcept { return service.next_invocation() ? &service : nullptr; }
+
+  Service service;
+};
+
+struct AttributeSteps {
+  using Element = Text;
+
+  Element *first() noexcept { return keep(element, service.text_of(jt_get_first_attribute_name)); }
+  Element *next() noexcept { return keep(element, service.text_of(jt_get_next_attribute_name)); }
+
+  Service service;
+  Text element{};
+};
+
+struct TextSteps {
+  using Element = Text;
+
+  Element *first() noexcept {
+    return keep(element, service.text_of(jt_get_first_attribute_value_string, attribute));
+  }
+  Element *next() noexcept {
+    return keep(element, service.text_of(jt_get_next_attribute_value_string, attribute));
+  }
+
+  Service service;
+  Name attribute;
+  Text element{};
+};
+
+struct ValueSteps {
+  using Element = Value;
+
+  Element *first() noexcept {
+    row = service.row_of(attribute);
+    return keep(element, service.value_of(jt_get_first_attribute_value, row, attribute));
+  }
+  Element *next() noexcept {
+    return keep(element, service.value_of(jt_get_next_attribute_value, row, attribute));
+  }
+
+  Service service;
+  Name attribute;
+  const jt_type *row = nullptr;
+  Value element{};
+};
+
+}  // namespace detail
+
+inline Invocations Service::invocations() const noexcept { return Invocations({*this}); }
+inline Attributes Service::attributes() const noexcept { return Attributes({*this}); }
+inline Texts Service::texts(const TextArgument &attribute) const noexcept {
+  return Texts({*this, detail::to_keep(attribute)});
+}
+inline Values Service::values(const TextArgument &attribute) const noexcept {
+  return Values({*this, detail::to_keep(attribute)});
+}
+
+inline Result<Value> Service::parse(const TextArgument &attribute, const TextArgument &text) const noexcept {
+  if (!link_.admits(text)) return link_.failure();
+  const jt_type *const row = row_of(attribute);
+  if (row == nullptr && get_error_status(link_.raw()) != JT_OK) return link_.failure();
+  if (row == nullptr) return link_.refuse(detail::kUnknownType, attribute.c_str());
+  if (row->eval == nullptr || text.c_str() == nullptr) return link_.failure();
+  const std::size_t bytes = std::strlen(text.c_str()) + 1;
+  const Text copy(static_cast<char *>(std::malloc(bytes)));
+  if (!copy) return link_.refuse(detail::kNoMemory, "");
+  std::memcpy(copy.get(), text.c_str(), bytes);
+  return link_.made<Value>(row->eval(link_.raw(), copy.get()), link_, row);
+}
+
+inline Result<Value> Service::value(const TextArgument &attribute) const noexcept {
+  return value_of(jt_get_first_attribute_value, row_of(attribute), attribute);
+}
+
+// ---- Templates --------------------------------------------------------------------------------------------
+
+/// Owns a template: a node tree in its session, under a handle. Made by Session::decode() and
+/// Session::create(). Calls that change the tree are const, as they are through any handle.
+class Template {
+ public:
+  Template() noexcept = default;
+
+  /// Takes over a template of jt.h.
+  Template(const Session &session, std::int32_t owned) noexcept;
+
+  Template(Template &&other) noexcept : link_(std::move(other.link_)), handle_(other.release()) {}
+  Template &operator=(Template &&other) noexcept {
+    Template taken(std::move(other));
+    std::swap(link_, taken.link_);
+    std::swap(handle_, taken.handle_);
+    return *this;
+  }
+  ~Template() {
+    if (handle_ != 0) jt_destroy_template(link_.raw(), handle_);
+  }
+
+  /// The template as SIL text. jt_encode_template()
+  Result<Text> encode() const noexcept { return link_.made<Text>(jt_encode_template(link_.raw(), handle_)); }
+
+  /// The service of that name, which need not be there; no call is made.
+  Service service(const TextArgument &name) const noexcept { return {link_, handle_, detail::to_keep(name)}; }
+
+  /// A walk over the services.
+  Services services() const noexcept { return Services({Service(link_, handle_, detail::Name())}); }
+
+  /// Appends a service without invocations. jt_add_service()
+  Result<Service> add_service(const TextArgument &type, const TextArgument &name) const noexcept {
+    if (!link_.admits(type, name)) return link_.failure();
+    const Result<> added = link_.done(jt_add_service(link_.raw(), handle_, type.c_str(), name.c_str()));
+    if (!added) return added.error();
+    return service(name);
+  }
+
+  explicit operator bool() const noexcept { return handle_ != 0; }
+
+  /// The handle, 0 when there is none.
+  std::int32_t get() const noexcept { return handle_; }
+
+  /// Gives the template up; it goes with its session, or with jt_destroy_template().
+  [[nodiscard]] std::int32_t release() noexcept { return std::exchange(handle_, 0); }
+
+ private:
+  friend class Session;
+
+  Template(detail::Link link, std::int32_t handle) noexcept : link_(std::move(link)), handle_(handle) {}
+
+  detail::Link link_;
+  std::int32_t handle_ = 0;
+};
+
+// ---- Sessions ---------------------------------------------------------------------------------------------
+
+/// Owns a session. It may be moved while what was made in it stays.
+class Session {
+ public:
+  Session() noexcept = default;
+
+  /// Opens a session; without memory, and with a null label or a NUL inside it, an empty one.
+  /// jt_open_parsing_utility()
+  explicit Session(const TextArgument &label) noexcept
+      : Session(label.problem() == nullptr ? jt_open_parsing_utility(label.c_str()) : nullptr) {}
+
+  /// Takes over a session of jt.h.
+  explicit Session(jt_parser_space *owned) noexcept : link_(owned) {
+    if (link_.raw() == nullptr) jt_close_parsing_utility(owned);
+  }
+
+  Session(Session &&) noexcept = default;
+  Session &operator=(Session &&other) noexcept {
+    Session taken(std::move(other));
+    std::swap(link_, taken.link_);
+    return *this;
+  }
+  ~Session() { jt_close_parsing_utility(link_.detach()); }
+
+  /// Reads a text of SIL. jt_decode_template()
+  Result<Template> decode(const TextArgument &text) const noexcept {
+    if (!link_.admits(text)) return link_.failure();
+    return template_of(jt_decode_template(link_.raw(), text.c_str()));
+  }
+
+  /// A new empty template. jt_create_template()
+  Result<Template> create() const noexcept { return template_of(jt_create_template(link_.raw())); }
+
+  /// A value from a text, unquoted. The type is a base type or one of the service, which is one of the
+  /// fourteen of jt.h. jt_decode_value()
+  Result<Value> parse(const TextArgument &type, const TextArgument &text,
+                      const TextArgument &service = nullptr) const noexcept {
+    if (!link_.admits(type, text, service)) return link_.failure();
+    const jt_type *const row = get_type_from_services(link_.raw(), service.c_str(), type.c_str());
+    return link_.made<Value>(jt_decode_value(link_.raw(), type.c_str(), text.c_str(), service.c_str()), link_,
+                             row);
+  }
+
+  /// The name of a number in the list of an enumerated type. "CALL ERROR: Unknown enumerated value" where the
+  /// number has none, Category::none where the type is not an enumerated one.
+  Result<Text> name_of(const jt_type &type, std::uint32_t number) const noexcept {
+    reset_error_status(link_.raw());
+    const std::string_view name = type.name;
+    const bool is_enumerated = name.starts_with("enum_") || name == "kmt_enum_status";
+    if (!is_enumerated || number == UINT32_MAX || link_.raw() == nullptr) return link_.failure();
+    return link_.made<Text>(type.deval(link_.raw(), reinterpret_cast<const jt_value *>(&number)));
+  }
+
+  /// A status from its name, any case. A name that no number has is kept, with Category::warning.
+  /// get_status()
+  Result<Status> status(const TextArgument &name) const noexcept {
+    reset_error_status(link_.raw());
+    if (!link_.admits(name) || link_.raw() == nullptr) return link_.failure();
+    return link_.made<Status>(get_status(link_.raw(), name.c_str()), link_);
+  }
+
+  /// What the last call through this header reported, be it one that succeeded: its category alone, or with
+  /// its messages. Unlike in jt.h, no question resets it.
+  Category last_category() const noexcept { return link_.category(); }
+  Error last_report() const noexcept { return link_.report(); }
+
+  /// All messages that the session remembers. jt_get_previous_error()
+  Messages history() const noexcept { return link_.history(); }
+
+  /// The library's texts; "" without a session. jt_get_version(), jt_get_copyright(),
+  /// jt_get_supported_language_version()
+  std::string_view version() const noexcept { return fixed_text(jt_get_version); }
+  std::string_view copyright() const noexcept { return fixed_text(jt_get_copyright); }
+  std::string_view language_version() const noexcept { return fixed_text(jt_get_supported_language_version); }
+
+  explicit operator bool() const noexcept { return get() != nullptr; }
+  jt_parser_space *get() const noexcept { return link_.raw(); }
+
+  /// Gives the session up, with every template in it: for their owners it is closed. Close it with
+  /// jt_close_parsing_utility().
+  [[nodiscard]] jt_parser_space *release() noexcept { return link_.detach(); }
+
+ private:
+  friend class Value;
+  friend class Status;
+  friend class Template;
+
+  Result<Template> template_of(std::int32_t handle) const noexcept {
+    if (handle == 0) return link_.failure();
+    link_.answer(1);
+    return Template(link_, handle);
+  }
+
+  std::string_view fixed_text(const char *(*function)(jt_parser_space *)) const noexcept {
+    const char *const text = function(get());
+    return link_.answer(text != nullptr) ? text : "";
+  }
+
+  detail::Link link_;
+};
+
+inline Value::Value(const Session &session, const jt_type &type, jt_value *owned) noexcept
+    : Value(session.link_, &type, owned) {}
+
+inline Status::Status(const Session &session, jt_status *owned) noexcept : Status(session.link_, owned) {}
+
+inline Template::Template(const Session &session, std::int32_t owned) noexcept
+    : Template(session.link_, owned) {}
+
+}  // namespace client
+}  // namespace jt
+
+#endif
