@@ -114,11 +114,11 @@ void write_status(Encoder &encoder, const jt_node &node) {
 void write_attribute(Encoder &encoder, const jt_node &attribute, std::size_t flag_column,
                      std::size_t column) {
   Output &out = encoder.out;
-  if (attribute.non_compulsory) out.append("* ", flag_column, Layout::kLine);
+  if (attribute.non_compulsory) out.append_in_line("* ", flag_column);
   out.append(view_of(type_name_of(attribute)), column, Layout::kLine);
   out.append_raw(" ");
   out.append(view_of(attribute.name), column, Layout::kLine);
-  out.append(" = ", kValueColumn, Layout::kLine);
+  out.append_in_line(" = ", kValueColumn);
   out.append(view_of(attribute.comment), kValueColumn, Layout::kBlock);
   write_values(encoder, attribute);
   out.append_raw(";");
@@ -142,9 +142,9 @@ void write_invocation(Encoder &encoder, const jt_node &invocation) {
 // Each piece is appended by itself, because a line may be folded before each.
 void write_service(Encoder &encoder, const jt_node &service) {
   Output &out = encoder.out;
-  out.append("[", 0, Layout::kLine);
+  out.append_in_line("[", 0);
   out.append(view_of(type_name_of(service)), 0, Layout::kLine);
-  out.append(" ", 0, Layout::kLine);
+  out.append_in_line(" ", 0);
   out.append(view_of(service.name), 0, Layout::kLine);
   out.append("]\n", 0, Layout::kLine);
   out.append(view_of(service.comment), kInvocationColumn, Layout::kBlock);

@@ -26,11 +26,10 @@ void Output::append(std::string_view text, std::size_t indent, Layout layout) {
   if (text.empty()) return;
   fold_long_line();
   while (!text.empty()) {
-    indent_line(indent, layout);
     const std::size_t line_feed = text.find('\n');
     const std::string_view line = text.substr(0, std::min(line_feed, text.size() - 1) + 1);
-    write(line);
-    column_ = line_feed == std::string_view::npos ? column_ + line.size() : 0;
+    write_in_line(line, indent, layout);
+    if (line_feed != std::string_view::npos) column_ = 0;
     text.remove_prefix(line.size());
   }
 }

@@ -27,6 +27,12 @@ class Output {
   // Appends a text that is laid out. A long line is folded before it, never within.
   void append(std::string_view text, std::size_t indent, Layout layout);
 
+  // The same for a text within a line: it is not empty and holds no line feed.
+  void append_in_line(std::string_view text, std::size_t indent) {
+    fold_long_line();
+    write_in_line(text, indent, Layout::kLine);
+  }
+
   // Appends the text of a value. False when there is no room for it, which is the caller's to report.
   bool append_value(std::string_view text, Quoting quoting, std::size_t indent);
 
@@ -66,6 +72,12 @@ class Output {
   void count_columns(std::string_view text) {
     const std::size_t line_feed = text.rfind('\n');
     column_ = line_feed == std::string_view::npos ? column_ + text.size() : text.size() - line_feed - 1;
+  }
+
+  void write_in_line(std::string_view text, std::size_t indent, Layout layout) {
+    indent_line(indent, layout);
+    write(text);
+    column_ += text.size();
   }
 
   void fold_long_line();
