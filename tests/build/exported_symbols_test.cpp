@@ -39,6 +39,7 @@ Names symbols(std::vector<std::string> question) {
 }
 
 // The symbols of the static library that lie in one of the sections, which nm names by letters.
+// Without the compiler's own labels, from which some machines reach variables.
 Names static_symbols_in(std::string_view sections) {
   Names names;
   const ProgramRun run = run_program({JT_NM, "--defined-only", "--demangle", JT_STATIC_LIBRARY});
@@ -47,8 +48,9 @@ Names static_symbols_in(std::string_view sections) {
     std::istringstream words(line);
     std::string address, section, name;
     if (words >> address >> section && std::getline(words >> std::ws, name) && section.size() == 1 &&
-        sections.find(section) != sections.npos)
+        sections.find(section) != sections.npos && !name.starts_with(".L")) {
       names.push_back(name);
+    }
   }
   return names;
 }
