@@ -72,7 +72,6 @@ Outcome open_invocation(Decoder &decoder, std::string_view name) {
   const char *const type_name = decoder.top->name;
   const jt_type *const type =
       look_up_type(decoder.space, view_of(type_name), JT_NODE_INVOCATION, decoder.top);
-  if (type == nullptr) return Outcome::kStopped;
   decoder.scope = find_table_of_row(type);
   return open_block(decoder, make_typed_node(*decoder.space, type, type_name, name, JT_NODE_INVOCATION));
 }
@@ -134,8 +133,8 @@ Outcome add_value(Decoder &decoder, const Token &token) {
     report(decoder.space, message::kNameTooLong, token.text);
     return Outcome::kStopped;
   }
-  const MadeValue value =
-      make_value_node(*decoder.space, decoder.top->type, writable_text(decoder.cursor, token), token.text);
+  const MadeValue value = make_value_node(*decoder.space, decoder.top->type,
+                                          writable_text(decoder.cursor, token), token.text, true);
   if (value.node != nullptr) append_child(*decoder.top, *value.node);
   return value.result == Making::kNoMemory ? Outcome::kStopped : Outcome::kAccepted;
 }

@@ -16,7 +16,7 @@ constexpr std::string_view kEncoding = "ASCII";
 
 Outcome no_header(Decoder &decoder, const Token & /*token*/) {
   restore_token(decoder.cursor);
-  if (!move_comment(*decoder.space, *decoder.top, *decoder.root)) return Outcome::kStopped;
+  move_comment(*decoder.top, *decoder.root);
   destroy_node(decoder.space, decoder.top);
   return Outcome::kAccepted;
 }

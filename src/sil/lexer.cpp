@@ -95,7 +95,6 @@ class WordReader {
           break;
         case ByteClass::kBackslash:
           if (!read_escape()) return kErrorToken;
-          escaped_ = true;
           break;
         case ByteClass::kQuote:
           if (!read_quoted()) return kErrorToken;
@@ -147,7 +146,7 @@ class WordReader {
 
   // In quotes the character that is one too many has been collected when it is refused.
   bool read_quoted() {
-    if (length_ > 0 || quoted_ || escaped_) return fail(message::kQuoteInWord);
+    if (length_ > 0 || quoted_) return fail(message::kQuoteInWord);
     quoted_ = true;
     ++cursor_.position;
     while (*cursor_.position != '"') {
@@ -171,7 +170,6 @@ class WordReader {
   SilCursor &cursor_;
   std::size_t length_ = 0;
   bool quoted_ = false;
-  bool escaped_ = false;
 };
 
 bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }

@@ -11,7 +11,7 @@ namespace {
 // The token belongs to the next stage; what was read here is as if it had never been.
 Outcome no_section(Decoder &decoder, const Token & /*token*/) {
   restore_token(decoder.cursor);
-  if (!move_comment(*decoder.space, *decoder.top, *decoder.root)) return Outcome::kStopped;
+  move_comment(*decoder.top, *decoder.root);
   destroy_node(decoder.space, decoder.top);
   return Outcome::kAccepted;
 }

@@ -49,12 +49,9 @@ bool append_comment(jt_parser_space &space, jt_node &node, std::string_view text
   return true;
 }
 
-bool move_comment(jt_parser_space &space, jt_node &from, jt_node &to) {
-  if (from.comment == nullptr) return true;
-  if (to.comment != nullptr) return append_comment(space, to, from.comment);
+void move_comment(jt_node &from, jt_node &to) {
   to.comment = from.comment;
   from.comment = nullptr;
-  return true;
 }
 
 void release_comment(jt_node &node) {

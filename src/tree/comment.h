@@ -12,8 +12,8 @@ namespace jt {
 // Appends to the node's comment, without a separator; false after a report.
 bool append_comment(jt_parser_space &space, jt_node &node, std::string_view text);
 
-// Hands the comment of one node, if it has one, to another.
-bool move_comment(jt_parser_space &space, jt_node &from, jt_node &to);
+// Hands the comment of one node, if it has one, to another, which has none.
+void move_comment(jt_node &from, jt_node &to);
 
 void release_comment(jt_node &node);
 

@@ -5,6 +5,7 @@
 #include "foundation/parser_space.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "types/type_tables.h"
 
 namespace jt {
 namespace {
@@ -42,12 +43,6 @@ jt_node *finish_value_node(jt_parser_space &space, const ValuePlacement &placeme
   return registered(space, node);
 }
 
-// Eval or copy gave nothing. The storage that it may have taken for its value goes back.
-Making refused(jt_parser_space &space, const ValuePlacement &placement) {
-  if (placement.node() != nullptr) release_node(space, placement.node());
-  return placement.failed() ? Making::kNoMemory : Making::kRefused;
-}
-
 MadeValue made(jt_node *node) { return {node != nullptr ? Making::kMade : Making::kNoMemory, node}; }
 
 jt_node *make_untyped_value_node(jt_parser_space &space, std::string_view text) {
@@ -67,14 +62,14 @@ jt_node *make_untyped_value_node(jt_parser_space &space, std::string_view text) 
 }
 
 MadeValue make_known_value_node(jt_parser_space &space, const jt_type *type, char *text,
-                                std::string_view shown) {
+                                std::string_view shown, bool of_library) {
   if (type->eval == nullptr) return {Making::kRefused, nullptr};
-  const ValuePlacement placement(space);
+  const ValuePlacement placement(space, of_library);
   jt_value *const value = type->eval(&space, text);
   if (value != nullptr) return made(finish_value_node(space, placement, type, value, shown));
-  const Making result = refused(space, placement);
-  if (result == Making::kNoMemory) report(&space, message::kNoValueNode, shown);
-  return {result, nullptr};
+  if (!placement.failed()) return {Making::kRefused, nullptr};
+  report(&space, message::kNoValueNode, shown);
+  return {Making::kNoMemory, nullptr};
 }
 
 }  // namespace
@@ -101,9 +96,10 @@ jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char
   return nullptr;
 }
 
-MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text, std::string_view shown) {
+MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text, std::string_view shown,
+                          bool of_library) {
   return type == unknown_type() ? made(make_untyped_value_node(space, text))
-                                : make_known_value_node(space, type, text, shown);
+                                : make_known_value_node(space, type, text, shown, of_library);
 }
 
 }  // namespace jt
@@ -129,7 +125,7 @@ jt_node *create_value_node(jt_parser_space *space, const jt_type *type, const ch
     jt::report(space, jt::message::kNoValueNode, text);
     return nullptr;
   }
-  jt_node *const node = jt::make_value_node(*space, type, copy, text).node;
+  jt_node *const node = jt::make_value_node(*space, type, copy, text, jt::is_library_type(type)).node;
   er_free(copy);
   return node;
 }
@@ -140,10 +136,9 @@ jt_node *create_value_ptr_node(jt_parser_space *space, const jt_type *type, cons
     jt_error(space, jt::message::kNoCopyFunction, type->name);
     return nullptr;
   }
-  const jt::ValuePlacement placement(*space);
+  const jt::ValuePlacement placement(*space, jt::is_library_type(type));
   jt_value *const copy = type->copy(space, value);
   if (copy == nullptr) {
-    jt::refused(*space, placement);
     jt::report(space, jt::message::kCannotCopy);
     return nullptr;
   }

@@ -23,9 +23,10 @@ struct MadeValue {
   jt_node *node;
 };
 
-// A value node from a text, which its type may write into. Reports about the node show the other text, which
-// stays as it is.
-MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text, std::string_view shown);
+// A value node from a text, which its type may write into; the type is the library's or a client's own.
+// Reports about the node show the other text, which stays as it is.
+MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text, std::string_view shown,
+                          bool of_library);
 
 }  // namespace jt
 

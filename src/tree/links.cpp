@@ -34,7 +34,6 @@ void leave_parent(jt_node &node) {
 // The header goes: its attributes and the template beside it no longer know one.
 void unlink_header(jt_node &header) {
   for (jt_node *attribute = header.parent; attribute != nullptr; attribute = attribute->next_sibling) {
-    if (attribute->first_child != &header) continue;
     attribute->first_child = attribute->last_child = nullptr;
     if (attribute->cursor == &header) attribute->cursor = nullptr;
   }
@@ -115,11 +114,11 @@ void link_section(jt_node &root, jt_node &section) {
 }
 
 void rename(jt_node &node, char *name) {
-  if (node.parent != nullptr) unindex_child(*node.parent, node);
+  unindex_child(*node.parent, node);
   release_text(node, node.name);
   node.name = name;
   node.key_hash = name_hash(view_of(name));
-  if (node.parent != nullptr) index_child(*node.parent, node);
+  index_child(*node.parent, node);
 }
 
 }  // namespace jt

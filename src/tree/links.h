@@ -30,7 +30,7 @@ void link_header(jt_node &root, jt_node &header);
 void link_header_attributes(jt_node &header, const std::array<jt_node *, 3> &attributes);
 void link_section(jt_node &root, jt_node &section);
 
-// Gives the node a name, or takes it away (null); the text is the node's own from now on.
+// Gives a child a name, or takes it away (null); the text is the node's own from now on.
 void rename(jt_node &node, char *name);
 
 }  // namespace jt

@@ -55,9 +55,8 @@ inline const char *type_name_of(const jt_node &node) {
   return node.node_class != JT_NODE_VALUE ? node.unresolved_type_name : nullptr;
 }
 
-inline bool is_header(const jt_node &node) {
-  return node.node_class >= JT_NODE_HEADER && node.node_class <= JT_NODE_HEADER_EXCLAIM;
-}
+// The classes of headers are the last ones.
+inline bool is_header(const jt_node &node) { return node.node_class >= JT_NODE_HEADER; }
 
 // The three attributes of a header point back to it through their first-child link; it is not their child.
 inline bool is_header_attribute(const jt_node &node) {

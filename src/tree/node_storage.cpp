@@ -50,17 +50,17 @@ char *NodeRoom::place(std::string_view text) {
   return place;
 }
 
-ValuePlacement::ValuePlacement(jt_parser_space &space) : BlockSource{take}, space_(space) {
-  space_.block_source = this;
+ValuePlacement::ValuePlacement(jt_parser_space &space, bool of_library) : BlockSource{take}, space_(space) {
+  if (of_library) space_.block_source = this;
 }
 
 ValuePlacement::~ValuePlacement() { space_.block_source = nullptr; }
 
-// A value that does not fit behind a record is a block of its own, and so is any value after the first.
+// A value that does not fit behind a record is a block of its own.
 void *ValuePlacement::take(BlockSource &source, jt_parser_space &space, std::size_t bytes) {
   auto &self = static_cast<ValuePlacement &>(source);
   void *block = nullptr;
-  if (self.node_ != nullptr || bytes > kMaxPiece - sizeof(jt_node)) {
+  if (bytes > kMaxPiece - sizeof(jt_node)) {
     block = take_unset_block(&space, bytes);
   } else {
     self.node_ = take_node(space, bytes);

@@ -31,10 +31,12 @@ class NodeRoom {
   std::size_t used_;
 };
 
-// Makes eval and copy lay their value out behind the record of a new node, for as long as it lives.
+// Makes eval and copy of the library's types lay their value out behind the record of a new node, for as long
+// as it lives. A client's type may make and release whatever values it likes before it gives one, so its
+// values are blocks of their own.
 class ValuePlacement : private BlockSource {
  public:
-  explicit ValuePlacement(jt_parser_space &space);
+  ValuePlacement(jt_parser_space &space, bool of_library);
   ~ValuePlacement();
   ValuePlacement(const ValuePlacement &) = delete;
   ValuePlacement &operator=(const ValuePlacement &) = delete;

@@ -22,12 +22,12 @@ struct SharedStatus {
   char text[4];
 };
 
-// As many as the list has numbers, and the marker.
-constexpr std::size_t kShared = 26;
+// One for each number of the list, and the marker.
+constexpr std::size_t kShared = kBaseNumberEnd + 1;
 
 constexpr std::array<SharedStatus, kShared> kSharedStatuses = [] {
   std::array<SharedStatus, kShared> statuses{};
-  for (std::uint32_t number = 0; number + 1 < kShared; ++number) statuses[number].number = number;
+  for (std::uint32_t number = 0; number < kBaseNumberEnd; ++number) statuses[number].number = number;
   statuses.back().number = kUnknownName;
   return statuses;
 }();
@@ -45,8 +45,7 @@ std::string_view status_text(jt_parser_space *space, const jt_status *status) {
 
 const jt_status *find_shared_status(std::string_view name) {
   std::uint32_t number = 0;
-  const bool found = find_number(kBaseValues, name, number) && number + 1 < kShared;
-  return found ? shared_status(number) : nullptr;
+  return find_number(kBaseValues, name, number) ? shared_status(number) : nullptr;
 }
 
 bool is_shared_status(const jt_status *status) {
@@ -56,7 +55,7 @@ bool is_shared_status(const jt_status *status) {
 
 const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number) {
   if (number == kUnknownName) return shared_status(kShared - 1);
-  if (number + 1 < kShared) return shared_status(number);
+  if (number < kBaseNumberEnd) return shared_status(number);
   return as_status(store_value(space, &number, sizeof(number)));
 }
 

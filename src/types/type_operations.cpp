@@ -18,8 +18,7 @@ jt_value *store_value(jt_parser_space *space, const void *bytes, std::size_t cou
 std::int32_t kill_block(jt_parser_space * /*space*/, jt_value *value) { return er_free(value); }
 
 void report_bad_value(jt_parser_space *space, std::string_view type_name, const char *text) {
-  if (text == nullptr) return;
-  report_joined(space, message::kBadValueBegin, type_name, message::kBadValueEnd, view_of(text));
+  report_joined(space, message::kBadValueBegin, type_name, message::kBadValueEnd, text);
 }
 
 }  // namespace jt

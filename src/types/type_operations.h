@@ -40,7 +40,7 @@ jt_value *store_value(jt_parser_space *space, const void *bytes, std::size_t cou
 // Releases a value that is nothing but its block.
 std::int32_t kill_block(jt_parser_space *space, jt_value *value);
 
-// Reports a text that is no value of the named type; a null text is not reported.
+// Reports a text that is no value of the named type.
 void report_bad_value(jt_parser_space *space, std::string_view type_name, const char *text);
 
 }  // namespace jt

@@ -293,6 +293,15 @@ const jt_type *find_row(const TypeTable &table, std::string_view name) {
   }
 }
 
+bool holds_row(const TypeTable &table, const jt_type *row) {
+  return std::less_equal<>()(table.rows, row) && std::less<>()(row, table.rows + table.count);
+}
+
+const Service *find_service_of_row(const jt_type *row) {
+  return std::find_if(kServices.begin(), kServices.end(),
+                      [row](const Service &service) { return holds_row(service.table, row); });
+}
+
 }  // namespace
 
 const jt_type *find_base_type(std::string_view name) { return find_row(kBaseTable, name); }
@@ -307,12 +316,12 @@ const TypeTable *find_service_table(std::string_view service_name) {
 
 // A service's own row is the one row of its table without operations.
 const TypeTable *find_table_of_row(const jt_type *row) {
-  const std::less_equal<> at_or_before;
-  const auto *const found = std::find_if(kServices.begin(), kServices.end(), [&](const Service &service) {
-    return at_or_before(service.table.rows, row) &&
-           std::less<>()(row, service.table.rows + service.table.count);
-  });
+  const Service *const found = find_service_of_row(row);
   return found != kServices.end() && row->eval == nullptr ? &found->table : nullptr;
+}
+
+bool is_library_type(const jt_type *type) {
+  return holds_row(kBaseTable, type) || find_service_of_row(type) != kServices.end();
 }
 
 const jt_type *find_type_in_scope(const TypeTable *table, std::string_view type_name) {

@@ -29,6 +29,9 @@ const TypeTable *find_service_table(std::string_view service_name);
 // The table that holds such a service's own row; null for any other row.
 const TypeTable *find_table_of_row(const jt_type *row);
 
+// Whether the type is a row of one of the tables in which types are looked up, not a client's own.
+bool is_library_type(const jt_type *type);
+
 // The type of that name in a service's table, or else among the built-in types; these alone without a table.
 const jt_type *find_type_in_scope(const TypeTable *table, std::string_view type_name);
 

@@ -198,6 +198,7 @@ static_assert(number_of(kBase, "IN") == unit::kIn);
 static_assert(number_of(kBase, "MIL") == unit::kMil);
 
 constexpr auto kPackedBase = pack<kBase>();
+static_assert(kPackedBase.written.size() == kBaseNumberEnd);
 constexpr auto kPackedEmail = pack<kEmail>();
 constexpr auto kPackedFax = pack<kFax>();
 constexpr auto kPackedFile = pack<kFile>();

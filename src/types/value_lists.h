@@ -21,6 +21,9 @@ extern const ValueList kPrintValues;
 extern const ValueList kScanValues;
 extern const ValueList kValidationValues;
 
+// One more than the largest number of the base list, which checks it.
+constexpr std::uint32_t kBaseNumberEnd = 25;
+
 // Numbers that the structured types know by themselves; the lists check them.
 namespace unit {
 constexpr std::int32_t kMm = 20;

@@ -232,6 +232,7 @@ std::vector<Scenario> template_scenarios() {
 
 std::vector<Scenario> status_scenarios() {
   static constexpr uint32_t kAborted = 1;
+  static constexpr uint32_t kUnnamed = 1000;
   static constexpr struct {
     uint32_t number = 0xFFFFFFFF;
     char name[4] = "odd";
@@ -261,6 +262,9 @@ std::vector<Scenario> status_scenarios() {
       {"SetStatus",
        [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kAborted)); },
        {}},
+      {"SetStatusOfANumberWithoutAName",
+       [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kUnnamed)); },
+       {{kNoMemory}}},
   };
 }
 

@@ -175,6 +175,14 @@ TEST_F(ValueWithoutText, IsReportedAndTheEncodingGoesOn) {
                                   "MEMORY ERROR: bad value  -- ignored ..."}));
 }
 
+TEST_F(ValueWithoutText, IsLeftOutWithoutASessionToo) {
+  add_name("AUTO");
+  add_bad();
+  EXPECT_EQ(take_text(encode_template(nullptr, opaque_to_node(space, handle))),
+            "[service kmt_svc_scan]\n {\n      enum_mediasize a = AUTO;\n }\nend\n\n");
+  EXPECT_EQ(messages(), Messages());
+}
+
 TEST_F(ValueWithoutText, IsReportedEachTime) {
   add_bad();
   add_bad();

@@ -140,6 +140,17 @@ TEST_F(Encoder, RefusesANullRoot) {
 
 TEST_F(Encoder, RefusesANullRootOfNoSession) { EXPECT_EQ(encode_template(nullptr, nullptr), nullptr); }
 
+TEST_F(Encoder, WritesTheSameWithoutASession) {
+  jt_node *const root = decoded("[kmt_svc_scan S] { integer copies = 1, 2; string t = \"a b\"; } end");
+  EXPECT_EQ(take_text(encode_template(nullptr, root)),
+            "[kmt_svc_scan S]\n"
+            " {\n"
+            "      integer copies = 1, 2;\n"
+            "      string t = \"a b\";\n"
+            " }\n"
+            "end\n\n");
+}
+
 TEST_F(Encoder, GrowsWithItsText) {
   std::string text = "[service kmt_svc_scan]\n";
   for (int i = 0; i < 200; ++i) {

@@ -339,6 +339,31 @@ TEST_F(Destruction, AllNodesOfALoneNodeAreItself) {
   expect_all_released();
 }
 
+TEST_F(Destruction, AllNodesAreThoseOfOneSession) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  const jt_type *const integer = get_type_from_services(space, nullptr, "integer");
+  jt_node *const attribute = add_attribute(scan_invocation(), "integer", "a");
+  jt_node *const first = linked(attribute, create_value_node(other, integer, "1"));
+  add_value(attribute, "2");
+  jt_node *const last = linked(attribute, create_value_node(other, integer, "3"));
+  EXPECT_EQ(destroy_all_nodes(space, attribute), 1);
+  expect_all_released();
+  EXPECT_EQ(opaque_to_node(other, -100), first);
+  EXPECT_EQ(opaque_to_node(other, -101), last);
+  jt_close_parsing_utility(other);
+}
+
+TEST_F(Destruction, AllNodesAreNotThoseAboveInAnotherSession) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  jt_decode_template(other, "[ kmt_svc_scan S ] { integer a = 1; } end");
+  jt_node *const attribute = opaque_to_node(other, -100)->first_child->first_child->first_child;
+  jt_node *const value = linked(attribute, create_value_node(space, attribute->type, "2"));
+  EXPECT_EQ(destroy_all_nodes(space, value), 1);
+  expect_all_released();
+  EXPECT_STREQ(attribute->name, "a");
+  jt_close_parsing_utility(other);
+}
+
 TEST_F(Destruction, AllClientValuesAreReleasedOnce) {
   jt_test::odd_calls = {};
   jt_node *const attribute = add_attribute(scan_invocation(), "integer", "odd");

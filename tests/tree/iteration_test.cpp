@@ -265,6 +265,15 @@ TEST_F(Iteration, AnUntypedChildWithoutTextStays) {
   EXPECT_EQ(messages(), Messages());
 }
 
+TEST_F(Iteration, AnUntypedValueThatWasMadeWithoutATextStays) {
+  jt_node *const parent = riddles({});
+  linked(parent, make(nullptr, nullptr, JT_NODE_VALUE, parent));
+  forget_messages();
+  EXPECT_EQ(next_text(parent), "(none)");
+  EXPECT_EQ(parent->cursor, parent->first_child);
+  EXPECT_EQ(messages(), Messages());
+}
+
 TEST_F(Iteration, AChildWithoutDevalIsReportedAndStays) {
   jt_node *const root = make_template();
   add_service(root, "kmt_svc_scan");

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "types/status.h"
 #include "types/value_cases.h"
 
 namespace jt_test {
@@ -161,6 +162,22 @@ TEST_F(StatusTest, NullIsNoStatusAndNoReport) {
 TEST_F(StatusTest, ReleasingSucceeds) {
   EXPECT_EQ(kill_status(space, get_status(space, "KMT_STATUS_ERROR")), 1);
   EXPECT_EQ(kill_status(space, get_status(space, "NO_SUCH_STATUS")), 1);
+}
+
+// ---- Shared statuses ----
+
+TEST_F(StatusTest, EveryNameOfTheListHasASharedOne) {
+  for (const char *const name : {"KMT_STATUS_ABORTED", "kmt_status_warning", "MM", "PROPRIETARY"}) {
+    const jt_status *const shared = jt::find_shared_status(name);
+    EXPECT_TRUE(jt::is_shared_status(shared)) << name;
+    EXPECT_EQ(shared, jt::find_shared_status(name)) << name;
+  }
+  EXPECT_EQ(jt::find_shared_status("NO_SUCH_STATUS"), nullptr);
+}
+
+TEST_F(StatusTest, NullAndAClientsStatusAreNoSharedOnes) {
+  EXPECT_FALSE(jt::is_shared_status(nullptr));
+  EXPECT_FALSE(jt::is_shared_status(named("KMT_STATUS_ABORTED").get()));
 }
 
 // ---- Statuses are values of their type ----
