@@ -42,6 +42,10 @@
 #ifndef JT_HPP
 #define JT_HPP
 
+#if __cplusplus < 202002L
+#error "jt.hpp needs C++20 (-std=c++20); jt.h does not"
+#endif
+
 #include <algorithm>
 #include <array>
 #include <compare>

@@ -20,11 +20,13 @@ mkdir -p "$2"
 # What pkg-config says is split into words on purpose.
 # shellcheck disable=SC2046
 try() {
-  "$1" -o "$program" "$clients/$2" $(pkg-config --cflags --libs jt)
+  source=$clients/$1
+  shift
+  "$@" -o "$program" "$source" $(pkg-config --cflags --libs jt)
   "$program"
-  "$1" -static -o "$program" "$clients/$2" $(pkg-config --static --cflags --libs jt)
+  "$@" -static -o "$program" "$source" $(pkg-config --static --cflags --libs jt)
   "$program"
 }
 
-try "${CC:-cc}" c/client.c
-try "${CXX:-c++}" cpp/client.cpp
+try c/client.c "${CC:-cc}"
+try cpp/client.cpp "${CXX:-c++}" -std=c++20
