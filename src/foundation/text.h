@@ -43,34 +43,33 @@ constexpr std::uint64_t number_of_eight(const char *bytes) {
 
 // Names that are the same have the same hash. Eight bytes go in at a time, the last eight once more where the
 // length is no multiple of eight. The bit that tells small letters from capitals is set in all of them, which
-// makes no other names the same but may give some the same hash.
+// makes no other names the same but may give some the same hash. Names that differ in nothing but the low bits
+// of their last letter, as numbered ones do, get hashes that differ in nothing but these bits: in a table they
+// are neighbours, and who looks for one after the other finds them in memory that was fetched already.
 constexpr std::uint32_t name_hash(std::string_view name) {
   constexpr std::uint64_t kFolded = 0x2020202020202020;
+  constexpr std::uint32_t kNeighbours = 0xF;
+  constexpr std::uint64_t kNoNeighbours = ~(std::uint64_t{kNeighbours} << 56U);
+  if (name.empty()) return 0;
   std::uint64_t hash = name.size();
-  const auto mix = [&hash] {
+  const auto take_in = [&hash](std::uint64_t bytes) {
+    hash ^= bytes | kFolded;
     hash *= 0x9E3779B97F4A7C15;
     hash ^= hash >> 32U;
   };
-  const auto take_in = [&](std::uint64_t bytes) {
-    hash ^= bytes | kFolded;
-    mix();
-  };
   const char *const end = name.data() + name.size();
+  std::uint64_t last_bytes = 0;  // the very last one on top
   if (name.size() >= 8) {
-    const char *const last = end - 8;
-    for (const char *at = name.data();; at += 8) {
-      take_in(number_of_eight(at < last ? at : last));
-      if (at >= last) break;
-    }
+    for (const char *at = name.data(); at + 8 < end; at += 8) take_in(number_of_eight(at));
+    last_bytes = number_of_eight(end - 8);
   } else if (name.size() >= 4) {
-    take_in(number_of_four(name.data()) << 32U | number_of_four(end - 4));
+    last_bytes = number_of_four(end - 4) << 32U | number_of_four(name.data());
   } else {
-    std::uint64_t bytes = 0;
-    for (const char c : name) bytes = bytes << 8U | static_cast<unsigned char>(c);
-    take_in(bytes);
+    for (const char c : name) last_bytes = last_bytes >> 8U | std::uint64_t{static_cast<unsigned char>(c)} << 56U;
   }
-  mix();  // the last bytes have reached the upper half only
-  return static_cast<std::uint32_t>(hash);
+  take_in(last_bytes & kNoNeighbours);
+  take_in(0);  // the last bytes have reached the upper half only
+  return static_cast<std::uint32_t>(hash) ^ (static_cast<unsigned char>(name.back()) & kNeighbours);
 }
 
 // A text that may be null, as a view; null reads as empty.
