@@ -122,14 +122,12 @@ std::vector<Sample> built_in_samples() {
   };
 }
 
-Sample known_name(const Catalogue &list, const char *type) {
-  const ListRow &row = list.rows.back();
+Sample known_name(const Catalogue &list, const char *type, const std::string &written) {
   return {.name = list.name + "_" + type,
           .service = list.service,
           .type = type,
-          .text = row.name,
-          .unwritable = {"MEMORY ERROR: allocation error while encoding" + written_names(list)[row.number] +
-                         " ..."}};
+          .text = list.rows.back().name,
+          .unwritable = {"MEMORY ERROR: allocation error while encoding" + written + " ..."}};
 }
 
 Sample odd_name(const Catalogue &list, const char *type) {
@@ -146,8 +144,9 @@ Sample odd_name(const Catalogue &list, const char *type) {
 std::vector<Sample> enumerated_samples() {
   std::vector<Sample> samples;
   for (const Catalogue &list : catalogues()) {
+    const std::string written = written_names(list)[list.rows.back().number];
     for (const char *const type : list.types) {
-      samples.push_back(known_name(list, type));
+      samples.push_back(known_name(list, type, written));
       samples.push_back(odd_name(list, type));
     }
   }
