@@ -34,6 +34,11 @@ void *take_value_block(jt_parser_space *space, std::size_t bytes) {
   return space->block_source->take(*space->block_source, *space, bytes);
 }
 
+std::string_view measured(const jt_parser_space *space, const char *text) {
+  const BlockSource *const source = space != nullptr ? space->block_source : nullptr;
+  return source != nullptr && source->text.data() == text ? source->text : std::string_view(text);
+}
+
 char *copy_text(jt_parser_space *space, std::string_view text) {
   return fill(take_unset_block(space, text.size() + 1), text);
 }

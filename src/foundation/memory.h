@@ -13,6 +13,7 @@ namespace jt {
 // Where the block of a value comes from while a node is being made for it (see take_value_block).
 struct BlockSource {
   void *(*take)(BlockSource &source, jt_parser_space &space, std::size_t bytes) = nullptr;
+  std::string_view text;  // that the value is made of, if it is made of one
 };
 
 // Room for the text of one value, offered to the type that writes it. A type that takes it hands out the room
@@ -38,6 +39,9 @@ char *copy_text(jt_parser_space *space, std::string_view text);
 
 // A terminated copy on the plain heap; null without a report.
 char *copy_plain_text(std::string_view text);
+
+// A text that is evaluated, which need not be measured where a node is being made of it.
+std::string_view measured(const jt_parser_space *space, const char *text);
 
 // The room that the session offers for the text of a value with its terminator; null when it offers none, or
 // less than this.

@@ -91,7 +91,7 @@ void sort_pieces_of(PiecePool &pool, Page *page) {
 }
 
 // All pieces of the page have been released: none may be found in a list any more.
-void discard_page(PiecePool &pool, Page *page) {
+[[gnu::noinline]] void discard_page(PiecePool &pool, Page *page) {
   drop_unsorted(pool, page);
   for (std::size_t offset = sizeof(Page); page->sorted > 0;) {
     auto *const piece = reinterpret_cast<FreePiece *>(byte_of(page, offset));

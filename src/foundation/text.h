@@ -4,9 +4,12 @@
 #ifndef JT_FOUNDATION_TEXT_H
 #define JT_FOUNDATION_TEXT_H
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
+#include <type_traits>
 
 namespace jt {
 
@@ -26,50 +29,67 @@ constexpr int compare_names(std::string_view a, std::string_view b) {
   return a.size() < b.size() ? -1 : (a.size() > b.size() ? 1 : 0);
 }
 
+// Bytes as one number, alike on every machine: the first byte is the lowest.
+template <typename Number>
+constexpr std::uint64_t joined(const char *bytes) {
+  Number number = 0;
+  if (!std::is_constant_evaluated() && std::endian::native == std::endian::little) {
+    std::memcpy(&number, bytes, sizeof number);
+    return number;
+  }
+  for (std::size_t i = 0; i < sizeof number; ++i) {
+    number |= static_cast<Number>(Number{static_cast<unsigned char>(bytes[i])} << i * 8);
+  }
+  return number;
+}
+
+constexpr std::uint64_t eight_at(const char *bytes) { return joined<std::uint64_t>(bytes); }
+
+// The last eight bytes of a text, joined, its very last one on top. A shorter one is there as a whole.
+constexpr std::uint64_t last_eight(std::string_view text) {
+  const char *const end = text.data() + text.size();
+  if (text.size() >= 8) return eight_at(end - 8);
+  if (text.size() > 4) return joined<std::uint32_t>(end - 4) << 32U | joined<std::uint32_t>(text.data());
+  std::uint64_t bytes = 0;
+  for (const char c : text) bytes = bytes >> 8U | std::uint64_t{static_cast<unsigned char>(c)} << 56U;
+  return bytes;
+}
+
+// Whether two texts of one length have the same bytes. Names are short: a call of memcmp() costs more than
+// this.
+constexpr bool same_bytes(std::string_view a, std::string_view b) {
+  for (std::size_t i = 0; i + 8 < a.size(); i += 8) {
+    if (eight_at(a.data() + i) != eight_at(b.data() + i)) return false;
+  }
+  return last_eight(a) == last_eight(b);
+}
+
+[[gnu::noinline]] constexpr bool same_folded(std::string_view a, std::string_view b) {
+  return compare_names(a, b) == 0;
+}
+
 // Most names are written like the one that they are compared with, to the letter.
 constexpr bool same_name(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && (a == b || compare_names(a, b) == 0);
-}
-
-// Four bytes as a number, put together alike on every machine.
-constexpr std::uint64_t number_of_four(const char *bytes) {
-  const auto byte = [bytes](std::size_t i) { return std::uint32_t{static_cast<unsigned char>(bytes[i])}; };
-  return byte(0) | byte(1) << 8U | byte(2) << 16U | byte(3) << 24U;
-}
-
-constexpr std::uint64_t number_of_eight(const char *bytes) {
-  return number_of_four(bytes) | number_of_four(bytes + 4) << 32U;
+  return a.size() == b.size() && (same_bytes(a, b) || same_folded(a, b));
 }
 
 // Names that are the same have the same hash. Eight bytes go in at a time, the last eight once more where the
 // length is no multiple of eight. The bit that tells small letters from capitals is set in all of them, which
-// makes no other names the same but may give some the same hash. Names that differ in nothing but the low bits
-// of their last letter, as numbered ones do, get hashes that differ in nothing but these bits: in a table they
-// are neighbours, and who looks for one after the other finds them in memory that was fetched already.
+// makes no other names the same but may give some the same hash. Names that differ in nothing but the two low
+// bits of their last character, as numbered ones do, get hashes that differ in nothing but these: in a table
+// they are neighbours, and who looks for one after the other finds them in memory that was fetched already.
 constexpr std::uint32_t name_hash(std::string_view name) {
   constexpr std::uint64_t kFolded = 0x2020202020202020;
-  constexpr std::uint32_t kNeighbours = 0xF;
-  constexpr std::uint64_t kNoNeighbours = ~(std::uint64_t{kNeighbours} << 56U);
+  constexpr std::uint32_t kNeighbours = 3;
   if (name.empty()) return 0;
   std::uint64_t hash = name.size();
   const auto take_in = [&hash](std::uint64_t bytes) {
     hash ^= bytes | kFolded;
-    hash *= 0x9E3779B97F4A7C15;
-    hash ^= hash >> 32U;
+    hash = (hash ^ hash >> 32U) * 0x9E3779B97F4A7C15;
   };
-  const char *const end = name.data() + name.size();
-  std::uint64_t last_bytes = 0;  // the very last one on top
-  if (name.size() >= 8) {
-    for (const char *at = name.data(); at + 8 < end; at += 8) take_in(number_of_eight(at));
-    last_bytes = number_of_eight(end - 8);
-  } else if (name.size() >= 4) {
-    last_bytes = number_of_four(end - 4) << 32U | number_of_four(name.data());
-  } else {
-    for (const char c : name) last_bytes = last_bytes >> 8U | std::uint64_t{static_cast<unsigned char>(c)} << 56U;
-  }
-  take_in(last_bytes & kNoNeighbours);
-  take_in(0);  // the last bytes have reached the upper half only
-  return static_cast<std::uint32_t>(hash) ^ (static_cast<unsigned char>(name.back()) & kNeighbours);
+  for (std::size_t i = 0; i + 8 < name.size(); i += 8) take_in(eight_at(name.data() + i));
+  take_in(last_eight(name) | std::uint64_t{kNeighbours} << 56U);
+  return static_cast<std::uint32_t>(hash >> 32U) ^ (static_cast<unsigned char>(name.back()) & kNeighbours);
 }
 
 // A text that may be null, as a view; null reads as empty.

@@ -23,15 +23,19 @@ Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Ou
 
 // ---- Blocks -----------------------------------------------------------------------------------------------
 
+// Whether the block is known to be the first of its name where it is opened.
+enum class Name { kMayBeThere, kIsNew };
+
 // Hangs a new node under the innermost block and makes it that block. Its type fits, having just been looked
 // up there; an unknown one warns once more.
-Outcome open_block(Decoder &decoder, jt_node *node) {
+Outcome open_block(Decoder &decoder, jt_node *node, Name name = Name::kMayBeThere) {
   if (node == nullptr) return Outcome::kStopped;
   jt_parser_space *const space = decoder.space;
   if (!has_known_type(*node)) {
     report_unknown_type(space, node->node_class, view_of(node->unresolved_type_name));
   }
-  if (node->name != nullptr && find_namesake(*decoder.top, *node) != nullptr) {
+  const bool may_be_there = name == Name::kMayBeThere && node->name != nullptr;
+  if (may_be_there && find_namesake(*decoder.top, *node) != nullptr) {
     report(space, message::kDuplicateName, node->name);
     destroy_node(space, node);
     return Outcome::kStopped;
@@ -73,6 +77,7 @@ Outcome open_invocation(Decoder &decoder, std::string_view name) {
   const jt_type *const type =
       look_up_type(decoder.space, view_of(type_name), JT_NODE_INVOCATION, decoder.top);
   decoder.scope = find_table_of_row(type);
+  decoder.name_bits = 0;
   return open_block(decoder, make_typed_node(*decoder.space, type, type_name, name, JT_NODE_INVOCATION));
 }
 
@@ -112,12 +117,20 @@ Outcome keep_attribute_type(Decoder &decoder, const Token &token) {
   return keep_starred_type(decoder, token);
 }
 
+Name name_of_attribute(Decoder &decoder, const jt_node &attribute) {
+  const std::uint64_t bit = std::uint64_t{1} << attribute.key_hash % 64;
+  const bool is_new = (decoder.name_bits & bit) == 0;
+  decoder.name_bits |= bit;
+  return is_new ? Name::kIsNew : Name::kMayBeThere;
+}
+
 Outcome open_attribute(Decoder &decoder, const Token &token) {
   if (keep_name(decoder, token) == Outcome::kRefused) return Outcome::kRefused;
   jt_node *const node =
       make_typed_node(*decoder.space, decoder.type, nullptr, decoder.kept, JT_NODE_ATTRIBUTE);
-  if (node != nullptr) node->non_compulsory = decoder.non_compulsory;
-  return open_block(decoder, node);
+  if (node == nullptr) return Outcome::kStopped;
+  node->non_compulsory = decoder.non_compulsory;
+  return open_block(decoder, node, name_of_attribute(decoder, *node));
 }
 
 // An attribute stays the innermost block until the token behind its ";" is known not to be its status.

@@ -86,6 +86,9 @@ struct Decoder {
   const TypeTable *scope;  // of the types of attributes in the innermost block
   const jt_type *type;     // of the block or attribute whose name comes next
   bool non_compulsory;     // of the attribute whose name comes next
+  // One for the hash of each attribute in the innermost block. An attribute that finds its bit unset is the
+  // first of its name: most are, and need not be looked for.
+  std::uint64_t name_bits;
   std::int16_t header_class;
   std::string_view version;  // of the header
   std::string_view kept;     // a name, a status text, the header's identifier
@@ -112,8 +115,9 @@ constexpr bool contains(TokenSet set, TokenKind kind) {
   return (set >> static_cast<unsigned>(kind) & 1U) != 0;
 }
 
-constexpr TokenSet kAnyToken = one_of(TokenKind::kEndOfText) | (one_of(TokenKind::kEndOfText) - 1);
-constexpr TokenSet kAnyText = kAnyToken & ~one_of(TokenKind::kEndOfText, TokenKind::kComment);
+// No row takes a comment, or a token that was an error.
+constexpr TokenSet kAnyText = (one_of(TokenKind::kEndOfText) - 1) & ~one_of(TokenKind::kComment);
+constexpr TokenSet kAnyToken = kAnyText | one_of(TokenKind::kEndOfText);
 constexpr TokenSet kWordOrString = one_of(TokenKind::kWord, TokenKind::kString);
 
 struct Row {
@@ -125,7 +129,7 @@ struct Row {
 
 constexpr std::size_t kStateCount = static_cast<std::size_t>(State::kFinished);
 
-constexpr std::size_t kTokenKinds = static_cast<std::size_t>(TokenKind::kEndOfText) + 1;
+constexpr std::size_t kTokenKinds = static_cast<std::size_t>(TokenKind::kError) + 1;
 
 // Rows put together by state and closed by a row that takes any token, with the first row for each state and
 // token. Rows of one state keep their order.

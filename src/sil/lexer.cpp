@@ -174,7 +174,7 @@ class WordReader {
 
 bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
 
-Token read_comment(jt_parser_space *space, SilCursor &cursor) {
+[[gnu::noinline]] Token read_comment(jt_parser_space *space, SilCursor &cursor) {
   std::size_t length = 0;
   for (; !ends_comment(*cursor.position); ++cursor.position) {
     if (length == kMostComment) {
@@ -187,6 +187,10 @@ Token read_comment(jt_parser_space *space, SilCursor &cursor) {
   return {TokenKind::kComment, {cursor.buffer.data(), length}};
 }
 
+[[gnu::noinline]] Token read_carefully(jt_parser_space *space, SilCursor &cursor) {
+  return WordReader(space, cursor).read();
+}
+
 // The reader leaves a word to the careful one when it goes on like this.
 bool goes_on(ByteClass next) { return next >= ByteClass::kWord && next <= ByteClass::kQuote; }
 
@@ -195,23 +199,24 @@ void pass(SilCursor &cursor, const char *end, ByteClass next) {
   cursor.position = end + (next == ByteClass::kSpace ? 1 : 0);
 }
 
-Token read_word(jt_parser_space *space, SilCursor &cursor) {
+// Kept out of the machines' loop: inside it the bytes of a run would cost more.
+[[gnu::noinline]] Token read_word(jt_parser_space *space, SilCursor &cursor) {
   const char *const begin = cursor.position;
   const char *const end = end_of_run(begin, kWordBytes);
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
   const ByteClass next = class_at(end);
-  if (goes_on(next) || text.size() > kMostTokenText) return WordReader(space, cursor).read();
+  if (goes_on(next) || text.size() > kMostTokenText) return read_carefully(space, cursor);
   pass(cursor, end, next);
   return {same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text};
 }
 
-Token read_string(jt_parser_space *space, SilCursor &cursor) {
+[[gnu::noinline]] Token read_string(jt_parser_space *space, SilCursor &cursor) {
   const char *const begin = cursor.position + 1;
   const char *const end = end_of_run(begin, kPlainInQuotes);
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
-  if (*end != '"' || text.size() > kMostQuoted) return WordReader(space, cursor).read();
+  if (*end != '"' || text.size() > kMostQuoted) return read_carefully(space, cursor);
   const ByteClass next = class_at(end + 1);
-  if (goes_on(next)) return WordReader(space, cursor).read();
+  if (goes_on(next)) return read_carefully(space, cursor);
   pass(cursor, end + 1, next);
   return {TokenKind::kString, text};
 }
@@ -234,20 +239,12 @@ Token next_token(jt_parser_space *space, SilCursor &cursor) {
   begin = end_of_spaces(begin);
   cursor.position = begin;
   const ByteClass first = class_at(begin);
-  switch (first) {
-    case ByteClass::kWord:
-      return read_word(space, cursor);
-    case ByteClass::kQuote:
-      return read_string(space, cursor);
-    case ByteClass::kBackslash:
-      return WordReader(space, cursor).read();
-    case ByteClass::kHash:
-      return read_comment(space, cursor);
-    case ByteClass::kEndOfText:
-      return {TokenKind::kEndOfText, {}};
-    default:
-      return read_punctuation(cursor, first);
-  }
+  if (first == ByteClass::kWord) return read_word(space, cursor);
+  if (first < ByteClass::kWord) return read_punctuation(cursor, first);
+  if (first == ByteClass::kQuote) return read_string(space, cursor);
+  if (first == ByteClass::kBackslash) return read_carefully(space, cursor);
+  if (first == ByteClass::kHash) return read_comment(space, cursor);
+  return {TokenKind::kEndOfText, {}};
 }
 
 void restore_token(SilCursor &cursor) { cursor.position = cursor.mark; }

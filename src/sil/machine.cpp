@@ -82,16 +82,16 @@ bool attach_comment(Decoder &decoder, const Token &token, State state) {
   return append_comment(*decoder.space, *node, token.text);
 }
 
-// The state after the token, or kFinished; false when the token stops the machine.
-bool step(Decoder &decoder, const Machine &machine, const Token &token, State &state) {
-  const auto &first = machine.first[static_cast<std::size_t>(state)];
-  for (const Row *row = machine.rows + first[static_cast<std::size_t>(token.kind)]; row->from == state;
-       row = row_for(row + 1, state, token.kind)) {
-    const Outcome outcome = row->action != nullptr ? row->action(decoder, token) : Outcome::kAccepted;
-    if (outcome == Outcome::kStopped) return false;
-    if (outcome == Outcome::kRefused) continue;
-    state = row->to;
-    return true;
+// A token that no row takes: a comment, an error that has been reported, the end of the text, or one that is
+// wrong. False when the machine stops there without having finished.
+[[gnu::noinline]] bool take_unusual(Decoder &decoder, const Machine &machine, const Token &token,
+                                    State &state) {
+  if (token.kind == TokenKind::kComment) return attach_comment(decoder, token, state);
+  if (token.kind == TokenKind::kError) return false;
+  if (token.kind == TokenKind::kEndOfText && machine.at_end != nullptr) {
+    const bool may_end = machine.at_end(decoder, state);
+    state = State::kFinished;
+    return may_end;
   }
   machine.report(decoder, token, state);
   return false;
@@ -100,18 +100,21 @@ bool step(Decoder &decoder, const Machine &machine, const Token &token, State &s
 }  // namespace
 
 bool run_machine(Decoder &decoder, const Machine &machine, State state) {
-  constexpr TokenSet kUnusual = one_of(TokenKind::kComment, TokenKind::kEndOfText, TokenKind::kError);
   while (state != State::kFinished) {
     const Token token = next_token(decoder.space, decoder.cursor);
-    if (contains(kUnusual, token.kind)) {
-      if (token.kind == TokenKind::kError) return false;
-      if (token.kind == TokenKind::kComment) {
-        if (!attach_comment(decoder, token, state)) return false;
-        continue;
-      }
-      if (machine.at_end != nullptr) return machine.at_end(decoder, state);
+    const auto &first = machine.first[static_cast<std::size_t>(state)];
+    const Row *row = machine.rows + first[static_cast<std::size_t>(token.kind)];
+    Outcome outcome = Outcome::kRefused;
+    for (; row->from == state; row = row_for(row + 1, state, token.kind)) {
+      outcome = row->action != nullptr ? row->action(decoder, token) : Outcome::kAccepted;
+      if (outcome != Outcome::kRefused) break;
     }
-    if (!step(decoder, machine, token, state)) return false;
+    if (outcome == Outcome::kStopped) return false;
+    if (outcome == Outcome::kAccepted) {
+      state = row->to;
+    } else if (!take_unusual(decoder, machine, token, state)) {
+      return false;
+    }
   }
   return true;
 }

@@ -64,7 +64,7 @@ jt_node *make_untyped_value_node(jt_parser_space &space, std::string_view text) 
 MadeValue make_known_value_node(jt_parser_space &space, const jt_type *type, char *text,
                                 std::string_view shown, bool of_library) {
   if (type->eval == nullptr) return {Making::kRefused, nullptr};
-  const ValuePlacement placement(space, of_library);
+  const ValuePlacement placement(space, of_library, {text, shown.size()});
   jt_value *const value = type->eval(&space, text);
   if (value != nullptr) return made(finish_value_node(space, placement, type, value, shown));
   if (!placement.failed()) return {Making::kRefused, nullptr};
@@ -136,7 +136,7 @@ jt_node *create_value_ptr_node(jt_parser_space *space, const jt_type *type, cons
     jt_error(space, jt::message::kNoCopyFunction, type->name);
     return nullptr;
   }
-  const jt::ValuePlacement placement(*space, jt::is_library_type(type));
+  const jt::ValuePlacement placement(*space, jt::is_library_type(type), {});
   jt_value *const copy = type->copy(space, value);
   if (copy == nullptr) {
     jt::report(space, jt::message::kCannotCopy);

@@ -22,7 +22,11 @@ bool is_registered(jt_parser_space &space, const jt_node &node) {
 }
 
 void unregister_and_release(jt_parser_space &space, jt_node *node) {
-  release_bookmark(&space, node->bookmark);
+  if (is_live(space, *node)) {
+    vacate_slot(space, node->bookmark);
+  } else {
+    release_bookmark(&space, node->bookmark);
+  }
   release_node(space, node);
 }
 

@@ -50,7 +50,8 @@ char *NodeRoom::place(std::string_view text) {
   return place;
 }
 
-ValuePlacement::ValuePlacement(jt_parser_space &space, bool of_library) : BlockSource{take}, space_(space) {
+ValuePlacement::ValuePlacement(jt_parser_space &space, bool of_library, std::string_view evaluated)
+    : BlockSource{take, evaluated}, space_(space) {
   if (of_library) space_.block_source = this;
 }
 
@@ -95,7 +96,7 @@ bool owns_blocks(const jt_node &node) {
          is_block_of_its_own(node, node.value) || owns_status(node);
 }
 
-void release_blocks(jt_parser_space &space, jt_node *node) {
+[[gnu::noinline]] void release_blocks(jt_parser_space &space, jt_node *node) {
   if (node->comment != nullptr) release_comment(*node);
   for (char **const text : {&node->name, &node->unresolved_type_name, &node->overridden_value}) {
     release_text(*node, *text);

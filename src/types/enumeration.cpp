@@ -48,10 +48,11 @@ std::uint32_t enumerated_number(const jt_value *value) {
 
 jt_value *eval_enumerated(jt_parser_space *space, const ValueList &list, const char *text) {
   if (text == nullptr) return nullptr;
-  const std::uint32_t number = evaluate_name(space, list, text);
+  const std::string_view name = measured(space, text);
+  const std::uint32_t number = evaluate_name(space, list, name);
   if (number != kUnknownName) return store_value(space, &number, sizeof(number));
-  jt_value *const value = store_unknown_name(space, text);
-  if (value == nullptr) report(space, message::kNoEnumeratedValue, text);
+  jt_value *const value = store_unknown_name(space, name);
+  if (value == nullptr) report(space, message::kNoEnumeratedValue, name);
   return value;
 }
 

@@ -108,7 +108,7 @@ bool Boolean::format(jt_parser_space * /*space*/, Value value, ShortText &text) 
 
 // A text of the right length but another shape is refused without a report.
 bool Timestamp::parse(jt_parser_space *space, char *text, Value &value) {
-  if (view_of(text).size() != kTimestampLength) return refuse(space, "timestamp", text);
+  if (measured(space, text).size() != kTimestampLength) return refuse(space, "timestamp", text);
   if (!has_timestamp_shape(text)) return false;
   std::replace(text, text + kTimestampLength, kTimestampSeparator, '\0');
   for (std::size_t i = 0; i < value.size(); ++i) {
@@ -158,7 +158,7 @@ const char *string_in(const jt_value *value) { return reinterpret_cast<const cha
 }  // namespace
 
 jt_value *StringType::eval(jt_parser_space *space, char *text) {
-  return text != nullptr ? store_value(space, text, view_of(text).size() + 1) : nullptr;
+  return text != nullptr ? store_value(space, text, measured(space, text).size() + 1) : nullptr;
 }
 
 jt_value *StringType::copy(jt_parser_space *space, const jt_value *value) {

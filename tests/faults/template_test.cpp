@@ -185,7 +185,7 @@ TEST(LongTemplate, IsDecodedWithoutATableOfNames) {
   std::string text = "[ kmt_svc_scan S ] {\n";
   for (int i = 0; i < 100; ++i) text += "integer a" + std::to_string(i) + ";\n";
   Scenario scenario = decoding(text + "} end");
-  scenario.dispensable = 4;
+  scenario.dispensable = 3;
   expect_whole_failures(scenario);
 }
 

@@ -161,6 +161,42 @@ TEST(TextHelpers, TheSameNameHasTheSameHash) {
   EXPECT_NE(jt::name_hash("scan"), jt::name_hash("scam"));
 }
 
+// Eight bytes are looked at together, so each length up to three times eight has its own way.
+TEST(TextHelpers, ANameOfAnyLengthIsTheSameInCapitals) {
+  const std::string small = "abcdefghijklmnopqrstuvwxyz";
+  const std::string capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  for (std::size_t length = 0; length <= small.size(); ++length) {
+    const std::string_view a = std::string_view(small).substr(0, length);
+    const std::string_view b = std::string_view(capitals).substr(0, length);
+    EXPECT_TRUE(jt::same_name(a, a)) << a;
+    EXPECT_TRUE(jt::same_name(a, b)) << a;
+    EXPECT_EQ(jt::name_hash(a), jt::name_hash(b)) << a;
+  }
+}
+
+TEST(TextHelpers, ANameOfAnyLengthIsAnotherWhereverOneByteDiffers) {
+  const std::string name = "abcdefghijklmnopqrstuvwxyz";
+  for (std::size_t length = 1; length <= name.size(); ++length) {
+    for (std::size_t at = 0; at < length; ++at) {
+      const std::string a = name.substr(0, length);
+      std::string b = a;
+      b[at] = '-';
+      EXPECT_FALSE(jt::same_name(a, b)) << a << " and " << b;
+      EXPECT_NE(jt::name_hash(a), jt::name_hash(b)) << a << " and " << b;
+    }
+  }
+}
+
+TEST(TextHelpers, NumberedNamesHaveHashesSideBySide) {
+  for (const std::string &stem :
+       {std::string(), std::string("a"), std::string("name"), std::string("attribute-1")}) {
+    const std::uint32_t first = jt::name_hash(stem + "4");
+    EXPECT_EQ(jt::name_hash(stem + "5"), first ^ 1U) << stem;
+    EXPECT_EQ(jt::name_hash(stem + "6"), first ^ 2U) << stem;
+    EXPECT_EQ(jt::name_hash(stem + "7"), first ^ 3U) << stem;
+  }
+}
+
 TEST(TextHelpers, ANullTextReadsAsEmpty) {
   EXPECT_EQ(jt::view_of(nullptr), "");
   EXPECT_EQ(jt::view_of("scan"), "scan");
