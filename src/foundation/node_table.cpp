@@ -61,17 +61,26 @@ bool reserve(jt_parser_space &space, std::int32_t wanted) {
   return true;
 }
 
-void set_free(FreeSlots &map, std::int32_t slot) {
-  auto bit = static_cast<std::uint32_t>(slot);
-  map.lowest = std::min(map.lowest, bit / kWordBits);
-  ++map.free;
-  for (std::uint32_t *const level : map.levels) {
-    std::uint32_t &word = level[bit / kWordBits];
+// A word of level 0 is no longer zero; so the words above that say so.
+[[gnu::noinline]] void set_free_above(FreeSlots &map, std::uint32_t bit) {
+  for (std::uint32_t level = 1; level < FreeSlots::kLevels; ++level) {
+    std::uint32_t &word = map.levels[level][bit / kWordBits];
     const bool known_above = word != 0;
     word |= 1U << bit % kWordBits;
     if (known_above) break;
     bit /= kWordBits;
   }
+}
+
+void set_free(FreeSlots &map, std::int32_t slot) {
+  const auto bit = static_cast<std::uint32_t>(slot);
+  const std::uint32_t at = bit / kWordBits;
+  map.lowest = std::min(map.lowest, at);
+  ++map.free;
+  std::uint32_t &word = map.levels[0][at];
+  const bool known_above = word != 0;
+  word |= 1U << bit % kWordBits;
+  if (!known_above) set_free_above(map, at);
 }
 
 // The words of level 0 up to this one have become zero. The highest level is one word; each step down follows

@@ -1,5 +1,7 @@
 #include "tree/destruction.h"
 
+#include <utility>
+
 #include "foundation/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/links.h"
@@ -22,43 +24,52 @@ bool is_registered(jt_parser_space &space, const jt_node &node) {
 }
 
 void unregister_and_release(jt_parser_space &space, jt_node *node) {
-  if (is_live(space, *node)) {
-    vacate_slot(space, node->bookmark);
-  } else {
-    release_bookmark(&space, node->bookmark);
-  }
+  release_bookmark(&space, node->bookmark);
   release_node(space, node);
 }
 
 // What becomes of nodes whose slot the client has released already.
 enum class Strangers { kReleased, kSpared };
 
-void pass_strangers(const jt_parser_space &space, jt_node *&child) {
-  while (child != nullptr && !is_live(space, *child)) child = child->next_sibling;
+// The node or the first sibling behind it that is to be released.
+template <Strangers Which>
+jt_node *next_to_release(const jt_parser_space &space, jt_node *node) {
+  if constexpr (Which == Strangers::kSpared) {
+    while (node != nullptr && !is_live(space, *node)) node = node->next_sibling;
+  }
+  return node;
 }
 
 // From leaf to leaf, which is nearly the order in which the nodes lie in memory: a node whose last child has
 // gone is the next leaf.
-void release_below(jt_parser_space &space, jt_node &top, Strangers strangers) {
-  jt_node *node = &top;
-  for (;;) {
-    if (strangers == Strangers::kSpared) pass_strangers(space, node->first_child);
-    if (node->first_child != nullptr) {
-      node = node->first_child;
+template <Strangers Which>
+void release_below(jt_parser_space &space, jt_node &top) {
+  jt_node *node = next_to_release<Which>(space, std::exchange(top.first_child, nullptr));
+  while (node != nullptr) {
+    if (jt_node *const child = next_to_release<Which>(space, node->first_child)) {
+      node = child;
       continue;
     }
-    if (node == &top) break;
-    jt_node *const parent = node->parent;
-    parent->first_child = node->next_sibling;
-    unregister_and_release(space, node);
-    node = parent;
+    jt_node *next = nullptr;
+    while (next == nullptr && node != &top) {
+      next = next_to_release<Which>(space, node->next_sibling);
+      jt_node *const parent = node->parent;
+      if constexpr (Which == Strangers::kSpared) {
+        vacate_slot(space, node->bookmark);
+        release_node(space, node);
+      } else {
+        unregister_and_release(space, node);
+      }
+      node = parent;
+    }
+    node = next;
   }
 }
 
 void destroy(jt_parser_space &space, jt_node &node) {
   if (is_header_attribute(node)) destroy(space, *node.first_child);
   unlink(node);
-  release_below(space, node, Strangers::kReleased);
+  release_below<Strangers::kReleased>(space, node);
   unregister_and_release(space, &node);
 }
 
@@ -71,7 +82,7 @@ class ReachedNodes {
   void reach(jt_node *node) {
     if (node == nullptr || !is_live(space_, *node)) return;
     vacate_slot(space_, node->bookmark);
-    if (!is_header_attribute(*node)) release_below(space_, *node, Strangers::kSpared);
+    if (!is_header_attribute(*node)) release_below<Strangers::kSpared>(space_, *node);
     node->cursor = nullptr;
     (last_ != nullptr ? last_->cursor : first_) = node;
     last_ = node;
@@ -132,7 +143,7 @@ int32_t destroy_children(jt_parser_space *space, jt_node *node) {
     return 1;
   }
   jt::drop_index(*node);
-  jt::release_below(*space, *node, jt::Strangers::kReleased);
+  jt::release_below<jt::Strangers::kReleased>(*space, *node);
   node->last_child = nullptr;
   if (node->cursor != jt::not_started()) node->cursor = nullptr;
   return 1;
