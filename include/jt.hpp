@@ -279,6 +279,17 @@ class Messages {
   /// The message that is so many older than the newest; "" where there are not so many.
   std::string_view operator[](std::size_t age) const noexcept { return age < size() ? begin()[age] : ""; }
 
+  /// The newest message, or the other text where there is none.
+  std::string_view newest_or(std::string_view other) const noexcept { return empty() ? other : begin()[0]; }
+
+  /// A copy in the order in which they were reported.
+  Messages oldest_first() const noexcept {
+    Messages turned = *this;
+    if (turned.log_)
+      std::reverse(turned.log_->texts.begin(), turned.log_->texts.begin() + turned.log_->count);
+    return turned;
+  }
+
  private:
   static constexpr std::size_t kMost = JT_HISTORY_LENGTH;
 
@@ -984,6 +995,15 @@ class Service {
   /// Appends a compulsory attribute without values. jt_add_attribute()
   Result<> add_attribute(const TextArgument &type, const TextArgument &attribute) const noexcept {
     return act(jt_add_attribute, type, attribute);
+  }
+
+  /// The same with a first value, which is what add() takes. An attribute whose value is refused stays,
+  /// without one.
+  template <typename V>
+  Result<> add_attribute(const TextArgument &type, const TextArgument &attribute,
+                         const V &value) const noexcept {
+    Result<> added = add_attribute(type, attribute);
+    return added ? add(attribute, value) : added;
   }
 
   /// Destroys it with its values. jt_delete_attribute()

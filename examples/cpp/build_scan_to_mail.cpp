@@ -6,18 +6,15 @@
 static bool fill(const jt::Template &job) {
   const auto scanner = job.add_service("kmt_svc_scan", "Scanner"),
              mail = job.add_service("kmt_svc_email", "Mail");
-  if (!scanner || !mail || !scanner->add_invocation() || !mail->add_invocation()) return false;
-  const auto with = [](const jt::Service &service, const char *type, const char *name, const auto &value) {
-    return service.add_attribute(type, name) && service.add(name, value);
-  };
-  return scanner->name_invocation("Letter") && with(*scanner, "enum_inputsource", "InputSource", "DADH") &&
-         with(*scanner, "enum_mediasize", "MediaSize", "ISO_A4SEF") &&
-         with(*scanner, "enum_sided", "Sides", "TWO_SIDED") &&
-         with(*mail, "enum_emailprotocol", "Protocol", "SMTP") &&
-         with(*mail, "string", "To", "office@example.org") &&
-         with(*mail, "string", "Subject", "Your \"scan\"") &&
-         with(*mail, "ref_invocation", "Attachment", "Scanner:Letter") &&
-         with(*mail, "integer", "Copies", 2) && mail->set_non_compulsory("Copies");
+  return scanner && scanner->add_invocation() && scanner->name_invocation("Letter") &&
+         scanner->add_attribute("enum_inputsource", "InputSource", "DADH") &&
+         scanner->add_attribute("enum_mediasize", "MediaSize", "ISO_A4SEF") &&
+         scanner->add_attribute("enum_sided", "Sides", "TWO_SIDED") && mail && mail->add_invocation() &&
+         mail->add_attribute("enum_emailprotocol", "Protocol", "SMTP") &&
+         mail->add_attribute("string", "To", "office@example.org") &&
+         mail->add_attribute("string", "Subject", "Your \"scan\"") &&
+         mail->add_attribute("ref_invocation", "Attachment", "Scanner:Letter") &&
+         mail->add_attribute("integer", "Copies", 2) && mail->set_non_compulsory("Copies");
 }
 
 int main() {

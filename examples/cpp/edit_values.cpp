@@ -7,8 +7,7 @@ int main() {
   const jt::Session session("edit_values");
   const auto job = session.decode(R"([ kmt_svc_email Mail ] {
     string To = "office@example.org", "archive@example.org"; string Subject = "Scan"; string Draft = "yes"; } end)");
-  if (!job) return 1;
-  const jt::Service mail = job->service("Mail");
+  const jt::Service mail = job ? job->service("Mail") : jt::Service();
   const bool done = mail.add("To", "boss@example.org") && mail.remove_value("To", "archive@example.org") &&
                     mail.set("Subject", "Scan of \"today\"") && mail.set_non_compulsory("Subject") &&
                     mail.remove_attribute("Draft") &&

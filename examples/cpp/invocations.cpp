@@ -1,8 +1,7 @@
 // A service with several invocations: adds them, names them, and goes to one by its name or its number.
 // Prints the result.
-#include <cstdio>
-
 #include "jt.hpp"
+#include "program.h"
 
 int main() {
   const jt::Session session("invocations");
@@ -10,14 +9,12 @@ int main() {
   const auto filing = job ? job->add_service("kmt_svc_file", "Filing") : job.error();
   const auto add_folder = [&](const char *name, const char *path) {
     return filing->add_invocation() && filing->name_invocation(name) &&
-           filing->add_attribute("string", "Path") && filing->add("Path", path);
+           filing->add_attribute("string", "Path", path);
   };
-  const auto select = [&](const char *which) { return filing->select_invocation(which).has_value(); };
-  if (filing && add_folder("Drafts", "/drafts") && add_folder("Bills", "/bills") &&
-      add_folder("Letters", "/letters") && select("bills") && filing->set("Path", "/bills/2030") &&
-      select("3") && filing->set("Path", "/letters/2030") && select("Drafts") &&
-      filing->remove_invocation()) {
-    return std::fputs(job->encode()->c_str(), stdout), 0;
-  }
-  return std::fprintf(stderr, "%s\n", session.last_report().message().data()), 1;
+  const bool done = filing && add_folder("Drafts", "/drafts") && add_folder("Bills", "/bills") &&
+                    add_folder("Letters", "/letters") && filing->select_invocation("bills") &&
+                    filing->set("Path", "/bills/2030") && filing->select_invocation("3") &&
+                    filing->set("Path", "/letters/2030") && filing->select_invocation("Drafts") &&
+                    filing->remove_invocation();
+  return done ? (std::fputs(job->encode()->c_str(), stdout), 0) : fail(session.last_report().message());
 }

@@ -1,9 +1,6 @@
 // Prints every service, invocation, attribute and value of a template as an indented outline: outline FILE.
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-
 #include "jt.hpp"
+#include "program.h"
 
 static void print(const jt::Service &service) {
   std::printf("%s: %s\n", service.c_str(), service.type()->c_str());
@@ -18,18 +15,11 @@ static void print(const jt::Service &service) {
   }
 }
 
-static int print_outline(const std::string &text) {
-  const jt::Session session("outline");
-  const auto job = session.decode(text);
-  if (!job) return std::fprintf(stderr, "%s\n", job.error().message().data()), 1;
-  for (const jt::Service &service : job->services()) print(service);
-  return 0;
-}
-
 int main(int argc, char **argv) {
-  if (argc == 2 && std::filesystem::is_regular_file(argv[1])) {
-    std::ifstream file(argv[1], std::ios::binary);
-    return print_outline({std::istreambuf_iterator(file), {}});
-  }
-  return std::fputs("USAGE: outline FILE\n", stderr), 1;
+  const auto text = argc == 2 ? read_file(argv[1]) : std::nullopt;
+  if (!text) return fail("USAGE: outline FILE");
+  const jt::Session session("outline");
+  const auto job = session.decode(*text);
+  if (!job) return fail(job.error().message());
+  for (const jt::Service &service : job->services()) print(service);
 }

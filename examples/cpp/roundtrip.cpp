@@ -2,14 +2,13 @@
 // remembers on standard error, oldest first. The exit status is 0 when the template decoded, 1 when it did
 // not and 2 when there was no file to read.
 #include <cerrno>
-#include <cstdio>
-#include <fstream>
 #include <sstream>
 
 #include "jt.hpp"
+#include "program.h"
 
 int main(int argc, char **argv) {
-  if (argc != 2) return std::fputs("usage: roundtrip FILE\n", stderr), 2;
+  if (argc != 2) return fail("usage: roundtrip FILE", 2);
   std::ostringstream text;
   errno = 0;
   text << std::ifstream(argv[1], std::ios::binary).rdbuf();
@@ -17,7 +16,6 @@ int main(int argc, char **argv) {
   const jt::Session session("roundtrip");
   const auto job = session.decode(text.str());
   if (job) std::fputs(job->encode()->c_str(), stdout);
-  const jt::Messages messages = session.history();
-  for (auto at = messages.end(); at != messages.begin();) std::fprintf(stderr, "%s\n", (--at)->data());
+  for (const std::string_view message : session.history().oldest_first()) fail(message);
   return job ? 0 : 1;
 }

@@ -91,6 +91,21 @@ TEST_F(Reports, FillTheHistory) {
                    "CALL ERROR: does not exist:B ..."}));
 }
 
+TEST_F(Reports, AreReadFromTheOldestOnAsWell) {
+  for (const char *name : {"A", "B", "C"}) EXPECT_FALSE(missing(name));
+  EXPECT_EQ(words_of(session.history().oldest_first()),
+            (Words{"CALL ERROR: does not exist:A ...", "CALL ERROR: does not exist:B ...",
+                   "CALL ERROR: does not exist:C ..."}));
+  EXPECT_TRUE(jt::Messages().oldest_first().empty());
+}
+
+TEST_F(Reports, GiveTheNewestOrAnotherText) {
+  EXPECT_EQ(session.history().newest_or("nothing"), "nothing");
+  EXPECT_FALSE(missing("A"));
+  EXPECT_FALSE(missing("B"));
+  EXPECT_EQ(session.history().newest_or("nothing"), "CALL ERROR: does not exist:B ...");
+}
+
 TEST_F(Reports, LeaveTheHistoryEmptyAtFirst) { EXPECT_TRUE(session.history().empty()); }
 
 TEST_F(Reports, LeaveTheClientsOwnWalkAtTheNewest) {

@@ -160,6 +160,29 @@ TEST_F(Attributes, AreAddedAndRemoved) {
   EXPECT_FALSE(scanner.has("Pages"));
 }
 
+TEST_F(Attributes, AreAddedWithAValue) {
+  EXPECT_TRUE(scanner.add_attribute("string", "Title", "A letter"));
+  EXPECT_EQ(*scanner.text("Title"), "A letter");
+  EXPECT_TRUE(scanner.add_attribute("integer", "Pages", 12));
+  EXPECT_EQ(*scanner.get<std::int32_t>("Pages"), 12);
+  EXPECT_TRUE(scanner.add_attribute("enum_sided", "Ways", *scanner.value("Sides")));
+  EXPECT_EQ(*scanner.text("Ways"), "TWO_SIDED");
+}
+
+TEST_F(Attributes, StayWithoutAValueThatIsRefused) {
+  EXPECT_TRUE(
+      failed(scanner.add_attribute("integer", "Pages", "many"), Category::syntax_error,
+             {"SYNTAX ERROR: trying to evaluate the following value string as -- integer --:\n\nmany ..."}));
+  EXPECT_TRUE(scanner.has("Pages"));
+  EXPECT_TRUE(failed_silently(scanner.text("Pages")));
+}
+
+TEST_F(Attributes, ThatAreThereGetNoFurtherValueByBeingAdded) {
+  EXPECT_TRUE(failed(scanner.add_attribute("integer", "Copies", 9), Category::syntax_error,
+                     {"SYNTAX ERROR: Trying to save multiple definitions for:Copies ..."}));
+  EXPECT_EQ(words_of(scanner.texts("Copies")), (Words{"3"}));
+}
+
 // ---- Values as text ----
 
 using AttributeTexts = Services;

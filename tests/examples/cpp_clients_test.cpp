@@ -51,15 +51,15 @@ TEST(CppClients, AreThereForEachClientInC) {
   EXPECT_EQ(stems_of(kExamples + "cpp", ".cpp"), stems_of(kExamples, ".c"));
 }
 
-// Lines may be as long in both.
-TEST(CppClients, TakeLessThanHalfTheLines) {
+// Lines may be as long in both. What the clients in C++ share counts as one more.
+TEST(CppClients, TakeLittleMoreThanAThirdOfTheLines) {
   std::size_t lines_in_c = 0;
-  std::size_t lines_in_cpp = 0;
+  std::size_t lines_in_cpp = lines_of(read_whole(kExamples + "cpp/program.h")).size();
   for (const std::string &stem : stems_of(kExamples, ".c")) {
     lines_in_c += lines_of(read_whole(kExamples + stem + ".c")).size();
     lines_in_cpp += lines_of(read_whole(kExamples + "cpp/" + stem + ".cpp")).size();
   }
-  EXPECT_LT(lines_in_cpp * 2, lines_in_c);
+  EXPECT_LT(lines_in_cpp * 100, lines_in_c * 37);
 }
 
 TEST(CppClients, WithoutArgumentsDoTheSame) {
