@@ -107,9 +107,8 @@ int run_for_callgrind(const std::vector<std::string> &names) {
   return EXIT_SUCCESS;
 }
 
-// Shows progress on standard error. Of the repetitions it keeps the lowest median of each counter: whatever
-// else a machine does, and a slower clock, only add to a time, and not to that of one library more than to
-// that of another.
+// Shows progress on standard error. Of the repetitions it keeps the lowest median of each time: whatever else
+// a machine does, and a slower clock, only add to it.
 class Collector : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context &context) override {
@@ -124,31 +123,31 @@ class Collector : public benchmark::BenchmarkReporter {
       std::fprintf(stderr, "%s:", name.c_str());
       for (const auto &[counter, value] : run.counters) {
         std::fprintf(stderr, " %s %.0f", counter.c_str(), value.value);
-        const auto [figure, is_first] = medians_[name].try_emplace(counter, value);
+        const auto [figure, is_first] = figures_[name].try_emplace(counter, value);
         if (!is_first) figure->second = std::min(figure->second, value.value);
       }
       std::fprintf(stderr, "\n");
     }
   }
 
-  const std::map<std::string, std::map<std::string, double>> &medians() const { return medians_; }
+  const std::map<std::string, std::map<std::string, double>> &figures() const { return figures_; }
 
   // Not if a filter has left some out.
   bool has_all(const std::vector<Task> &tasks) const {
     return std::ranges::all_of(tasks, [this](const Task &task) {
-      return medians_.contains(bench::benchmark_name(task, Heap::kWarm)) &&
-             medians_.contains(bench::benchmark_name(task, Heap::kCold));
+      return figures_.contains(bench::benchmark_name(task, Heap::kWarm)) &&
+             figures_.contains(bench::benchmark_name(task, Heap::kCold));
     });
   }
 
  private:
-  std::map<std::string, std::map<std::string, double>> medians_;
+  std::map<std::string, std::map<std::string, double>> figures_;
 };
 
 std::map<Step, double> times_of(const Collector &collector, const Task &task, Heap heap) {
-  const std::map<std::string, double> &medians = collector.medians().at(bench::benchmark_name(task, heap));
+  const std::map<std::string, double> &figures = collector.figures().at(bench::benchmark_name(task, heap));
   std::map<Step, double> times;
-  for (const Step step : bench::kSteps) times[step] = medians.at(bench::name_of(step));
+  for (const Step step : bench::kSteps) times[step] = figures.at(bench::name_of(step));
   return times;
 }
 
@@ -166,7 +165,7 @@ std::map<Step, double> instructions_of(const Task &task) {
 }
 
 bench::Results collect(const std::vector<Task> &tasks, const Collector &collector, const Options &options) {
-  bench::Results results = {{}, collector.medians(), options.sizes};
+  bench::Results results = {{}, collector.figures(), options.sizes};
   for (const Task &task : tasks) {
     results.figures.push_back({&task, bench::measure_heap(task), times_of(collector, task, Heap::kWarm),
                                times_of(collector, task, Heap::kCold),

@@ -42,7 +42,7 @@
 #ifndef JT_HPP
 #define JT_HPP
 
-#if __cplusplus < 202002L
+#if __cplusplus <= 201703L
 #error "jt.hpp needs C++20 (-std=c++20); jt.h does not"
 #endif
 
@@ -242,7 +242,8 @@ enum class Category : std::int32_t {
 };
 
 /// Some messages, newest first, as a range of views; at most JT_HISTORY_LENGTH. Owns their texts, one block
-/// for all, and can be copied; without memory it is empty. Behind each text stands a NUL.
+/// for all, and can be copied; without memory it is empty. Behind each text stands a NUL. The views last as
+/// long as their owner.
 class Messages {
  public:
   Messages() noexcept = default;
@@ -282,7 +283,7 @@ class Messages {
   /// The newest message, or the other text where there is none.
   std::string_view newest_or(std::string_view other) const noexcept { return empty() ? other : begin()[0]; }
 
-  /// A copy in the order in which they were reported.
+  /// A copy for a walk in the order in which they were reported: its first message is the oldest.
   Messages oldest_first() const noexcept {
     Messages turned = *this;
     if (turned.log_)
@@ -997,15 +998,6 @@ class Service {
     return act(jt_add_attribute, type, attribute);
   }
 
-  /// The same with a first value, which is what add() takes. An attribute whose value is refused stays,
-  /// without one.
-  template <typename V>
-  Result<> add_attribute(const TextArgument &type, const TextArgument &attribute,
-                         const V &value) const noexcept {
-    Result<> added = add_attribute(type, attribute);
-    return added ? add(attribute, value) : added;
-  }
-
   /// Destroys it with its values. jt_delete_attribute()
   Result<> remove_attribute(const TextArgument &attribute) const noexcept {
     return act(jt_delete_attribute, attribute);
@@ -1041,6 +1033,19 @@ class Service {
   template <Typed T>
   Result<> set(const TextArgument &attribute, const T &value) const noexcept {
     return give_record(jt_set_attribute_value, attribute, value);
+  }
+
+  /// Appends an attribute and gives it a value, whatever add() takes. One whose value is refused stays,
+  /// without one. The result and Session::last_report() are those of the last step that was made.
+  /// jt_add_attribute(), then as add()
+  template <typename V>
+  Result<> add_attribute(const TextArgument &type, const TextArgument &attribute,
+                         const V &value) const noexcept requires requires(const Service &service) {
+    service.add(attribute, value);
+  }
+  {
+    Result<> added = add_attribute(type, attribute);
+    return added ? add(attribute, value) : added;
   }
 
   /// Destroys the first value that equals the given one. jt_delete_attribute_value_string(),

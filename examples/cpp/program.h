@@ -16,8 +16,10 @@ inline std::optional<std::string> read_file(const char *path) {
   return std::string(std::istreambuf_iterator(file), {});
 }
 
-inline int fail(std::string_view message, int status = 1) {
-  return std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data()), status;
+inline void complain(std::string_view message) {
+  std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
 }
+
+inline int fail(std::string_view message, int status = 1) { return complain(message), status; }
 
 #endif

@@ -16,6 +16,6 @@ int main(int argc, char **argv) {
   const jt::Session session("roundtrip");
   const auto job = session.decode(text.str());
   if (job) std::fputs(job->encode()->c_str(), stdout);
-  for (const std::string_view message : session.history().oldest_first()) fail(message);
+  for (const std::string_view message : session.history().oldest_first()) complain(message);
   return job ? 0 : 1;
 }

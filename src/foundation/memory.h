@@ -40,7 +40,7 @@ char *copy_text(jt_parser_space *space, std::string_view text);
 // A terminated copy on the plain heap; null without a report.
 char *copy_plain_text(std::string_view text);
 
-// A text that is evaluated, which need not be measured where a node is being made of it.
+// The text that eval was given, as it was given it: it need not be measured where a node is being made of it.
 std::string_view measured(const jt_parser_space *space, const char *text);
 
 // The room that the session offers for the text of a value with its terminator; null when it offers none, or

@@ -61,7 +61,7 @@ bool reserve(jt_parser_space &space, std::int32_t wanted) {
   return true;
 }
 
-// A word of level 0 is no longer zero; so the words above that say so.
+// A word of level 0 is no longer zero: tells the levels above.
 [[gnu::noinline]] void set_free_above(FreeSlots &map, std::uint32_t bit) {
   for (std::uint32_t level = 1; level < FreeSlots::kLevels; ++level) {
     std::uint32_t &word = map.levels[level][bit / kWordBits];

@@ -35,10 +35,10 @@ constexpr std::uint64_t joined(const char *bytes) {
   Number number = 0;
   if (!std::is_constant_evaluated() && std::endian::native == std::endian::little) {
     std::memcpy(&number, bytes, sizeof number);
-    return number;
-  }
-  for (std::size_t i = 0; i < sizeof number; ++i) {
-    number |= static_cast<Number>(Number{static_cast<unsigned char>(bytes[i])} << i * 8);
+  } else {
+    for (std::size_t i = 0; i < sizeof number; ++i) {
+      number |= static_cast<Number>(Number{static_cast<unsigned char>(bytes[i])} << i * 8);
+    }
   }
   return number;
 }
@@ -55,8 +55,8 @@ constexpr std::uint64_t last_eight(std::string_view text) {
   return bytes;
 }
 
-// Whether two texts of one length have the same bytes. Names are short: a call of memcmp() costs more than
-// this.
+// Whether two texts, which must be of one length, have the same bytes. Names are short: a call of memcmp()
+// costs more.
 constexpr bool same_bytes(std::string_view a, std::string_view b) {
   for (std::size_t i = 0; i + 8 < a.size(); i += 8) {
     if (eight_at(a.data() + i) != eight_at(b.data() + i)) return false;
@@ -89,6 +89,7 @@ constexpr std::uint32_t name_hash(std::string_view name) {
   };
   for (std::size_t i = 0; i + 8 < name.size(); i += 8) take_in(eight_at(name.data() + i));
   take_in(last_eight(name) | std::uint64_t{kNeighbours} << 56U);
+  hash ^= hash >> 17U;  // the first of the last bytes have reached the upper bits only
   return static_cast<std::uint32_t>(hash >> 32U) ^ (static_cast<unsigned char>(name.back()) & kNeighbours);
 }
 

@@ -23,18 +23,18 @@ Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Ou
 
 // ---- Blocks -----------------------------------------------------------------------------------------------
 
-// Whether the block is known to be the first of its name where it is opened.
-enum class Name { kMayBeThere, kIsNew };
+// Whether a block is known to be the first of its name.
+enum class Novelty { kUnknown, kFirst };
 
 // Hangs a new node under the innermost block and makes it that block. Its type fits, having just been looked
 // up there; an unknown one warns once more.
-Outcome open_block(Decoder &decoder, jt_node *node, Name name = Name::kMayBeThere) {
+Outcome open_block(Decoder &decoder, jt_node *node, Novelty novelty = Novelty::kUnknown) {
   if (node == nullptr) return Outcome::kStopped;
   jt_parser_space *const space = decoder.space;
   if (!has_known_type(*node)) {
     report_unknown_type(space, node->node_class, view_of(node->unresolved_type_name));
   }
-  const bool may_be_there = name == Name::kMayBeThere && node->name != nullptr;
+  const bool may_be_there = novelty == Novelty::kUnknown && node->name != nullptr;
   if (may_be_there && find_namesake(*decoder.top, *node) != nullptr) {
     report(space, message::kDuplicateName, node->name);
     destroy_node(space, node);
@@ -117,11 +117,11 @@ Outcome keep_attribute_type(Decoder &decoder, const Token &token) {
   return keep_starred_type(decoder, token);
 }
 
-Name name_of_attribute(Decoder &decoder, const jt_node &attribute) {
+Novelty note_name(Decoder &decoder, const jt_node &attribute) {
   const std::uint64_t bit = std::uint64_t{1} << attribute.key_hash % 64;
-  const bool is_new = (decoder.name_bits & bit) == 0;
+  const bool is_first = (decoder.name_bits & bit) == 0;
   decoder.name_bits |= bit;
-  return is_new ? Name::kIsNew : Name::kMayBeThere;
+  return is_first ? Novelty::kFirst : Novelty::kUnknown;
 }
 
 Outcome open_attribute(Decoder &decoder, const Token &token) {
@@ -130,7 +130,7 @@ Outcome open_attribute(Decoder &decoder, const Token &token) {
       make_typed_node(*decoder.space, decoder.type, nullptr, decoder.kept, JT_NODE_ATTRIBUTE);
   if (node == nullptr) return Outcome::kStopped;
   node->non_compulsory = decoder.non_compulsory;
-  return open_block(decoder, node, name_of_attribute(decoder, *node));
+  return open_block(decoder, node, note_name(decoder, *node));
 }
 
 // An attribute stays the innermost block until the token behind its ";" is known not to be its status.
@@ -317,6 +317,7 @@ bool decode_body(Decoder &decoder, jt_node &container) {
 
 bool decode_header_attributes(Decoder &decoder, jt_node &header) {
   decoder.top = &header;
+  decoder.name_bits = 0;
   return run_machine(decoder, kHeaderAttributesMachine, State::kInInvocation);
 }
 

@@ -23,7 +23,6 @@ void begin_decoding(Decoder &decoder, jt_parser_space &space, jt_node &root, con
   decoder.scope = nullptr;
   decoder.type = nullptr;
   decoder.non_compulsory = false;
-  decoder.name_bits = 0;
   decoder.header_class = JT_NODE_HEADER;
   decoder.version = decoder.kept = {};
 }

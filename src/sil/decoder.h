@@ -86,8 +86,8 @@ struct Decoder {
   const TypeTable *scope;  // of the types of attributes in the innermost block
   const jt_type *type;     // of the block or attribute whose name comes next
   bool non_compulsory;     // of the attribute whose name comes next
-  // One for the hash of each attribute in the innermost block. An attribute that finds its bit unset is the
-  // first of its name: most are, and need not be looked for.
+  // A bit is set for the hash of each attribute of the innermost block so far. An attribute that finds its
+  // bit unset is the first of its name: most are, and need not be looked for.
   std::uint64_t name_bits;
   std::int16_t header_class;
   std::string_view version;  // of the header

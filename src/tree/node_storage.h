@@ -32,8 +32,8 @@ class NodeRoom {
 };
 
 // Makes eval and copy of the library's types lay their value out behind the record of a new node, for as long
-// as it lives; eval is given the text, copy an empty one. A client's type may make and release whatever
-// values it likes before it gives one, so its values are blocks of their own.
+// as it lives. `evaluated` is the text that eval is about to read, empty for copy. A client's type may make
+// and release whatever values it likes before it gives one, so its values are blocks of their own.
 class ValuePlacement : private BlockSource {
  public:
   ValuePlacement(jt_parser_space &space, bool of_library, std::string_view evaluated);

@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <string>
+#include <vector>
 
 #include "jt.h"
 
@@ -194,6 +195,44 @@ TEST(TextHelpers, NumberedNamesHaveHashesSideBySide) {
     EXPECT_EQ(jt::name_hash(stem + "5"), first ^ 1U) << stem;
     EXPECT_EQ(jt::name_hash(stem + "6"), first ^ 2U) << stem;
     EXPECT_EQ(jt::name_hash(stem + "7"), first ^ 3U) << stem;
+  }
+}
+
+// How far from their places some names come to lie, on average, in a table that is half full.
+double steps_from_home(const std::vector<std::string> &names) {
+  std::vector<bool> taken(names.size() * 2);
+  std::size_t steps = 0;
+  for (const std::string &name : names) {
+    std::size_t at = jt::name_hash(name) % taken.size();
+    for (; taken[at]; at = (at + 1) % taken.size()) ++steps;
+    taken[at] = true;
+  }
+  return static_cast<double>(steps) / static_cast<double>(names.size());
+}
+
+std::vector<std::string> names_with_digits(std::string name, std::size_t a, std::size_t b, std::size_t c) {
+  constexpr const char *kDigits = "0123456789abcdef";
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < 1024; ++i) {
+    name[a] = kDigits[i / 256];
+    name[b] = kDigits[i / 16 % 16];
+    name[c] = kDigits[i % 16];
+    names.push_back(name);
+  }
+  return names;
+}
+
+// Wherever three digits tell the names of a family apart, the family must not crowd in one corner of a table.
+TEST(TextHelpers, HashesOfNumberedNamesAreSpread) {
+  for (const std::size_t length : {3U, 4U, 5U, 7U, 8U, 12U, 14U, 16U, 19U}) {
+    const std::string name = std::string("attributes-of-a-job").substr(0, length);
+    for (std::size_t a = 0; a + 2 < length; ++a) {
+      for (std::size_t b = a + 1; b + 1 < length; ++b) {
+        for (const std::size_t c : {b + 1, length - 1}) {
+          ASSERT_LT(steps_from_home(names_with_digits(name, a, b, c)), 8) << name << " " << a << " " << b;
+        }
+      }
+    }
   }
 }
 
