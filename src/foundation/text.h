@@ -4,12 +4,12 @@
 #ifndef JT_FOUNDATION_TEXT_H
 #define JT_FOUNDATION_TEXT_H
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
-#include <type_traits>
 
 namespace jt {
 
@@ -32,15 +32,15 @@ constexpr int compare_names(std::string_view a, std::string_view b) {
 // Bytes as one number, alike on every machine: the first byte is the lowest.
 template <typename Number>
 constexpr std::uint64_t joined(const char *bytes) {
-  Number number = 0;
-  if (!std::is_constant_evaluated() && std::endian::native == std::endian::little) {
-    std::memcpy(&number, bytes, sizeof number);
+  std::array<char, sizeof(Number)> copy{};
+  std::copy_n(bytes, copy.size(), copy.begin());
+  const auto number = std::bit_cast<Number>(copy);
+  if constexpr (std::endian::native == std::endian::little) {
+    return number;
   } else {
-    for (std::size_t i = 0; i < sizeof number; ++i) {
-      number |= static_cast<Number>(Number{static_cast<unsigned char>(bytes[i])} << i * 8);
-    }
+    return sizeof(Number) == 8 ? __builtin_bswap64(number)
+                               : __builtin_bswap32(static_cast<std::uint32_t>(number));
   }
-  return number;
 }
 
 constexpr std::uint64_t eight_at(const char *bytes) { return joined<std::uint64_t>(bytes); }

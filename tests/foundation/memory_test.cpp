@@ -8,7 +8,9 @@
 #include <cstring>
 #include <limits>
 #include <string>
+#include <string_view>
 
+#include "foundation/parser_space.h"
 #include "support/session.h"
 
 // A sanitizer's allocator ends the program on an impossible request unless it is told to refuse it instead.
@@ -108,6 +110,17 @@ TEST_F(Memory, AValueIsABlockOfItsOwnOutsideOfANode) {
     std::memset(block, 0xA5, 12);
     er_free(block);
   }
+}
+
+TEST_F(Memory, ATextIsMeasuredUnlessANodeIsBeingMadeOfIt) {
+  EXPECT_EQ(jt::measured(nullptr, "three"), "three");
+  EXPECT_EQ(jt::measured(space, "three"), "three");
+  const char text[] = "three and more";
+  jt::BlockSource source = {nullptr, std::string_view(text, 5)};
+  space->block_source = &source;
+  EXPECT_EQ(jt::measured(space, text), "three");
+  EXPECT_EQ(jt::measured(space, "another"), "another");
+  space->block_source = nullptr;
 }
 
 TEST_F(Memory, ACopyOfATextIsTerminatedWhereTheViewEnds) {
