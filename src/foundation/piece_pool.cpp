@@ -78,16 +78,14 @@ void sort_pieces_of(PiecePool &pool, Page *page) {
   }
 }
 
-// A released piece of that length; null when there is none. Kept out of the way of those who only cut a new
-// one.
-[[gnu::noinline]] void *take_free(PiecePool &pool, std::size_t units, PieceTag &tag) {
+// A released piece of that length, if there is one. Kept out of the way of those who only cut a new one.
+[[gnu::noinline]] Piece take_free(PiecePool &pool, std::size_t units) {
   while (pool.free[units] == nullptr && pool.unsorted != nullptr) sort_pieces_of(pool, pool.unsorted);
   FreePiece *const piece = pool.free[units];
-  if (piece == nullptr) return nullptr;
+  if (piece == nullptr) return {};
   unsort(pool, piece);
-  tag = piece->tag;
-  ++page_of(piece, tag)->live;
-  return piece;
+  ++page_of(piece, piece->tag)->live;
+  return {piece, piece->tag};
 }
 
 // All pieces of the page have been released: none may be found in a list any more.
@@ -122,19 +120,21 @@ void sort_pieces_of(PiecePool &pool, Page *page) {
 
 }  // namespace
 
-void *take_piece(jt_parser_space &space, std::size_t bytes, PieceTag &tag) {
+Piece take_piece(jt_parser_space &space, std::size_t bytes) {
   PiecePool &pool = space.pool;
   const std::size_t units = (std::max(bytes, sizeof(FreePiece)) + kPieceUnit - 1) / kPieceUnit;
   if (pool.free[units] != nullptr || pool.unsorted != nullptr) {
-    if (void *const piece = take_free(pool, units, tag)) return piece;
+    const Piece piece = take_free(pool, units);
+    if (piece.storage != nullptr) return piece;
   }
   Page *page = pool.current;
   if (page == nullptr || page->bytes - page->used < units * kPieceUnit) page = open_page(space);
-  if (page == nullptr) return nullptr;
-  tag = {static_cast<std::uint16_t>(units), static_cast<std::uint16_t>(page->used / kPieceUnit)};
+  if (page == nullptr) return {};
+  const std::size_t offset = page->used;
   page->used += static_cast<std::uint32_t>(units * kPieceUnit);
   ++page->live;
-  return byte_of(page, tag.page_units * kPieceUnit);
+  return {byte_of(page, offset),
+          {static_cast<std::uint16_t>(units), static_cast<std::uint16_t>(offset / kPieceUnit)}};
 }
 
 void release_piece(jt_parser_space &space, void *piece, PieceTag tag) {

@@ -27,6 +27,11 @@ struct PieceTag {
   std::uint16_t page_units;  // distance from the start of the page
 };
 
+struct Piece {
+  void *storage;  // null when there is none; then the tag says nothing
+  PieceTag tag;
+};
+
 struct Page;
 
 // A released piece. It waits with its page until somebody looks for one, since most pages lose all their
@@ -46,8 +51,8 @@ struct PiecePool {
   std::array<FreePiece *, kMaxPiece / kPieceUnit + 1> free;  // by length in units
 };
 
-// A piece of at least `bytes` bytes (at most kMaxPiece), not zeroed; null after "allocation error".
-void *take_piece(jt_parser_space &space, std::size_t bytes, PieceTag &tag);
+// A piece of at least `bytes` bytes (at most kMaxPiece), not zeroed; none after "allocation error".
+Piece take_piece(jt_parser_space &space, std::size_t bytes);
 
 void release_piece(jt_parser_space &space, void *piece, PieceTag tag);
 

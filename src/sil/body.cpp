@@ -50,10 +50,14 @@ Outcome close_block(Decoder &decoder, const Token & /*token*/) {
   return Outcome::kAccepted;
 }
 
-Outcome keep_name(Decoder &decoder, const Token &token) {
-  if (token.text.size() <= kMostName) return keep_word(decoder, token);
+bool is_name(const Decoder &decoder, const Token &token) {
+  if (token.text.size() <= kMostName) return true;
   report(decoder.space, message::kNameTooLong, token.text);
-  return Outcome::kRefused;
+  return false;
+}
+
+Outcome keep_name(Decoder &decoder, const Token &token) {
+  return is_name(decoder, token) ? keep_word(decoder, token) : Outcome::kRefused;
 }
 
 Outcome keep_type(Decoder &decoder, const Token &token, std::int32_t node_class) {
@@ -125,9 +129,8 @@ Novelty note_name(Decoder &decoder, const jt_node &attribute) {
 }
 
 Outcome open_attribute(Decoder &decoder, const Token &token) {
-  if (keep_name(decoder, token) == Outcome::kRefused) return Outcome::kRefused;
-  jt_node *const node =
-      make_typed_node(*decoder.space, decoder.type, nullptr, decoder.kept, JT_NODE_ATTRIBUTE);
+  if (!is_name(decoder, token)) return Outcome::kRefused;
+  jt_node *const node = make_typed_node(*decoder.space, decoder.type, nullptr, token.text, JT_NODE_ATTRIBUTE);
   if (node == nullptr) return Outcome::kStopped;
   node->non_compulsory = decoder.non_compulsory;
   return open_block(decoder, node, note_name(decoder, *node));

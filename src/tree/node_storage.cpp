@@ -28,13 +28,12 @@ void release_status(jt_parser_space &space, jt_node &node) {
 
 jt_node *take_node(jt_parser_space &space, std::size_t bytes) {
   const std::size_t room = bytes <= kMaxPiece - sizeof(jt_node) ? bytes : 0;
-  PieceTag tag;
-  void *const piece = take_piece(space, sizeof(jt_node) + room, tag);
-  if (piece == nullptr) return nullptr;
+  const Piece piece = take_piece(space, sizeof(jt_node) + room);
+  if (piece.storage == nullptr) return nullptr;
   static constexpr jt_node kEmpty = {};
-  auto *const node = static_cast<jt_node *>(piece);
+  auto *const node = static_cast<jt_node *>(piece.storage);
   std::memcpy(node, &kEmpty, sizeof(kEmpty));
-  node->piece = tag;
+  node->piece = piece.tag;
   return node;
 }
 

@@ -158,11 +158,11 @@ const char *string_in(const jt_value *value) { return reinterpret_cast<const cha
 }  // namespace
 
 jt_value *StringType::eval(jt_parser_space *space, char *text) {
-  return text != nullptr ? store_value(space, text, measured(space, text).size() + 1) : nullptr;
+  return text != nullptr ? store_text(space, measured(space, text)) : nullptr;
 }
 
 jt_value *StringType::copy(jt_parser_space *space, const jt_value *value) {
-  return value != nullptr ? store_value(space, value, view_of(string_in(value)).size() + 1) : nullptr;
+  return value != nullptr ? store_text(space, string_in(value)) : nullptr;
 }
 
 char *StringType::deval(jt_parser_space *space, const jt_value *value) {

@@ -15,6 +15,14 @@ jt_value *store_value(jt_parser_space *space, const void *bytes, std::size_t cou
   return static_cast<jt_value *>(block);
 }
 
+jt_value *store_text(jt_parser_space *space, std::string_view text) {
+  auto *const block = static_cast<char *>(take_value_block(space, text.size() + 1));
+  if (block == nullptr) return nullptr;
+  std::memcpy(block, text.data(), text.size());
+  block[text.size()] = '\0';
+  return reinterpret_cast<jt_value *>(block);
+}
+
 std::int32_t kill_block(jt_parser_space * /*space*/, jt_value *value) { return er_free(value); }
 
 void report_bad_value(jt_parser_space *space, std::string_view type_name, const char *text) {

@@ -37,6 +37,9 @@ constexpr bool is_absent(const char *text) { return text == nullptr || *text == 
 // A value whose block holds these bytes; null after "allocation error".
 jt_value *store_value(jt_parser_space *space, const void *bytes, std::size_t count);
 
+// The same for a text and its terminator.
+jt_value *store_text(jt_parser_space *space, std::string_view text);
+
 // Releases a value that is nothing but its block.
 std::int32_t kill_block(jt_parser_space *space, jt_value *value);
 

@@ -29,8 +29,8 @@ class PiecePool : public ::testing::Test {
   PiecePool &operator=(const PiecePool &) = delete;
 
   Piece take(std::size_t bytes, unsigned char pattern = 0xA5) {
-    Piece piece{nullptr, {}, bytes, pattern};
-    piece.storage = static_cast<unsigned char *>(jt::take_piece(space, bytes, piece.tag));
+    const auto [storage, tag] = jt::take_piece(space, bytes);
+    const Piece piece{static_cast<unsigned char *>(storage), tag, bytes, pattern};
     std::fill_n(piece.storage, bytes, pattern);
     return piece;
   }
