@@ -28,13 +28,13 @@ static_assert(alignof(FreePiece) <= kPieceUnit);
 std::byte *byte_of(Page *page, std::size_t offset) { return reinterpret_cast<std::byte *>(page) + offset; }
 
 Page *page_of(void *piece, PieceTag tag) {
-  return reinterpret_cast<Page *>(static_cast<std::byte *>(piece) - tag.page_units * kPieceUnit);
+  return reinterpret_cast<Page *>(static_cast<std::byte *>(piece) - tag.page_units() * kPieceUnit);
 }
 
 // ---- Released pieces by length ----
 
 void sort(PiecePool &pool, FreePiece *piece) {
-  FreePiece *&first = pool.free[piece->tag.units];
+  FreePiece *&first = pool.free[piece->tag.units()];
   piece->sorted = true;
   piece->next = first;
   piece->previous = nullptr;
@@ -44,7 +44,7 @@ void sort(PiecePool &pool, FreePiece *piece) {
 }
 
 void unsort(PiecePool &pool, FreePiece *piece) {
-  (piece->previous != nullptr ? piece->previous->next : pool.free[piece->tag.units]) = piece->next;
+  (piece->previous != nullptr ? piece->previous->next : pool.free[piece->tag.units()]) = piece->next;
   if (piece->next != nullptr) piece->next->previous = piece->previous;
   --page_of(piece, piece->tag)->sorted;
 }
@@ -93,7 +93,7 @@ void sort_pieces_of(PiecePool &pool, Page *page) {
   drop_unsorted(pool, page);
   for (std::size_t offset = sizeof(Page); page->sorted > 0;) {
     auto *const piece = reinterpret_cast<FreePiece *>(byte_of(page, offset));
-    offset += piece->tag.units * kPieceUnit;
+    offset += piece->tag.units() * kPieceUnit;
     if (piece->sorted) unsort(pool, piece);
   }
   if (page == pool.current) {
@@ -133,8 +133,7 @@ Piece take_piece(jt_parser_space &space, std::size_t bytes) {
   const std::size_t offset = page->used;
   page->used += static_cast<std::uint32_t>(units * kPieceUnit);
   ++page->live;
-  return {byte_of(page, offset),
-          {static_cast<std::uint16_t>(units), static_cast<std::uint16_t>(offset / kPieceUnit)}};
+  return {byte_of(page, offset), {units, offset / kPieceUnit}};
 }
 
 void release_piece(jt_parser_space &space, void *piece, PieceTag tag) {

@@ -22,9 +22,18 @@ constexpr std::size_t kPieceUnit = alignof(void *);
 // The longest piece. What is longer is better off as a block of its own.
 constexpr std::size_t kMaxPiece = 1024;
 
-struct PieceTag {
-  std::uint16_t units;       // length
-  std::uint16_t page_units;  // distance from the start of the page
+// One number, so that it is read and written whole.
+class PieceTag {
+ public:
+  constexpr PieceTag() = default;
+  constexpr PieceTag(std::size_t units, std::size_t page_units)
+      : bits_(static_cast<std::uint32_t>(units | page_units << 16U)) {}
+
+  constexpr std::size_t units() const { return bits_ & 0xFFFFU; }
+  constexpr std::size_t page_units() const { return bits_ >> 16U; }  // distance from the start of the page
+
+ private:
+  std::uint32_t bits_ = 0;
 };
 
 struct Piece {
@@ -62,7 +71,7 @@ void close_piece_pool(jt_parser_space &space);
 // Whether an address lies inside the piece.
 inline bool in_piece(const void *piece, PieceTag tag, const void *address) {
   const auto distance = reinterpret_cast<std::uintptr_t>(address) - reinterpret_cast<std::uintptr_t>(piece);
-  return distance < tag.units * kPieceUnit;
+  return distance < tag.units() * kPieceUnit;
 }
 
 }  // namespace jt

@@ -41,7 +41,7 @@ NodeRoom::NodeRoom(jt_parser_space &space, jt_node &node)
     : space_(space), node_(node), used_(sizeof(jt_node)) {}
 
 char *NodeRoom::place(std::string_view text) {
-  if (node_.piece.units * kPieceUnit < used_ + text.size() + 1) return copy_text(&space_, text);
+  if (node_.piece.units() * kPieceUnit < used_ + text.size() + 1) return copy_text(&space_, text);
   char *const place = reinterpret_cast<char *>(&node_) + used_;
   std::memcpy(place, text.data(), text.size());
   place[text.size()] = '\0';

@@ -48,7 +48,7 @@ TEST_F(PiecePool, APieceIsLongEnoughAndAligned) {
     const Piece piece = take(bytes);
     ASSERT_NE(piece.storage, nullptr);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(piece.storage) % jt::kPieceUnit, 0U);
-    EXPECT_GE(piece.tag.units * jt::kPieceUnit, bytes);
+    EXPECT_GE(piece.tag.units() * jt::kPieceUnit, bytes);
     release(piece);
   }
 }
@@ -84,7 +84,7 @@ TEST_F(PiecePool, APoolThatIsFilledAndEmptiedStaysUsable) {
 
 TEST_F(PiecePool, KnowsWhatLiesInAPiece) {
   const Piece piece = take(64);
-  const std::size_t length = piece.tag.units * jt::kPieceUnit;
+  const std::size_t length = piece.tag.units() * jt::kPieceUnit;
   EXPECT_TRUE(jt::in_piece(piece.storage, piece.tag, piece.storage));
   EXPECT_TRUE(jt::in_piece(piece.storage, piece.tag, piece.storage + length - 1));
   EXPECT_FALSE(jt::in_piece(piece.storage, piece.tag, piece.storage + length));
