@@ -116,9 +116,11 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
   unindex_child(attribute, stored);
   release_value(*space, stored);
   stored.value = copy;
+  mark_owner(stored);
   index_child(attribute, stored);
   release_text(attribute, attribute.overridden_value);
   attribute.overridden_value = replaced;
+  mark_owner(attribute);
   adopt_status(*space, attribute, status_of_number(space, kOverridden));
   return 1;
 }

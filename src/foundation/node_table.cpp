@@ -146,6 +146,20 @@ void vacate_slot(jt_parser_space &space, std::int32_t bookmark) {
   set_free(space.free_slots, bookmark);
 }
 
+void vacate_all_slots(jt_parser_space &space) {
+  const NodeTable &table = space.table;
+  FreeSlots &map = space.free_slots;
+  std::fill_n(table.slots, table.count, released_slot());
+  auto bits = static_cast<std::size_t>(table.count);
+  for (std::uint32_t *const level : map.levels) {
+    std::fill_n(level, bits / kWordBits, UINT32_MAX);
+    if (bits % kWordBits > 0) level[bits / kWordBits] = (1U << bits % kWordBits) - 1;
+    bits = words_for(bits);
+  }
+  map.free = table.count;
+  map.lowest = table.count > 0 ? 0 : kNoWord;
+}
+
 std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark) {
   if (space == nullptr) return 1;
   NodeTable &table = space->table;

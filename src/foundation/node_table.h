@@ -42,6 +42,9 @@ std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node);
 // Makes a live slot free.
 void vacate_slot(jt_parser_space &space, std::int32_t bookmark);
 
+// Makes every slot free.
+void vacate_all_slots(jt_parser_space &space);
+
 // 1 when the slot was live or the bookmark was refused with a report; 0 when it had been released before.
 std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark);
 

@@ -3,8 +3,9 @@
 // again by the next one of its size; a page whose pieces have all been released goes back to the heap. A
 // session that builds and destroys, or edits one template, for a year therefore does not grow.
 //
-// A piece has no header. Its owner keeps the tag that came with it, which says how long the piece is and how
-// far it lies behind the start of its page.
+// A piece begins with a head of a few bytes that says how long it is and where its page begins. All pieces
+// can be released at once, which costs little more than the pages do: the heads lead through a page, but only
+// where its owner has marked a piece that is to be seen once more.
 #ifndef JT_FOUNDATION_PIECE_POOL_H
 #define JT_FOUNDATION_PIECE_POOL_H
 
@@ -22,56 +23,72 @@ constexpr std::size_t kPieceUnit = alignof(void *);
 // The longest piece. What is longer is better off as a block of its own.
 constexpr std::size_t kMaxPiece = 1024;
 
-// One number, so that it is read and written whole.
-class PieceTag {
- public:
-  constexpr PieceTag() = default;
-  constexpr PieceTag(std::size_t units, std::size_t page_units)
-      : bits_(static_cast<std::uint32_t>(units | page_units << 16U)) {}
+// A released piece waits with its page until somebody looks for one, since most pages lose all their pieces
+// before that, and then among those of its length.
+enum class PieceState : std::uint8_t { kLive, kUnsorted, kSorted };
 
-  constexpr std::size_t units() const { return bits_ & 0xFFFFU; }
-  constexpr std::size_t page_units() const { return bits_ >> 16U; }  // distance from the start of the page
+// What every piece begins with: how long it is and how far it lies behind the start of its page. It is the
+// pool's; what follows is the owner's. One number, so that it is read and written whole.
+class PieceHead {
+ public:
+  constexpr PieceHead() = default;
+  constexpr PieceHead(std::size_t units, std::size_t page_units, PieceState state = PieceState::kLive)
+      : bits_(static_cast<std::uint32_t>(page_units << kPageShift |
+                                         static_cast<std::size_t>(state) << kStateShift | units)) {}
+
+  constexpr std::size_t units() const { return bits_ & kUnits; }
+  constexpr std::size_t page_units() const { return bits_ >> kPageShift; }
+  constexpr PieceState state() const { return static_cast<PieceState>(bits_ >> kStateShift & kState); }
+
+  // The same piece in another state.
+  constexpr PieceHead in(PieceState state) const { return {units(), page_units(), state}; }
 
  private:
-  std::uint32_t bits_ = 0;
-};
+  static constexpr std::uint32_t kUnits = 0xFFF;
+  static constexpr std::uint32_t kState = 0xF;
+  static constexpr std::uint32_t kStateShift = 12;
+  static constexpr std::uint32_t kPageShift = 16;
 
-struct Piece {
-  void *storage;  // null when there is none; then the tag says nothing
-  PieceTag tag;
+  std::uint32_t bits_ = 0;
 };
 
 struct Page;
 
-// A released piece. It waits with its page until somebody looks for one, since most pages lose all their
-// pieces before that, and then among those of its length. There neighbours are linked both ways: a page that
-// goes back to the heap takes its pieces out of their lists.
+// Pieces of one length are linked both ways: a page that goes back to the heap takes its pieces out of their
+// lists.
 struct FreePiece {
-  PieceTag tag;
-  bool sorted;  // waits among those of its length
+  PieceHead head;
   FreePiece *next;
   FreePiece *previous;  // while sorted
 };
 
 struct PiecePool {
-  Page *current;                                             // the page that new pieces are cut from
+  Page *current;                                             // new pieces are cut from it; the newest page
   std::size_t page_bytes;                                    // size of the next page
   Page *unsorted;                                            // the pages with which pieces wait
   std::array<FreePiece *, kMaxPiece / kPieceUnit + 1> free;  // by length in units
 };
 
-// A piece of at least `bytes` bytes (at most kMaxPiece), not zeroed; none after "allocation error".
-Piece take_piece(jt_parser_space &space, std::size_t bytes);
+// A piece of at least `bytes` bytes, its head included (at most kMaxPiece). Nothing but the head is set; null
+// after "allocation error".
+void *take_piece(jt_parser_space &space, std::size_t bytes);
 
-void release_piece(jt_parser_space &space, void *piece, PieceTag tag);
+void release_piece(jt_parser_space &space, void *piece);
+
+// The piece is to be seen before all are released.
+void mark_piece(void *piece);
+
+// Releases every piece. Before that `visit` is called for those that were marked, and for others on their
+// pages.
+void release_all_pieces(jt_parser_space &space, void (*visit)(jt_parser_space &space, void *piece));
 
 // Gives back the page that is kept ready, once every piece has been released.
 void close_piece_pool(jt_parser_space &space);
 
 // Whether an address lies inside the piece.
-inline bool in_piece(const void *piece, PieceTag tag, const void *address) {
+inline bool in_piece(const void *piece, const void *address) {
   const auto distance = reinterpret_cast<std::uintptr_t>(address) - reinterpret_cast<std::uintptr_t>(piece);
-  return distance < tag.units() * kPieceUnit;
+  return distance < static_cast<const PieceHead *>(piece)->units() * kPieceUnit;
 }
 
 }  // namespace jt

@@ -40,7 +40,7 @@ Outcome open_block(Decoder &decoder, jt_node *node, Novelty novelty = Novelty::k
     destroy_node(space, node);
     return Outcome::kStopped;
   }
-  append_child(*decoder.top, *node);
+  append_child(*space, *decoder.top, *node);
   decoder.top = node;
   return Outcome::kAccepted;
 }
@@ -151,7 +151,7 @@ Outcome add_value(Decoder &decoder, const Token &token) {
   }
   const MadeValue value = make_value_node(*decoder.space, decoder.top->type,
                                           writable_text(decoder.cursor, token), token.text, true);
-  if (value.node != nullptr) append_child(*decoder.top, *value.node);
+  if (value.node != nullptr) append_child(*decoder.space, *decoder.top, *value.node);
   return value.result == Making::kNoMemory ? Outcome::kStopped : Outcome::kAccepted;
 }
 
@@ -177,6 +177,7 @@ Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
     return Outcome::kStopped;
   }
   decoder.top->overridden_value = text;
+  mark_owner(*decoder.top);
   return Outcome::kAccepted;
 }
 

@@ -6,6 +6,7 @@
 #include "tree/comment.h"
 #include "tree/construction.h"
 #include "tree/links.h"
+#include "tree/node_storage.h"
 #include "types/type_tables.h"
 
 namespace jt {
@@ -52,6 +53,7 @@ jt_node *make_header_attribute(Decoder &decoder, std::string_view name, std::str
       make_typed_node(*decoder.space, find_base_type("string"), nullptr, name, JT_NODE_ATTRIBUTE);
   if (node == nullptr) return nullptr;
   node->value = reinterpret_cast<jt_value *>(copy_text(decoder.space, text));
+  mark_owner(*node);
   if (node->value != nullptr) return node;
   destroy_node(decoder.space, node);
   return nullptr;

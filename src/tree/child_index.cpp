@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "tree/node.h"
+#include "tree/node_storage.h"
 #include "types/value_hash.h"
 
 namespace jt {
@@ -142,6 +143,7 @@ void build_index(jt_node &parent) {
   }
   parent.index = open_index(std::bit_ceil(children * 2));
   if (parent.index == nullptr) return;
+  mark_owner(parent);
   // From the last to the first: whoever comes later is hidden by whoever comes before, without a search.
   for (jt_node *child = parent.last_child; child != nullptr; child = child->previous_sibling) {
     if (!has_key(*child)) continue;

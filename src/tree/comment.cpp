@@ -1,10 +1,12 @@
 #include "tree/comment.h"
 
 #include <cstring>
+#include <utility>
 
 #include "foundation/error_store.h"
 #include "foundation/memory.h"
 #include "tree/node.h"
+#include "tree/node_storage.h"
 
 namespace jt {
 namespace {
@@ -46,12 +48,13 @@ bool append_comment(jt_parser_space &space, jt_node &node, std::string_view text
   text_of(block)[block->length] = '\0';
   if (node.comment != text_of(block)) release_comment(node);
   node.comment = text_of(block);
+  mark_owner(node);
   return true;
 }
 
 void move_comment(jt_node &from, jt_node &to) {
-  to.comment = from.comment;
-  from.comment = nullptr;
+  to.comment = std::exchange(from.comment, nullptr);
+  mark_owner(to);
 }
 
 void release_comment(jt_node &node) {

@@ -15,7 +15,10 @@ constexpr std::int32_t kHighestNodeClass = 9;
 // Gives the node its place in the table, or takes the node back.
 jt_node *registered(jt_parser_space &space, jt_node *node) {
   node->bookmark = assign_bookmark(&space, node);
-  if (node->bookmark >= 0) return node;
+  if (node->bookmark >= 0) {
+    ++space.loose_nodes;
+    return node;
+  }
   report(&space, message::kNoBookmark);
   release_node(space, node);
   return nullptr;
@@ -31,12 +34,14 @@ bool keep_text(jt_parser_space &space, NodeRoom &room, char *&field, std::string
 // The node of a value that eval or copy has just laid out.
 jt_node *finish_value_node(jt_parser_space &space, const ValuePlacement &placement, const jt_type *type,
                            jt_value *value, std::string_view detail) {
-  jt_node *const node = placement.node() != nullptr ? placement.node() : take_node(space, 0);
+  const bool of_its_own = placement.node() == nullptr;
+  jt_node *const node = of_its_own ? take_node(space, 0) : placement.node();
   if (node == nullptr) {
     report(&space, message::kNoValueNode, detail);
     if (type->kill != nullptr) type->kill(&space, value);
     return nullptr;
   }
+  if (of_its_own) mark_owner(*node);
   node->node_class = JT_NODE_VALUE;
   node->type = type;
   node->value = value;

@@ -24,7 +24,7 @@ bool is_registered(jt_parser_space &space, const jt_node &node) {
 }
 
 void unregister_and_release(jt_parser_space &space, jt_node *node) {
-  release_bookmark(&space, node->bookmark);
+  if (is_live(space, *node)) release_bookmark(&space, node->bookmark);
   release_node(space, node);
 }
 
@@ -68,13 +68,14 @@ void release_below(jt_parser_space &space, jt_node &top) {
 
 void destroy(jt_parser_space &space, jt_node &node) {
   if (is_header_attribute(node)) destroy(space, *node.first_child);
-  unlink(node);
+  unlink(space, node);
   release_below<Strangers::kReleased>(space, node);
+  --space.loose_nodes;
   unregister_and_release(space, &node);
 }
 
 // The nodes at the top of a structure (root, section, header and its attributes), in the order in which they
-// were reached, linked through their cursors. What hangs below them goes when they are reached.
+// were reached, linked through their cursors.
 class ReachedNodes {
  public:
   explicit ReachedNodes(jt_parser_space &space) : space_(space) {}
@@ -82,33 +83,40 @@ class ReachedNodes {
   void reach(jt_node *node) {
     if (node == nullptr || !is_live(space_, *node)) return;
     vacate_slot(space_, node->bookmark);
-    if (!is_header_attribute(*node)) release_below<Strangers::kSpared>(space_, *node);
     node->cursor = nullptr;
     (last_ != nullptr ? last_->cursor : first_) = node;
     last_ = node;
+    ++count_;
   }
 
   void reach_neighbours() {
     for (jt_node *node = first_; node != nullptr; node = node->cursor) {
-      for (jt_node *const link :
-           {node->parent, node->previous_sibling, node->next_sibling, node->first_child}) {
-        reach(link);
-      }
+      for (jt_node *const link : {node->parent, node->previous_sibling, node->next_sibling}) reach(link);
+      if (is_header_attribute(*node)) reach(node->first_child);
     }
   }
 
+  // Whether the session has no nodes but these and what hangs below them.
+  bool are_all() const { return count_ == space_.loose_nodes && !space_.has_strangers; }
+
+  // With what hangs below them.
   void release() {
+    for (jt_node *node = first_; node != nullptr; node = node->cursor) {
+      if (!is_header_attribute(*node)) release_below<Strangers::kSpared>(space_, *node);
+    }
     for (jt_node *node = first_; node != nullptr;) {
       jt_node *const next = node->cursor;
       release_node(space_, node);
       node = next;
     }
+    space_.loose_nodes -= count_;
   }
 
  private:
   jt_parser_space &space_;
   jt_node *first_ = nullptr;
   jt_node *last_ = nullptr;
+  std::int32_t count_ = 0;
 };
 
 // The last node on the way up that the session knows.
@@ -120,6 +128,7 @@ jt_node *top_of(const jt_parser_space &space, jt_node *node) {
 }  // namespace
 
 void destroy_registered_nodes(jt_parser_space &space) {
+  if (!space.has_strangers) return release_all_nodes(space);
   for (std::int32_t slot = 0; slot < space.table.count; ++slot) {
     jt_node *const node = space.table.slots[slot];
     if (node != released_slot()) release_node(space, node);
@@ -160,7 +169,13 @@ int32_t destroy_all_nodes(jt_parser_space *space, jt_node *node) {
   jt::ReachedNodes nodes(*space);
   nodes.reach(jt::top_of(*space, node));
   nodes.reach_neighbours();
-  nodes.release();
+  if (nodes.are_all()) {
+    jt::release_all_nodes(*space);
+    jt::vacate_all_slots(*space);
+    space->loose_nodes = 0;
+  } else {
+    nodes.release();
+  }
   return 1;
 }
 

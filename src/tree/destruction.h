@@ -1,5 +1,6 @@
 // Taking nodes out of the tree and out of the table. Nothing here recurses: subtrees and connected structures
-// of any shape and depth are walked in a loop.
+// of any shape and depth are walked in a loop. A template that is all that its session holds is not walked:
+// its nodes go at once.
 #ifndef JT_TREE_DESTRUCTION_H
 #define JT_TREE_DESTRUCTION_H
 

@@ -1,6 +1,6 @@
 // The checked operations that put nodes into a tree: add_child, add_unique_child, add_index_child; and the
 // two that only touch one node or look for one, add_comment and get_child.
-#include "foundation/error_store.h"
+#include "foundation/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/comment.h"
 #include "tree/links.h"
@@ -26,14 +26,22 @@ bool fits(jt_parser_space *space, const jt_node &parent, const jt_node &child) {
   return allowed;
 }
 
-using Link = void (*)(jt_node &parent, jt_node &child);
+// A node that this session does not know comes into a tree of its own, or the other way round.
+void note_strangers(jt_parser_space &space, const jt_node &parent, const jt_node &child) {
+  for (const jt_node *const node : {&parent, &child}) {
+    if (!holds_node(space.table, node->bookmark, node)) space.has_strangers = true;
+  }
+}
+
+using Link = void (*)(jt_parser_space &space, jt_node &parent, jt_node &child);
 
 std::int32_t add(jt_parser_space *space, jt_node *parent, jt_node *child, Link link) {
   if (space == nullptr || parent == nullptr) return 0;
   if (child == nullptr) return 1;
   if (!fits(space, *parent, *child)) return 0;
-  unlink(*child);
-  link(*parent, *child);
+  note_strangers(*space, *parent, *child);
+  unlink(*space, *child);
+  link(*space, *parent, *child);
   return 1;
 }
 
@@ -55,8 +63,9 @@ int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child
     jt::report(space, jt::message::kDuplicateName, child->name);
     return 0;
   }
-  jt::unlink(*child);
-  jt::append_child(*parent, *child);
+  jt::note_strangers(*space, *parent, *child);
+  jt::unlink(*space, *child);
+  jt::append_child(*space, *parent, *child);
   return 1;
 }
 

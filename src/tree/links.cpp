@@ -1,5 +1,6 @@
 #include "tree/links.h"
 
+#include "foundation/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
@@ -7,7 +8,8 @@
 namespace jt {
 namespace {
 
-void link_between(jt_node &parent, jt_node *before, jt_node &child, jt_node *after) {
+void link_between(jt_parser_space &space, jt_node &parent, jt_node *before, jt_node &child, jt_node *after) {
+  --space.loose_nodes;
   child.parent = &parent;
   child.previous_sibling = before;
   child.next_sibling = after;
@@ -21,7 +23,8 @@ void leave_siblings(jt_node &node) {
   if (node.next_sibling != nullptr) node.next_sibling->previous_sibling = node.previous_sibling;
 }
 
-void leave_parent(jt_node &node) {
+void leave_parent(jt_parser_space &space, jt_node &node) {
+  ++space.loose_nodes;
   jt_node &parent = *node.parent;
   if (parent.index != nullptr) unindex_child(parent, node);
   jt_node *const neighbour = node.previous_sibling != nullptr ? node.previous_sibling : node.next_sibling;
@@ -59,28 +62,28 @@ void unlink_template(jt_node &node) {
 
 }  // namespace
 
-void append_child(jt_node &parent, jt_node &child) {
-  link_between(parent, parent.last_child, child, nullptr);
+void append_child(jt_parser_space &space, jt_node &parent, jt_node &child) {
+  link_between(space, parent, parent.last_child, child, nullptr);
   if (parent.cursor == nullptr || parent.cursor == not_started()) parent.cursor = &child;
 }
 
-void insert_at_cursor(jt_node &parent, jt_node &child) {
+void insert_at_cursor(jt_parser_space &space, jt_node &parent, jt_node &child) {
   start_cursor(parent);
   if (parent.cursor == nullptr) {
-    link_between(parent, parent.last_child, child, nullptr);
+    link_between(space, parent, parent.last_child, child, nullptr);
   } else {
-    link_between(parent, parent.cursor, child, parent.cursor->next_sibling);
+    link_between(space, parent, parent.cursor, child, parent.cursor->next_sibling);
   }
   parent.cursor = &child;
 }
 
-void unlink(jt_node &node) {
+void unlink(jt_parser_space &space, jt_node &node) {
   if (is_header(node)) {
     unlink_header(node);
   } else if (node.node_class == JT_NODE_TEMPLATE) {
     unlink_template(node);
   } else if (node.parent != nullptr) {
-    leave_parent(node);
+    leave_parent(space, node);
   } else if (is_header_attribute(node)) {
     unlink_header_attribute(node);
   } else {
@@ -117,6 +120,7 @@ void rename(jt_node &node, char *name) {
   unindex_child(*node.parent, node);
   release_text(node, node.name);
   node.name = name;
+  mark_owner(node);
   node.key_hash = name_hash(view_of(name));
   index_child(*node.parent, node);
 }

@@ -14,14 +14,14 @@
 namespace jt {
 
 // Links the child at the end. The cursor of a parent that is not started or exhausted moves to the new child.
-void append_child(jt_node &parent, jt_node &child);
+void append_child(jt_parser_space &space, jt_node &parent, jt_node &child);
 
 // Links the child behind the cursor (at the end when it is exhausted) and moves the cursor to it.
-void insert_at_cursor(jt_node &parent, jt_node &child);
+void insert_at_cursor(jt_parser_space &space, jt_node &parent, jt_node &child);
 
 // Takes the node out of its place, whatever that is. A parent's cursor on it moves to the sibling before it,
 // else to the one after it.
-void unlink(jt_node &node);
+void unlink(jt_parser_space &space, jt_node &node);
 
 // A cursor that has not started is put on the first child.
 void start_cursor(jt_node &parent);

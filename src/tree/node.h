@@ -17,9 +17,10 @@ struct ChildIndex;
 }
 
 struct jt_node {
+  jt::PieceHead piece;  // the node's storage
   std::int16_t node_class;
   bool non_compulsory;
-  jt::PieceTag piece;  // the node's storage
+  bool may_own_blocks;  // beside its piece; set by mark_owner()
   std::int32_t bookmark;
   std::uint32_t key_hash;  // of the name or, once it is wanted, of the value
   const jt_type *type;

@@ -14,7 +14,7 @@ namespace {
 static_assert(alignof(jt_node) == kPieceUnit);
 
 bool is_block_of_its_own(const jt_node &node, const void *address) {
-  return address != nullptr && !in_piece(&node, node.piece, address);
+  return address != nullptr && !in_piece(&node, address);
 }
 
 bool owns_status(const jt_node &node) { return node.status != nullptr && !is_shared_status(node.status); }
@@ -28,12 +28,12 @@ void release_status(jt_parser_space &space, jt_node &node) {
 
 jt_node *take_node(jt_parser_space &space, std::size_t bytes) {
   const std::size_t room = bytes <= kMaxPiece - sizeof(jt_node) ? bytes : 0;
-  const Piece piece = take_piece(space, sizeof(jt_node) + room);
-  if (piece.storage == nullptr) return nullptr;
+  auto *const node = static_cast<jt_node *>(take_piece(space, sizeof(jt_node) + room));
+  if (node == nullptr) return nullptr;
   static constexpr jt_node kEmpty = {};
-  auto *const node = static_cast<jt_node *>(piece.storage);
+  const PieceHead head = node->piece;
   std::memcpy(node, &kEmpty, sizeof(kEmpty));
-  node->piece = piece.tag;
+  node->piece = head;
   return node;
 }
 
@@ -41,7 +41,10 @@ NodeRoom::NodeRoom(jt_parser_space &space, jt_node &node)
     : space_(space), node_(node), used_(sizeof(jt_node)) {}
 
 char *NodeRoom::place(std::string_view text) {
-  if (node_.piece.units() * kPieceUnit < used_ + text.size() + 1) return copy_text(&space_, text);
+  if (node_.piece.units() * kPieceUnit < used_ + text.size() + 1) {
+    mark_owner(node_);
+    return copy_text(&space_, text);
+  }
   char *const place = reinterpret_cast<char *>(&node_) + used_;
   std::memcpy(place, text.data(), text.size());
   place[text.size()] = '\0';
@@ -70,6 +73,11 @@ void *ValuePlacement::take(BlockSource &source, jt_parser_space &space, std::siz
   return block;
 }
 
+void mark_owner(jt_node &node) {
+  node.may_own_blocks = true;
+  mark_piece(&node);
+}
+
 void release_text(jt_node &node, char *&text) {
   if (is_block_of_its_own(node, text)) er_free(text);
   text = nullptr;
@@ -84,32 +92,34 @@ void release_value(jt_parser_space &space, jt_node &node) {
 void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status) {
   release_status(space, node);
   node.status = status;
+  if (owns_status(node)) mark_owner(node);
 }
 
 namespace {
 
-// Most nodes own nothing but their piece.
-bool owns_blocks(const jt_node &node) {
-  return node.comment != nullptr || node.unresolved_type_name != nullptr ||
-         node.overridden_value != nullptr || node.index != nullptr || is_block_of_its_own(node, node.name) ||
-         is_block_of_its_own(node, node.value) || owns_status(node);
-}
-
-[[gnu::noinline]] void release_blocks(jt_parser_space &space, jt_node *node) {
-  if (node->comment != nullptr) release_comment(*node);
-  for (char **const text : {&node->name, &node->unresolved_type_name, &node->overridden_value}) {
-    release_text(*node, *text);
+[[gnu::noinline]] void release_blocks(jt_parser_space &space, jt_node &node) {
+  release_comment(node);
+  for (char **const text : {&node.name, &node.unresolved_type_name, &node.overridden_value}) {
+    release_text(node, *text);
   }
-  release_value(space, *node);
-  release_status(space, *node);
-  if (node->index != nullptr) drop_index(*node);
+  release_value(space, node);
+  release_status(space, node);
+  drop_index(node);
 }
 
 }  // namespace
 
+// Most nodes own nothing but their piece.
 void release_node(jt_parser_space &space, jt_node *node) {
-  if (owns_blocks(*node)) release_blocks(space, node);
-  release_piece(space, node, node->piece);
+  if (node->may_own_blocks) release_blocks(space, *node);
+  release_piece(space, node);
+}
+
+void release_all_nodes(jt_parser_space &space) {
+  release_all_pieces(space, [](jt_parser_space &owner, void *piece) {
+    auto *const node = static_cast<jt_node *>(piece);
+    if (node->may_own_blocks) release_blocks(owner, *node);
+  });
 }
 
 }  // namespace jt

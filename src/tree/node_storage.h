@@ -55,6 +55,10 @@ class ValuePlacement : private BlockSource {
   bool failed_ = false;
 };
 
+// Must be called for a node that comes to own a block (a comment, a text, a value, a status, an index): no
+// other node is asked for its blocks when it is released.
+void mark_owner(jt_node &node);
+
 // Releases a text of the node and clears the field.
 void release_text(jt_node &node, char *&text);
 
@@ -66,6 +70,9 @@ void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status
 
 // Releases the node with everything it owns. Its links are not looked at.
 void release_node(jt_parser_space &space, jt_node *node);
+
+// Releases all nodes of the session in that way.
+void release_all_nodes(jt_parser_space &space);
 
 }  // namespace jt
 

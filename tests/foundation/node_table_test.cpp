@@ -116,6 +116,21 @@ TEST_F(NodeTable, FreeSlotsAreRememberedWhenItGrows) {
   for (const int bookmark : {2048, 4096, 4999}) EXPECT_EQ(take(9000), bookmark);
 }
 
+TEST_F(NodeTable, AllSlotsAreVacatedAtOnce) {
+  for (const int nodes : {0, 1, 31, 32, 33, 512, 1023, 1024, 1025, 33000}) {
+    SCOPED_TRACE(nodes);
+    jt::close_node_table(space);
+    jt::open_node_table(space);
+    fill(nodes);
+    if (nodes > 20) release(20);
+    jt::vacate_all_slots(space);
+    EXPECT_EQ(space.table.count, nodes);
+    for (int i = 0; i < nodes; ++i) ASSERT_EQ(space.table.slots[i], jt::released_slot());
+    fill(nodes + 5);
+    EXPECT_EQ(space.table.count, nodes + 5);
+  }
+}
+
 TEST_F(NodeTable, ReleasingTwiceIsAnsweredWithZeroAndNoReport) {
   fill(3);
   EXPECT_EQ(release(1), 1);

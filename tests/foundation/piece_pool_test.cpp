@@ -14,30 +14,38 @@
 
 namespace {
 
+// What lies behind its head is the owner's.
 struct Piece {
   unsigned char *storage;
-  jt::PieceTag tag;
   std::size_t bytes;
   unsigned char pattern;
+
+  jt::PieceHead head() const { return *reinterpret_cast<const jt::PieceHead *>(storage); }
+  unsigned char *begin() const { return storage + sizeof(jt::PieceHead); }
+  unsigned char *end() const { return std::max(begin(), storage + bytes); }
 };
+
+// The pieces that were visited.
+std::vector<void *> visited;
+
+void note(jt_parser_space & /*space*/, void *piece) { visited.push_back(piece); }
 
 class PiecePool : public ::testing::Test {
  protected:
-  PiecePool() : space() {}
+  PiecePool() : space() { visited.clear(); }
   ~PiecePool() override { jt::close_piece_pool(space); }
   PiecePool(const PiecePool &) = delete;
   PiecePool &operator=(const PiecePool &) = delete;
 
   Piece take(std::size_t bytes, unsigned char pattern = 0xA5) {
-    const auto [storage, tag] = jt::take_piece(space, bytes);
-    const Piece piece{static_cast<unsigned char *>(storage), tag, bytes, pattern};
-    std::fill_n(piece.storage, bytes, pattern);
+    const Piece piece{static_cast<unsigned char *>(jt::take_piece(space, bytes)), bytes, pattern};
+    std::fill(piece.begin(), piece.end(), pattern);
     return piece;
   }
   void release(const Piece &piece) {
-    EXPECT_TRUE(std::all_of(piece.storage, piece.storage + piece.bytes,
-                            [&](unsigned char byte) { return byte == piece.pattern; }));
-    jt::release_piece(space, piece.storage, piece.tag);
+    EXPECT_TRUE(
+        std::all_of(piece.begin(), piece.end(), [&](unsigned char byte) { return byte == piece.pattern; }));
+    jt::release_piece(space, piece.storage);
   }
 
   jt_parser_space space;
@@ -48,7 +56,7 @@ TEST_F(PiecePool, APieceIsLongEnoughAndAligned) {
     const Piece piece = take(bytes);
     ASSERT_NE(piece.storage, nullptr);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(piece.storage) % jt::kPieceUnit, 0U);
-    EXPECT_GE(piece.tag.units() * jt::kPieceUnit, bytes);
+    EXPECT_GE(piece.head().units() * jt::kPieceUnit, bytes);
     release(piece);
   }
 }
@@ -84,13 +92,73 @@ TEST_F(PiecePool, APoolThatIsFilledAndEmptiedStaysUsable) {
 
 TEST_F(PiecePool, KnowsWhatLiesInAPiece) {
   const Piece piece = take(64);
-  const std::size_t length = piece.tag.units() * jt::kPieceUnit;
-  EXPECT_TRUE(jt::in_piece(piece.storage, piece.tag, piece.storage));
-  EXPECT_TRUE(jt::in_piece(piece.storage, piece.tag, piece.storage + length - 1));
-  EXPECT_FALSE(jt::in_piece(piece.storage, piece.tag, piece.storage + length));
-  EXPECT_FALSE(jt::in_piece(piece.storage, piece.tag, piece.storage - 1));
-  EXPECT_FALSE(jt::in_piece(piece.storage, piece.tag, nullptr));
+  const std::size_t length = piece.head().units() * jt::kPieceUnit;
+  EXPECT_TRUE(jt::in_piece(piece.storage, piece.storage));
+  EXPECT_TRUE(jt::in_piece(piece.storage, piece.storage + length - 1));
+  EXPECT_FALSE(jt::in_piece(piece.storage, piece.storage + length));
+  EXPECT_FALSE(jt::in_piece(piece.storage, piece.storage - 1));
+  EXPECT_FALSE(jt::in_piece(piece.storage, nullptr));
   release(piece);
+}
+
+TEST_F(PiecePool, ReleasesAllPiecesAtOnce) {
+  for (int round = 0; round < 3; ++round) {
+    for (std::size_t i = 0; i < 5000; ++i) take(i % 200);
+    jt::release_all_pieces(space, note);
+  }
+  EXPECT_EQ(visited, std::vector<void *>());
+}
+
+TEST_F(PiecePool, ReleasesNoneWhereNoneWasEverTaken) {
+  jt::release_all_pieces(space, note);
+  EXPECT_EQ(visited, std::vector<void *>());
+}
+
+TEST_F(PiecePool, VisitsTheMarkedPiecesBeforeTheyGo) {
+  std::vector<void *> marked;
+  for (std::size_t i = 0; i < 5000; ++i) {
+    const Piece piece = take(1024);
+    if (i % 1000 != 0) continue;
+    jt::mark_piece(piece.storage);
+    marked.push_back(piece.storage);
+  }
+  jt::release_all_pieces(space, note);
+  for (void *const piece : marked) EXPECT_EQ(std::count(visited.begin(), visited.end(), piece), 1);
+  EXPECT_LT(visited.size(), 500U);  // pieces on other pages are not looked at
+}
+
+TEST_F(PiecePool, DoesNotVisitAPieceThatWasReleasedBefore) {
+  const Piece kept = take(100);
+  const Piece waiting = take(100);
+  const Piece sorted = take(200);
+  for (const Piece &piece : {kept, waiting, sorted}) jt::mark_piece(piece.storage);
+  release(sorted);
+  take(300);
+  release(waiting);
+  jt::release_all_pieces(space, note);
+  EXPECT_EQ(std::count(visited.begin(), visited.end(), kept.storage), 1);
+  EXPECT_EQ(std::count(visited.begin(), visited.end(), waiting.storage), 0);
+  EXPECT_EQ(std::count(visited.begin(), visited.end(), sorted.storage), 0);
+}
+
+TEST_F(PiecePool, ForgetsReleasedPiecesWithAllOthers) {
+  std::vector<Piece> pieces;
+  for (int i = 0; i < 3000; ++i) pieces.push_back(take(100));
+  for (std::size_t i = 0; i < pieces.size(); i += 3) release(pieces[i]);
+  take(100);
+  jt::release_all_pieces(space, note);
+  std::set<unsigned char *> places;
+  for (int i = 0; i < 3000; ++i) EXPECT_TRUE(places.insert(take(100).storage).second);
+  jt::release_all_pieces(space, note);
+}
+
+TEST_F(PiecePool, AMarkIsForgottenWithAllPieces) {
+  jt::mark_piece(take(100).storage);
+  jt::release_all_pieces(space, note);
+  visited.clear();
+  take(100);
+  jt::release_all_pieces(space, note);
+  EXPECT_EQ(visited, std::vector<void *>());
 }
 
 TEST_F(PiecePool, ClosingAPoolThatWasNeverUsedIsFine) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -195,6 +196,8 @@ TEST(TextHelpers, NumberedNamesHaveHashesSideBySide) {
     EXPECT_EQ(jt::name_hash(stem + "5"), first ^ 1U) << stem;
     EXPECT_EQ(jt::name_hash(stem + "6"), first ^ 2U) << stem;
     EXPECT_EQ(jt::name_hash(stem + "7"), first ^ 3U) << stem;
+    EXPECT_EQ(jt::name_hash(stem + "0"), first ^ 4U) << stem;
+    EXPECT_EQ(jt::name_hash(stem + "8"), first ^ 12U) << stem;
   }
 }
 
@@ -223,17 +226,21 @@ std::vector<std::string> names_with_digits(std::string name, std::size_t a, std:
 }
 
 // Wherever three digits tell the names of a family apart, the family must not crowd in one corner of a table.
+// Names that differ in the last digit stand side by side and push others a little away.
 TEST(TextHelpers, HashesOfNumberedNamesAreSpread) {
+  std::vector<double> steps;
   for (const std::size_t length : {3U, 4U, 5U, 7U, 8U, 12U, 14U, 16U, 19U}) {
     const std::string name = std::string("attributes-of-a-job").substr(0, length);
     for (std::size_t a = 0; a + 2 < length; ++a) {
       for (std::size_t b = a + 1; b + 1 < length; ++b) {
         for (const std::size_t c : {b + 1, length - 1}) {
-          ASSERT_LT(steps_from_home(names_with_digits(name, a, b, c)), 8) << name << " " << a << " " << b;
+          steps.push_back(steps_from_home(names_with_digits(name, a, b, c)));
+          ASSERT_LT(steps.back(), 12) << name << " " << a << " " << b;
         }
       }
     }
   }
+  EXPECT_LT(std::accumulate(steps.begin(), steps.end(), 0.0) / static_cast<double>(steps.size()), 4);
 }
 
 TEST(TextHelpers, ANullTextReadsAsEmpty) {

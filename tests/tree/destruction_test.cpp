@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tree/child_index.h"
 #include "tree/odd_types.h"
 #include "tree/tree_session.h"
 
@@ -337,6 +338,79 @@ TEST_F(Destruction, AllNodesAreThoseOfOneTree) {
 TEST_F(Destruction, AllNodesOfALoneNodeAreItself) {
   EXPECT_EQ(destroy_all_nodes(space, make_template()), 1);
   expect_all_released();
+}
+
+TEST_F(Destruction, AllNodesOfTheOnlyTemplateAreAllOfTheSession) {
+  for (int round = 0; round < 3; ++round) {
+    jt_node *const root = small_tree();
+    EXPECT_EQ(root->bookmark, 0);
+    EXPECT_EQ(destroy_all_nodes(space, root->first_child->first_child), 1);
+    expect_all_released();
+    EXPECT_EQ(space->table.count, 13);
+    jt_test::expect_sound(*space);
+  }
+  EXPECT_EQ(messages(), Messages());
+}
+
+TEST_F(Destruction, TheOnlyTemplateTakesAlongWhateverItOwns) {
+  jt_test::odd_calls = {};
+  jt_node *const invocation = unknown_invocation();
+  jt_node *const riddle = add_attribute(invocation, "mystery", std::string(3000, 'n').c_str());
+  add_value(riddle, std::string(3000, 'v').c_str());
+  for (int i = 0; i < 100; ++i) add_value(riddle, std::to_string(i).c_str());
+  EXPECT_NE(jt::find_pending_value(*riddle, "99"), nullptr);
+  EXPECT_NE(riddle->index, nullptr);
+  add_comment(space, riddle, std::string(3000, 'c').c_str());
+  jt_status *const given = get_status(space, "a status of its own");
+  set_status(space, riddle, given);
+  kill_status(space, given);
+  jt_node *const odd = add_attribute(invocation, "enigma", "odd");
+  odd->type = &jt_test::kOdd;
+  add_value(odd, "some");
+  EXPECT_EQ(destroy_all_nodes(space, invocation), 1);
+  EXPECT_EQ(jt_test::odd_calls.released, 1);
+  expect_all_released();
+}
+
+TEST_F(Destruction, AllNodesAreNotThoseOfAnotherTemplate) {
+  jt_node *const root = small_tree();
+  jt_node *const other = small_tree();
+  const Names invocations = {"one", "two"};
+  EXPECT_EQ(destroy_all_nodes(space, root), 1);
+  EXPECT_EQ(count_alive(), 13U);
+  EXPECT_EQ(names_of(other->first_child), invocations);
+  jt_node *const again = small_tree();
+  EXPECT_EQ(again->bookmark, 0);
+  EXPECT_EQ(destroy_all_nodes(space, other), 1);
+  EXPECT_EQ(names_of(again->first_child), invocations);
+  jt_test::expect_sound(*space);
+  EXPECT_EQ(destroy_all_nodes(space, again), 1);
+  expect_all_released();
+}
+
+TEST_F(Destruction, AllNodesAreNotThoseThatHangNowhere) {
+  jt_node *const root = small_tree();
+  jt_node *const loose = make("integer", "one", JT_NODE_ATTRIBUTE, root->first_child->first_child);
+  EXPECT_EQ(destroy_all_nodes(space, root), 1);
+  EXPECT_TRUE(alive(loose));
+  EXPECT_EQ(count_alive(), 1U);
+  EXPECT_STREQ(loose->name, "one");
+  EXPECT_EQ(destroy_all_nodes(space, loose), 1);
+  expect_all_released();
+}
+
+TEST_F(Destruction, AllNodesAreNotThoseBesideATemplateWithANodeOfAnotherSession) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  const jt_type *const integer = get_type_from_services(space, nullptr, "integer");
+  jt_node *const attribute = add_attribute(scan_invocation(), "integer", "a");
+  linked(attribute, create_value_node(other, integer, "1"));
+  jt_node *const spared = small_tree();
+  EXPECT_EQ(destroy_all_nodes(space, attribute), 1);
+  EXPECT_EQ(count_alive(), 13U);
+  EXPECT_EQ(names_of(spared->first_child), (Names{"one", "two"}));
+  EXPECT_EQ(destroy_all_nodes(space, spared), 1);
+  expect_all_released();
+  jt_close_parsing_utility(other);
 }
 
 TEST_F(Destruction, AllNodesAreThoseOfOneSession) {

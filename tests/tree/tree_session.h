@@ -59,9 +59,17 @@ inline bool children_are_chained(const jt_node &parent) {
   return cursor_found && parent.last_child == before;
 }
 
-// Bookmarks name their nodes, no link dangles, and every list of children is whole.
+// The parent link of a header holds its first attribute.
+inline bool is_loose(const jt_node *node) { return node->parent == nullptr || jt::is_header(*node); }
+
+// Bookmarks name their nodes, no link dangles, every list of children is whole, and loose nodes are counted
+// unless nodes of other sessions are about.
 inline void expect_sound(const jt_parser_space &space) {
   const std::set<const jt_node *> alive = registered_nodes(space);
+  const auto loose = std::count_if(alive.begin(), alive.end(), is_loose);
+  if (!space.has_strangers) {
+    ASSERT_EQ(space.loose_nodes, loose);
+  }
   for (const jt_node *const node : alive) {
     ASSERT_EQ(space.table.slots[node->bookmark], node);
     ASSERT_TRUE(links_are_alive(alive, *node)) << "bookmark " << node->bookmark;
