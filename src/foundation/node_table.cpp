@@ -141,6 +141,8 @@ std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node) {
   return slot;
 }
 
+std::int32_t live_nodes(const jt_parser_space &space) { return space.table.count - space.free_slots.free; }
+
 void vacate_slot(jt_parser_space &space, std::int32_t bookmark) {
   space.table.slots[bookmark] = released_slot();
   set_free(space.free_slots, bookmark);

@@ -48,6 +48,8 @@ void vacate_all_slots(jt_parser_space &space);
 // 1 when the slot was live or the bookmark was refused with a report; 0 when it had been released before.
 std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark);
 
+std::int32_t live_nodes(const jt_parser_space &space);
+
 // Whether this very node stands in the slot.
 inline bool holds_node(const NodeTable &table, std::int32_t bookmark, const jt_node *node) {
   // A negative bookmark is larger than any count.

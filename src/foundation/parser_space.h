@@ -15,7 +15,7 @@ struct jt_parser_space {
   jt::ErrorStore errors;
   jt::FreeSlots free_slots;
   jt::PiecePool pool;
-  std::int32_t loose_nodes;       // registered nodes that hang below no other
+  std::int32_t linked_nodes;      // nodes that hang below another
   bool has_strangers;             // a tree holds, or has held, nodes of another session
   jt::BlockSource *block_source;  // not null only while a value node is being made
   const jt::TextRoom *text_room;  // not null only while a template is being encoded

@@ -1,13 +1,10 @@
 // The header stage: the optional "< SIL version encoding identifier >" in its three forms, with the
 // attributes that may follow it.
 #include "foundation/error_store.h"
-#include "foundation/memory.h"
 #include "sil/decoder.h"
 #include "tree/comment.h"
 #include "tree/construction.h"
 #include "tree/links.h"
-#include "tree/node_storage.h"
-#include "types/type_tables.h"
 
 namespace jt {
 namespace {
@@ -48,17 +45,6 @@ Outcome check_encoding(Decoder &decoder, const Token &token) {
   return Outcome::kAccepted;
 }
 
-jt_node *make_header_attribute(Decoder &decoder, std::string_view name, std::string_view text) {
-  jt_node *const node =
-      make_typed_node(*decoder.space, find_base_type("string"), nullptr, name, JT_NODE_ATTRIBUTE);
-  if (node == nullptr) return nullptr;
-  node->value = reinterpret_cast<jt_value *>(copy_text(decoder.space, text));
-  mark_owner(*node);
-  if (node->value != nullptr) return node;
-  destroy_node(decoder.space, node);
-  return nullptr;
-}
-
 struct HeaderValue {
   std::string_view name;
   std::string_view text;
@@ -71,7 +57,7 @@ bool make_header_attributes(Decoder &decoder) {
                                               {"InteractionID", decoder.kept}}};
   std::array<jt_node *, 3> attributes{};
   for (std::size_t i = 0; i < values.size(); ++i) {
-    attributes[i] = make_header_attribute(decoder, values[i].name, values[i].text);
+    attributes[i] = make_header_attribute(*decoder.space, values[i].name, values[i].text);
     if (attributes[i] != nullptr) continue;
     for (jt_node *const made : attributes) destroy_node(decoder.space, made);
     report(decoder.space, message::kNoHeader);

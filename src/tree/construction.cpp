@@ -15,10 +15,7 @@ constexpr std::int32_t kHighestNodeClass = 9;
 // Gives the node its place in the table, or takes the node back.
 jt_node *registered(jt_parser_space &space, jt_node *node) {
   node->bookmark = assign_bookmark(&space, node);
-  if (node->bookmark >= 0) {
-    ++space.loose_nodes;
-    return node;
-  }
+  if (node->bookmark >= 0) return node;
   report(&space, message::kNoBookmark);
   release_node(space, node);
   return nullptr;
@@ -29,6 +26,13 @@ bool keep_text(jt_parser_space &space, NodeRoom &room, char *&field, std::string
   field = room.place(text);
   if (field == nullptr) report(&space, message::kNoNodeText, text);
   return field != nullptr;
+}
+
+void give_kind(jt_node &node, const jt_type *type, std::int32_t node_class, std::string_view name) {
+  node.node_class = static_cast<std::int16_t>(node_class);
+  node.type = type;
+  node.cursor = not_started();
+  node.key_hash = name_hash(name);
 }
 
 // The node of a value that eval or copy has just laid out.
@@ -89,14 +93,27 @@ jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char
     report(&space, message::kNoNode, name);
     return nullptr;
   }
-  node->node_class = static_cast<std::int16_t>(node_class);
-  node->type = type;
-  node->cursor = not_started();
-  node->key_hash = name_hash(name);
+  give_kind(*node, type, node_class, name);
   NodeRoom room(space, *node);
   const bool complete = (name.empty() || keep_text(space, room, node->name, name)) &&
                         (!keeps_type_name || keep_text(space, room, node->unresolved_type_name, unresolved));
   if (complete) return registered(space, node);
+  release_node(space, node);
+  return nullptr;
+}
+
+jt_node *make_header_attribute(jt_parser_space &space, std::string_view name, std::string_view text) {
+  jt_node *const node = take_node(space, name.size() + 1 + text.size() + 1);
+  if (node == nullptr) {
+    report(&space, message::kNoNode, name);
+    return nullptr;
+  }
+  give_kind(*node, find_base_type("string"), JT_NODE_ATTRIBUTE, name);
+  NodeRoom room(space, *node);
+  if (keep_text(space, room, node->name, name)) {
+    node->value = reinterpret_cast<jt_value *>(room.place(text));
+    if (node->value != nullptr) return registered(space, node);
+  }
   release_node(space, node);
   return nullptr;
 }

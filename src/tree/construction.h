@@ -15,6 +15,9 @@ namespace jt {
 jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char *type_name,
                          std::string_view name, std::int32_t node_class);
 
+// An attribute of a header: the text itself, a string, is its value.
+jt_node *make_header_attribute(jt_parser_space &space, std::string_view name, std::string_view text);
+
 // Whether a value node was made; a text that its type refuses is not a failure of the session.
 enum class Making { kMade, kRefused, kNoMemory };
 

@@ -60,6 +60,7 @@ void release_below(jt_parser_space &space, jt_node &top) {
       } else {
         unregister_and_release(space, node);
       }
+      --space.linked_nodes;
       node = parent;
     }
     node = next;
@@ -70,7 +71,6 @@ void destroy(jt_parser_space &space, jt_node &node) {
   if (is_header_attribute(node)) destroy(space, *node.first_child);
   unlink(space, node);
   release_below<Strangers::kReleased>(space, node);
-  --space.loose_nodes;
   unregister_and_release(space, &node);
 }
 
@@ -86,7 +86,6 @@ class ReachedNodes {
     node->cursor = nullptr;
     (last_ != nullptr ? last_->cursor : first_) = node;
     last_ = node;
-    ++count_;
   }
 
   void reach_neighbours() {
@@ -96,8 +95,8 @@ class ReachedNodes {
     }
   }
 
-  // Whether the session has no nodes but these and what hangs below them.
-  bool are_all() const { return count_ == space_.loose_nodes && !space_.has_strangers; }
+  // Whether the session has no nodes but these and what hangs below them: no other stands alone.
+  bool are_all() const { return live_nodes(space_) == space_.linked_nodes && !space_.has_strangers; }
 
   // With what hangs below them.
   void release() {
@@ -109,14 +108,12 @@ class ReachedNodes {
       release_node(space_, node);
       node = next;
     }
-    space_.loose_nodes -= count_;
   }
 
  private:
   jt_parser_space &space_;
   jt_node *first_ = nullptr;
   jt_node *last_ = nullptr;
-  std::int32_t count_ = 0;
 };
 
 // The last node on the way up that the session knows.
@@ -172,7 +169,7 @@ int32_t destroy_all_nodes(jt_parser_space *space, jt_node *node) {
   if (nodes.are_all()) {
     jt::release_all_nodes(*space);
     jt::vacate_all_slots(*space);
-    space->loose_nodes = 0;
+    space->linked_nodes = 0;
   } else {
     nodes.release();
   }

@@ -9,7 +9,7 @@ namespace jt {
 namespace {
 
 void link_between(jt_parser_space &space, jt_node &parent, jt_node *before, jt_node &child, jt_node *after) {
-  --space.loose_nodes;
+  ++space.linked_nodes;
   child.parent = &parent;
   child.previous_sibling = before;
   child.next_sibling = after;
@@ -24,7 +24,7 @@ void leave_siblings(jt_node &node) {
 }
 
 void leave_parent(jt_parser_space &space, jt_node &node) {
-  ++space.loose_nodes;
+  --space.linked_nodes;
   jt_node &parent = *node.parent;
   if (parent.index != nullptr) unindex_child(parent, node);
   jt_node *const neighbour = node.previous_sibling != nullptr ? node.previous_sibling : node.next_sibling;

@@ -122,7 +122,7 @@ class Template : public ::testing::TestWithParam<Scenario> {};
 TEST_P(Template, FailsWithTheMessagesOfWhatIsMissing) { expect_whole_failures(GetParam()); }
 
 std::vector<Scenario> decoding_scenarios() {
-  const Messages no_header = {kNoMemory, "MEMORY ERROR: Saving the header\n ..."};
+  constexpr char kNoHeader[] = "MEMORY ERROR: Saving the header\n ...";
   return {
       decoding_of("Root", "[ service S ] end", {kNoRoot}),
       decoding_of("Comment", "# why\n[ service S ] end",
@@ -131,7 +131,11 @@ std::vector<Scenario> decoding_scenarios() {
                   {kNoRoot,
                    {kNoMemory, "MEMORY ERROR: allocating for the comment:# why\n ..."},
                    {kNoMemory, "MEMORY ERROR: allocating for the comment:# not\n ..."}}),
-      decoding_of("Header", after_header(""), {kNoRoot, no_header, no_header, no_header}),
+      decoding_of("Header", after_header(""), {kNoRoot}),
+      decoding_of("LongIdentifier", "< SIL 4.2.00 ASCII " + kLong + " >\n< /SIL >\n",
+                  {kNoRoot,
+                   {kNoMemory, "MEMORY ERROR: Allocating for InteractionID ...", kNoHeader},
+                   {kNoMemory, kNoHeader}}),
       decoding_of("StatusText", "[ service S ] end (KMT_STATUS_ERROR{why})",
                   {kNoRoot, {kNoMemory, "MEMORY ERROR: duplicating ..."}}),
       decoding_of("Status", "[ service S ] end (odd)",

@@ -60,15 +60,15 @@ inline bool children_are_chained(const jt_node &parent) {
 }
 
 // The parent link of a header holds its first attribute.
-inline bool is_loose(const jt_node *node) { return node->parent == nullptr || jt::is_header(*node); }
+inline bool is_linked(const jt_node *node) { return node->parent != nullptr && !jt::is_header(*node); }
 
-// Bookmarks name their nodes, no link dangles, every list of children is whole, and loose nodes are counted
+// Bookmarks name their nodes, no link dangles, every list of children is whole, and linked nodes are counted
 // unless nodes of other sessions are about.
 inline void expect_sound(const jt_parser_space &space) {
   const std::set<const jt_node *> alive = registered_nodes(space);
-  const auto loose = std::count_if(alive.begin(), alive.end(), is_loose);
+  const auto linked = std::count_if(alive.begin(), alive.end(), is_linked);
   if (!space.has_strangers) {
-    ASSERT_EQ(space.loose_nodes, loose);
+    ASSERT_EQ(space.linked_nodes, linked);
   }
   for (const jt_node *const node : alive) {
     ASSERT_EQ(space.table.slots[node->bookmark], node);
