@@ -42,13 +42,14 @@ std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node);
 // Makes a live slot free.
 void vacate_slot(jt_parser_space &space, std::int32_t bookmark);
 
-// Makes every slot free.
+// How many slots are live.
+std::int32_t live_nodes(const jt_parser_space &space);
+
+// Makes every slot free. The cost is that of the table, not of what lives in it.
 void vacate_all_slots(jt_parser_space &space);
 
 // 1 when the slot was live or the bookmark was refused with a report; 0 when it had been released before.
 std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark);
-
-std::int32_t live_nodes(const jt_parser_space &space);
 
 // Whether this very node stands in the slot.
 inline bool holds_node(const NodeTable &table, std::int32_t bookmark, const jt_node *node) {

@@ -16,7 +16,7 @@ struct jt_parser_space {
   jt::FreeSlots free_slots;
   jt::PiecePool pool;
   std::int32_t linked_nodes;      // nodes that hang below another
-  bool has_strangers;             // a tree holds, or has held, nodes of another session
+  bool must_visit;                // there is, or was, a node of another session or a value of a client's type
   jt::BlockSource *block_source;  // not null only while a value node is being made
   const jt::TextRoom *text_room;  // not null only while a template is being encoded
 };

@@ -11,7 +11,8 @@ namespace jt {
 struct alignas(kPieceUnit) Page {
   std::uint32_t bytes;  // the whole page
   std::uint32_t used;   // up to here pieces have been cut
-  Page *older;          // among all pages
+  jt_parser_space *space;
+  Page *older;  // among all pages
   Page *newer = nullptr;
   std::uint32_t live = 0;         // pieces that have not been released
   std::uint32_t sorted = 0;       // released pieces that wait among those of their length
@@ -25,7 +26,8 @@ namespace {
 
 constexpr std::size_t kFirstPage = 2048;
 constexpr std::size_t kLargestPage = 65536;
-static_assert(kLargestPage / kPieceUnit < UINT16_MAX, "a head can hold every distance");
+static_assert(PieceHead(kMaxPiece / kPieceUnit, kLargestPage / kPieceUnit).units() == kMaxPiece / kPieceUnit);
+static_assert(PieceHead(0, kLargestPage / kPieceUnit).page_units() == kLargestPage / kPieceUnit);
 static_assert(alignof(FreePiece) <= kPieceUnit);
 
 std::byte *byte_of(Page *page, std::size_t offset) { return reinterpret_cast<std::byte *>(page) + offset; }
@@ -107,7 +109,7 @@ void sort_pieces_of(PiecePool &pool, Page *page) {
 // ---- Pages ----
 
 // A page as it is when it has just been opened.
-void clear(Page *page) { *page = {page->bytes, sizeof(Page), page->older}; }
+void clear(Page *page) { *page = {page->bytes, sizeof(Page), page->space, page->older}; }
 
 void unlink_page(Page *page) {
   page->newer->older = page->older;
@@ -138,6 +140,7 @@ void unlink_page(Page *page) {
   auto *const page = static_cast<Page *>(take_unset_block(&space, bytes));
   if (page == nullptr) return nullptr;
   page->bytes = static_cast<std::uint32_t>(bytes);
+  page->space = &space;
   page->older = pool.current;
   clear(page);
   if (pool.current != nullptr) pool.current->newer = page;
@@ -175,6 +178,8 @@ void release_piece(jt_parser_space &space, void *piece) {
 }
 
 void mark_piece(void *piece) { page_of(piece)->marked = true; }
+
+jt_parser_space &session_of_piece(const void *piece) { return *page_of(const_cast<void *>(piece))->space; }
 
 // All visits are made before the first page goes.
 void release_all_pieces(jt_parser_space &space, void (*visit)(jt_parser_space &space, void *piece)) {

@@ -75,8 +75,11 @@ void *take_piece(jt_parser_space &space, std::size_t bytes);
 
 void release_piece(jt_parser_space &space, void *piece);
 
-// The piece is to be seen before all are released.
+// release_all_pieces() is to visit this piece, as long as its page holds any.
 void mark_piece(void *piece);
+
+// The session that the piece was taken in.
+jt_parser_space &session_of_piece(const void *piece);
 
 // Releases every piece. Before that `visit` is called for those that were marked, and for others on their
 // pages.

@@ -54,7 +54,7 @@ bool append_comment(jt_parser_space &space, jt_node &node, std::string_view text
 
 void move_comment(jt_node &from, jt_node &to) {
   to.comment = std::exchange(from.comment, nullptr);
-  mark_owner(to);
+  if (to.comment != nullptr) mark_owner(to);
 }
 
 void release_comment(jt_node &node) {

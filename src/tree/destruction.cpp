@@ -23,12 +23,14 @@ bool is_registered(jt_parser_space &space, const jt_node &node) {
   return false;
 }
 
-void unregister_and_release(jt_parser_space &space, jt_node *node) {
+// From the session that it belongs to, whose tree it may have left for that of another.
+void unregister_and_release(jt_node *node) {
+  jt_parser_space &space = session_of(*node);
   if (is_live(space, *node)) release_bookmark(&space, node->bookmark);
   release_node(space, node);
 }
 
-// What becomes of nodes whose slot the client has released already.
+// What becomes of nodes of another session.
 enum class Strangers { kReleased, kSpared };
 
 // The node or the first sibling behind it that is to be released.
@@ -58,7 +60,7 @@ void release_below(jt_parser_space &space, jt_node &top) {
         vacate_slot(space, node->bookmark);
         release_node(space, node);
       } else {
-        unregister_and_release(space, node);
+        unregister_and_release(node);
       }
       --space.linked_nodes;
       node = parent;
@@ -71,7 +73,7 @@ void destroy(jt_parser_space &space, jt_node &node) {
   if (is_header_attribute(node)) destroy(space, *node.first_child);
   unlink(space, node);
   release_below<Strangers::kReleased>(space, node);
-  unregister_and_release(space, &node);
+  unregister_and_release(&node);
 }
 
 // The nodes at the top of a structure (root, section, header and its attributes), in the order in which they
@@ -95,11 +97,30 @@ class ReachedNodes {
     }
   }
 
-  // Whether the session has no nodes but these and what hangs below them: no other stands alone.
-  bool are_all() const { return live_nodes(space_) == space_.linked_nodes && !space_.has_strangers; }
-
   // With what hangs below them.
   void release() {
+    if (are_all() && are_many()) {
+      release_all();
+    } else {
+      release_each();
+    }
+  }
+
+ private:
+  // Whether the session has no nodes but these and what hangs below them. The reached ones have no slot any
+  // more: what is left must all hang below something.
+  bool are_all() const { return live_nodes(space_) == space_.linked_nodes && !space_.must_visit; }
+
+  // Enough to be worth a walk through the table, which is as long as it ever was.
+  bool are_many() const { return space_.linked_nodes >= space_.table.count / 64; }
+
+  void release_all() {
+    release_all_nodes(space_);
+    vacate_all_slots(space_);
+    space_.linked_nodes = 0;
+  }
+
+  void release_each() {
     for (jt_node *node = first_; node != nullptr; node = node->cursor) {
       if (!is_header_attribute(*node)) release_below<Strangers::kSpared>(space_, *node);
     }
@@ -110,7 +131,6 @@ class ReachedNodes {
     }
   }
 
- private:
   jt_parser_space &space_;
   jt_node *first_ = nullptr;
   jt_node *last_ = nullptr;
@@ -125,7 +145,6 @@ jt_node *top_of(const jt_parser_space &space, jt_node *node) {
 }  // namespace
 
 void destroy_registered_nodes(jt_parser_space &space) {
-  if (!space.has_strangers) return release_all_nodes(space);
   for (std::int32_t slot = 0; slot < space.table.count; ++slot) {
     jt_node *const node = space.table.slots[slot];
     if (node != released_slot()) release_node(space, node);
@@ -166,13 +185,7 @@ int32_t destroy_all_nodes(jt_parser_space *space, jt_node *node) {
   jt::ReachedNodes nodes(*space);
   nodes.reach(jt::top_of(*space, node));
   nodes.reach_neighbours();
-  if (nodes.are_all()) {
-    jt::release_all_nodes(*space);
-    jt::vacate_all_slots(*space);
-    space->linked_nodes = 0;
-  } else {
-    nodes.release();
-  }
+  nodes.release();
   return 1;
 }
 

@@ -5,6 +5,7 @@
 #include "tree/comment.h"
 #include "tree/links.h"
 #include "tree/node.h"
+#include "tree/node_storage.h"
 
 namespace jt {
 namespace {
@@ -26,10 +27,11 @@ bool fits(jt_parser_space *space, const jt_node &parent, const jt_node &child) {
   return allowed;
 }
 
-// A node that this session does not know comes into a tree of its own, or the other way round.
+// A node of another session comes into a tree of this one, or the other way round.
 void note_strangers(jt_parser_space &space, const jt_node &parent, const jt_node &child) {
   for (const jt_node *const node : {&parent, &child}) {
-    if (!holds_node(space.table, node->bookmark, node)) space.has_strangers = true;
+    jt_parser_space &session = session_of(*node);
+    if (&session != &space) session.must_visit = space.must_visit = true;
   }
 }
 

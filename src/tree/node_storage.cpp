@@ -54,7 +54,11 @@ char *NodeRoom::place(std::string_view text) {
 
 ValuePlacement::ValuePlacement(jt_parser_space &space, bool of_library, std::string_view evaluated)
     : BlockSource{take, evaluated}, space_(space) {
-  if (of_library) space_.block_source = this;
+  if (of_library) {
+    space_.block_source = this;
+  } else {
+    space_.must_visit = true;
+  }
 }
 
 ValuePlacement::~ValuePlacement() { space_.block_source = nullptr; }
@@ -77,6 +81,8 @@ void mark_owner(jt_node &node) {
   node.may_own_blocks = true;
   mark_piece(&node);
 }
+
+jt_parser_space &session_of(const jt_node &node) { return session_of_piece(&node); }
 
 void release_text(jt_node &node, char *&text) {
   if (is_block_of_its_own(node, text)) er_free(text);

@@ -59,6 +59,9 @@ class ValuePlacement : private BlockSource {
 // other node is asked for its blocks when it is released.
 void mark_owner(jt_node &node);
 
+// The session that the node was made in.
+jt_parser_space &session_of(const jt_node &node);
+
 // Releases a text of the node and clears the field.
 void release_text(jt_node &node, char *&text);
 

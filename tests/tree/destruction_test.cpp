@@ -413,6 +413,65 @@ TEST_F(Destruction, AllNodesAreNotThoseBesideATemplateWithANodeOfAnotherSession)
   jt_close_parsing_utility(other);
 }
 
+TEST_F(Destruction, AllNodesAreNotOneThatWentToAnotherSession) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  jt_node *const attribute = add_attribute(scan_invocation(), "integer", "a");
+  add_value(attribute, "1");
+  jt_node *const moved = add_value(attribute, "2");
+  jt_decode_template(other, "[ kmt_svc_scan S ] { integer a = 1; } end");
+  jt_node *const theirs = opaque_to_node(other, -100)->first_child->first_child->first_child;
+  EXPECT_EQ(add_child(other, theirs, moved), 1);
+  EXPECT_EQ(destroy_all_nodes(space, attribute), 1);
+  EXPECT_EQ(count_alive(), 1U);
+  EXPECT_TRUE(alive(moved));
+  EXPECT_EQ(children_of(theirs).back(), moved);
+  EXPECT_EQ(destroy_node(space, moved), 1);
+  EXPECT_EQ(children_of(theirs).size(), 1U);
+  jt_close_parsing_utility(other);
+}
+
+TEST_F(Destruction, ANodeLeavesTheSessionThatItBelongsTo) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  const jt_type *const integer = get_type_from_services(space, nullptr, "integer");
+  jt_node *const attribute = add_attribute(scan_invocation(), "integer", "a");
+  linked(attribute, create_value_node(other, integer, "1"));
+  EXPECT_EQ(opaque_to_node(other, -100), attribute->first_child);
+  EXPECT_EQ(destroy_children(space, attribute), 1);
+  EXPECT_EQ(count_alive(), 4U);
+  EXPECT_EQ(opaque_to_node(other, -100), nullptr);
+  EXPECT_EQ(create_value_node(other, integer, "2")->bookmark, 0);
+  jt_close_parsing_utility(other);
+}
+
+TEST_F(Destruction, WhatAKillMakesLivesOn) {
+  static int32_t made;
+  static jt_type maker = jt_test::kOdd;
+  maker.kill = [](jt_parser_space *session, jt_value *value) -> int32_t {
+    made = jt_create_template(session);
+    return er_free(value);
+  };
+  jt_node *const attribute = add_attribute(scan_invocation(), "integer", "odd");
+  attribute->type = &maker;
+  add_value(attribute, "some");
+  EXPECT_EQ(destroy_all_nodes(space, attribute), 1);
+  EXPECT_EQ(count_alive(), 1U);
+  EXPECT_STREQ(opaque_to_node(space, made)->name, "template");
+}
+
+TEST_F(Destruction, ASmallTemplateGoesLikeTheLargeOneBeforeIt) {
+  jt_node *const large = scan_invocation();
+  for (int i = 0; i < 2000; ++i) add_attribute(large, "integer", std::to_string(i).c_str());
+  EXPECT_EQ(destroy_all_nodes(space, large), 1);
+  expect_all_released();
+  for (int round = 0; round < 2; ++round) {
+    jt_node *const small = small_tree();
+    EXPECT_EQ(small->bookmark, 0);
+    EXPECT_EQ(destroy_all_nodes(space, small), 1);
+    expect_all_released();
+  }
+  EXPECT_EQ(space->table.count, 2003);
+}
+
 TEST_F(Destruction, AllNodesAreThoseOfOneSession) {
   jt_parser_space *const other = jt_open_parsing_utility("other");
   const jt_type *const integer = get_type_from_services(space, nullptr, "integer");
