@@ -26,7 +26,7 @@ bool is_registered(jt_parser_space &space, const jt_node &node) {
 // From the session that it belongs to, whose tree it may have left for that of another.
 void unregister_and_release(jt_node *node) {
   jt_parser_space &space = session_of(*node);
-  if (is_live(space, *node)) release_bookmark(&space, node->bookmark);
+  release_bookmark(&space, node->bookmark);
   release_node(space, node);
 }
 
