@@ -55,8 +55,10 @@ static void print_encoded(jt_parser_space *space, int32_t handle) {
 
 static int round_trip(jt_parser_space *space, const char *text) {
   const int32_t handle = jt_decode_template(space, text);
+  const int refused_silently = handle == 0 && jt_last_api_error(space) == JT_OK;
   if (handle != 0) print_encoded(space, handle);
   print_messages(space);
+  if (refused_silently) fprintf(stderr, "the text is cut off\n");
   if (handle == 0) return NOT_DECODED;
   jt_destroy_template(space, handle);
   return DECODED;

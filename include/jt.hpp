@@ -42,9 +42,9 @@
 #ifndef JT_HPP
 #define JT_HPP
 
-#if __cplusplus <= 201703L
-#error "jt.hpp needs C++20 (-std=c++20); jt.h does not"
-#endif
+#if __cplusplus <= 201703L && !defined(DOXYGEN)
+#error "jt.hpp needs C++20: compile with -std=c++20, or link the CMake target jt::cpp; jt.h needs neither"
+#else
 
 #include <algorithm>
 #include <array>
@@ -1507,5 +1507,7 @@ inline Template::Template(const Session &session, std::int32_t owned) noexcept
 
 }  // namespace client
 }  // namespace jt
+
+#endif  // C++20
 
 #endif
