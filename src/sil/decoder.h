@@ -1,4 +1,4 @@
-// What the four machines of the decoder share: the state of one decoding, the names of all states, and the
+// What the five machines of the decoder share: the state of one decoding, the names of all states, and the
 // shape of their tables. A machine is a table of rows "in this state, this token, do that, go there". The
 // first row of a state that takes the token and whose action agrees decides; when there is none, the token
 // was wrong.

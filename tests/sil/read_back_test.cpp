@@ -113,6 +113,11 @@ TEST_F(ReadBack, ARealBeyondItsRangeIsMissing) {
                     attribute("real a = ;"));
 }
 
+TEST_F(ReadBack, ARealKeepsSixDecimals) {
+  EXPECT_EQ(written("[ kmt_svc_scan A ] { real a = 0.00000001, 0.12345678; } end"),
+            attribute("real a = 0.000000, 0.123457;"));
+}
+
 // ---- Values that a client made ----
 
 TEST_F(ReadBack, AValueOfMoreThan1024BytesIsRefused) {
