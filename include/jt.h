@@ -159,7 +159,7 @@ typedef struct jt_type {
   /* Order of two values: -1, 0, 1, or -2 for "different" where a type has no order. Two strings: negative, 0
    * or positive, the difference of the first bytes that differ. */
   int32_t (*cmp)(jt_parser_space *space, const jt_value *a, const jt_value *b);
-  /* Releases a value. 1; for null 1 as well, except the two reference types: 0, with
+  /* Releases a value. The result is 1, for null as well; only the two reference types refuse null: 0, with
    * "MEMORY ERROR: Invalid value, cannot dereferce NULL" for ref_invocation and
    * "MEMORY ERROR: Invalid value, cannot dereference NULL" for ref_collection. */
   int32_t (*kill)(jt_parser_space *space, jt_value *value);
@@ -206,8 +206,8 @@ enum {
 JT_API jt_parser_space *jt_open_parsing_utility(const char *label);
 
 /* Closes a session and destroys every template that is still alive in it. Texts, values and statuses that
- * were handed out remain the caller's; release them before (or with free() after). Always 1, for null as
- * well. No frame. O(nodes alive). */
+ * were handed out remain the caller's; release them before (or with free() after). The result is always 1,
+ * for null as well. It has no frame. O(nodes alive). */
 JT_API int32_t jt_close_parsing_utility(jt_parser_space *space);
 
 /* Two lines: "VERSION 4.2.00" and a notice, each with its line feed. The library's. Null for a null
@@ -424,8 +424,9 @@ JT_API char *jt_encode_value(jt_parser_space *space, const char *type_name, cons
 JT_API jt_value *jt_decode_value(jt_parser_space *space, const char *type_name, const char *text,
                                  const char *service_name);
 
-/* Releases a value; type and service as when it was made. 1. "CALL ERROR: value is null, cannot delete"
- * comes first, before the session is tested and without resetting the status.
+/* Releases a value of the library's, named by the type and the service that it was made with: 1. A null value
+ * gives 0 with "CALL ERROR: value is null, cannot delete", before the session is tested and without resetting
+ * the status.
  * "CALL ERROR: no type construct to destroy the value", "SYSTEM ERROR: undefined cmp function for" + type:
  * the value is not released. */
 JT_API int32_t jt_destroy_value(jt_parser_space *space, const char *type_name, jt_value *value,
