@@ -49,13 +49,14 @@ static void print_messages(jt_parser_space *session) {
 
 /* [tell doubts from refusal] */
 /* The status must be asked for before the messages: reading them resets it. A text that is cut off in its end
- * marker or in a section is refused without a message. */
+ * marker or in the marks of a section is refused without an error, at most with warnings of what stands
+ * before. */
 static int check(jt_parser_space *session, const char *text) {
   set_mark(session);
   const int32_t job = jt_decode_template(session, text);
   const int32_t status = jt_last_api_error(session);
   print_messages(session);
-  if (job == 0 && status == JT_OK) puts("the text is cut off");
+  if (job == 0 && (status == JT_OK || status == JT_WARNING)) puts("the text is cut off");
   if (job == 0) return REFUSED;
   jt_destroy_template(session, job);
   return status == JT_OK ? FINE : DOUBTFUL;

@@ -296,19 +296,19 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
  *   "WARNING: unknown service:" + name        twice for each invocation; it knows only the base types
  *   any report of a type about a value        see Values; a refused value is absent, a doubtful one is kept
  *
- * It stops without a report where the text ends inside a section or inside the end marker ("< /SIL"): the
- * text is cut off. So of a failed decode ask jt_last_api_error() first. JT_OK means that nothing was
- * reported; jt_get_recent_error() is then an older message or null.
+ * It stops without a report where the text is cut off: where it ends inside the end marker ("< /SIL"), inside
+ * a mark of a section, or between the two marks of an empty one. So of a failed decode ask
+ * jt_last_api_error() first. JT_OK means that nothing was reported, and jt_get_recent_error() is then an
+ * older message or null; JT_WARNING that there was nothing but warnings of what stands before.
  */
 
 /* A new empty template, without a header. Its handle, or 0 without memory. Destroy it with
  * jt_destroy_template(). */
 JT_API int32_t jt_create_template(jt_parser_space *space);
 
-/* Decodes a text of SIL. Its handle, or 0; a failed decode leaves no node behind. It has reported one of the
- * messages above, unless the text is null or cut off in a section or in the end marker: those are refused
- * silently, and jt_last_api_error() gives JT_OK, or JT_WARNING or JT_SYNTAX_ERROR for what had been reported
- * and gone on after. The text is not changed and not needed afterwards. O(length of the text). */
+/* Decodes a text of SIL. Its handle, or 0; a failed decode leaves no node behind. It has reported why, as
+ * above, unless the text is null or cut off: then the status is JT_OK, or that of an earlier report after
+ * which decoding went on. The text is not changed and not needed afterwards. O(length of the text). */
 JT_API int32_t jt_decode_template(jt_parser_space *space, const char *text);
 
 /* [template] Writes the template as SIL in one fixed layout: a new text, the caller's; null on failure. An

@@ -90,6 +90,16 @@ TEST(Check, SaysThatATextIsCutOff) {
   }
 }
 
+TEST(Check, SaysThatATextIsCutOffBehindItsWarnings) {
+  const ScratchDirectory scratch;
+  const std::string file =
+      scratch.write("job.sil", "< SIL 4.1 ASCII job > [ kmt_svc_scan Scan ] { enum_sided Sides = A; } end <");
+  expect_output(run_client("check", {file}), 2,
+                "WARNING: version number mismatch\n ...\n"
+                "WARNING: trying to evaluate as an 'enumerated' type:A ...\n"
+                "the text is cut off\n");
+}
+
 TEST(Check, PrintsNoMessageOfAnEarlierFile) {
   const std::string doubtful = JT_SOURCE_DIR "/examples/doubtful_values.sil";
   const std::string good = JT_SOURCE_DIR "/examples/copy.sil";

@@ -126,6 +126,9 @@ TEST(CppClients, CheckTheSameFiles) {
   const std::string cut_off = kExamples + "rejected/end_marker_cut_off.sil";
   expect_same("check", {doubtful, kExamples + "copy.sil", doubtful, cut_off});
   expect_same("check", {kExamples + "copy.sil", kExamples + "missing.sil"});
+  const ScratchDirectory scratch;
+  const std::string warned = scratch.write("warned.sil", "< SIL 4.1 ASCII job > <");
+  for (const char *client : {"check", "roundtrip"}) expect_same(client, {warned});
 }
 
 TEST(CppClients, ListTheSameTypes) {
