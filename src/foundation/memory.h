@@ -1,5 +1,6 @@
-// Blocks of the heap. Everything that outlives a call and everything that a client receives is a block from
-// here, so that one allocator can be put beneath the library and every failure is reported the same way.
+// Blocks of the heap that report their failure in one way, and the texts and values that are made of them.
+// What is here, and the little that asks the heap by itself (the encoder's output, indexes, plain copies),
+// uses malloc, calloc, realloc and free of the C library, so whatever replaces those replaces all of it.
 #ifndef JT_FOUNDATION_MEMORY_H
 #define JT_FOUNDATION_MEMORY_H
 
