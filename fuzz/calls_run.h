@@ -8,8 +8,8 @@
 #include <iterator>
 #include <type_traits>
 
-#include "foundation/markers.h"
-#include "foundation/parser_space.h"
+#include "base/markers.h"
+#include "base/parser_space.h"
 #include "model.h"
 #include "support.h"
 
@@ -106,7 +106,7 @@ struct Run {
     const auto count = static_cast<std::size_t>(table.count);
     check(count >= model.slots.size(), operation, "takes all its slots");
     for (std::size_t slot = 0; slot < count; ++slot) {
-      const bool is_live = table.slots[slot] != jt::released_slot();
+      const bool is_live = table.slots[slot] != jt_core::released_slot();
       if (is_live != model.is_live(slot)) check(false, operation, "slot " + std::to_string(slot));
     }
   }

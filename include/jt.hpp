@@ -69,11 +69,6 @@
 
 namespace jt {
 
-/// Everything here is used as jt::Name. The inner namespace keeps it apart from the library's own code, which
-/// lives in namespace jt as well and has other classes of some of these names: linked into one program, the
-/// two must not be taken for each other.
-inline namespace client {
-
 class Session;
 class Service;
 
@@ -1577,7 +1572,6 @@ inline Status::Status(const Session &session, jt_status *owned) noexcept : Statu
 inline Template::Template(const Session &session, std::int32_t owned) noexcept
     : Template(session.link_, owned) {}
 
-}  // namespace client
 }  // namespace jt
 
 #endif  // C++20

@@ -399,7 +399,7 @@ std::vector<Scenario> long_list_scenarios() {
       const std::string name = "a" + std::to_string(i);
       jt_add_attribute(w.space, w.job, "Scan", "integer", name.c_str());
     }
-    jt::drop_index(*w.invocation());
+    jt_core::drop_index(*w.invocation());
   };
   const auto add_many_values = [](World &w) {
     for (int i = 10; w.live() < 60; ++i) {

@@ -17,7 +17,7 @@ class Encoder : public DecodeTest {
     jt_node *const root = decoded("[ service A ] end");
     jt_node *const service = root->first_child;
     const jt_type *const type = service->type;
-    service->type = jt::unknown_type();
+    service->type = jt_core::unknown_type();
     service->unresolved_type_name = type_name.data();
     const std::string written = take_text(encode_template(space, root));
     service->type = type;
