@@ -186,7 +186,7 @@ INSTANTIATE_TEST_SUITE_P(EncodingOfUnknownTypes, Template, ::testing::Values(enc
                          scenario_name);
 
 // Looking for a name among many builds a table; without it the look-up is only slower.
-// The room grows while the text is written, so some failures come when many columns have been counted.
+// Its text would be one long line, behind which the next text is folded.
 TEST(FailedEncoding, LeavesTheColumnWhereItWas) {
   World world("");
   const int32_t long_line = jt_create_template(world.space);
