@@ -97,6 +97,10 @@ const Shape kShapes[] = {
     {"`a:1,a:2`, references",
      filled(
          values("ref_invocation"), [](std::size_t i) { return "a:" + std::to_string(i) + ","; }, "0;}end")},
+    {"`MANANA/100/117`, magnifications",
+     filled(
+         values("struct_magnification"),
+         [](std::size_t i) { return "MANANA/100/" + std::to_string(100 + i % 300) + ","; }, kValuesEnd)},
     {"`x,x,x`, nothing but warnings", repeated(values("enum_mediasize"), "x,", kValuesEnd)},
     {"`x,x,x`, nothing but values that are refused", repeated(values("integer"), "x,", kValuesEnd)},
     {"`{}(x)`, statuses that nobody knows", repeated("[service A]", "{}(x)", "end")},
