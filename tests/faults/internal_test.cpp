@@ -253,6 +253,9 @@ std::vector<Scenario> status_scenarios() {
       {"SetStatusOfANumberWithoutAName",
        [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kUnnamed)); },
        {{kNoMemory, "MEMORY ERROR: allocating for status. ..."}}},
+      {"SetStatusOfAnUnknownName",
+       [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kOdd)); },
+       {}},
   };
 }
 
