@@ -54,7 +54,7 @@ std::string on_one_line(std::string message) {
   return message;
 }
 
-// The messages behind the last mark, the newest first.
+// The messages behind the last mark, the oldest first.
 std::vector<std::string> messages_of_call(jt_parser_space *space) {
   std::vector<std::string> messages;
   jt_get_recent_error(space);
@@ -62,6 +62,7 @@ std::vector<std::string> messages_of_call(jt_parser_space *space) {
     if (std::string_view(message).starts_with(kMark)) break;
     messages.push_back(on_one_line(message));
   }
+  std::reverse(messages.begin(), messages.end());
   return messages;
 }
 
@@ -84,13 +85,19 @@ std::string essence_of(std::string_view text) {
   return essence;
 }
 
+bool print(const char *text) {
+  if (std::fputs(text, stdout) >= 0 && std::fflush(stdout) == 0) return true;
+  say("standard output", std::strerror(errno));
+  return false;
+}
+
 // One template on its way through the library. Every doubt is said when it arises.
 class RoundTrip {
  public:
   explicit RoundTrip(std::string name) : name_(std::move(name)) {}
 
   ExitStatus run(const std::string &text) {
-    if (const std::size_t nul = text.find('\0'); nul != text.npos)
+    if (const std::size_t nul = text.find('\0'); nul != std::string::npos)
       doubt("a NUL byte at offset " + std::to_string(nul) + " ends the text; what follows it is not read");
     const Session session = open_session();
     const int32_t job = jt_decode_template(session.get(), text.c_str());
@@ -118,13 +125,7 @@ class RoundTrip {
     const std::vector<std::string> messages = messages_of_call(space);
     if (messages.size() == JT_HISTORY_LENGTH)
       doubt(step + "the last five messages; there may be more before");
-    for (auto message = messages.rbegin(); message != messages.rend(); ++message) doubt(step + *message);
-  }
-
-  bool print(const char *text) {
-    if (std::fputs(text, stdout) >= 0 && std::fflush(stdout) == 0) return true;
-    say("standard output", std::strerror(errno));
-    return false;
+    for (const std::string &message : messages) doubt(step + message);
   }
 
   // In a session of its own, whose messages are about the copy.
