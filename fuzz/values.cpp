@@ -123,8 +123,8 @@ void check_order(const jt_type &type, const Value &a, const Value &b) {
   const bool opposite = (forth > 0) == (back < 0) && (forth < 0) == (back > 0);
   check(opposite || (forth == -2 && back == -2), "the order of two values is one", a.text());
   std::uint32_t hashes[2] = {};
-  if (forth != 0 || !jt::hash_value(type, a.get(), hashes[0])) return;
-  check(jt::hash_value(type, b.get(), hashes[1]) && hashes[0] == hashes[1], "equal values have one hash",
+  if (forth != 0 || !jt::hash_value(nullptr, type, a.get(), hashes[0])) return;
+  check(jt::hash_value(nullptr, type, b.get(), hashes[1]) && hashes[0] == hashes[1], "equal values have one hash",
         b.text());
 }
 

@@ -57,6 +57,7 @@ bool write_value(Encoder &encoder, std::string_view text, Quoting quoting, bool 
 }
 
 bool write_pending_value(Encoder &encoder, const jt_node &value, bool separate) {
+  if (!has_pending_value(value)) return false;
   if (write_value(encoder, view_of(value.pending_value), Quoting::kNone, separate)) return true;
   if (!encoder.out.failed()) jt_error(encoder.space, message::kNoPendingText, value.pending_value);
   encoder.out.fail();

@@ -10,7 +10,8 @@
 namespace jt {
 namespace {
 
-constexpr std::int32_t kHighestNodeClass = 9;
+// One more than there are classes: no look-up has a type for it, and that is what is reported.
+constexpr std::int32_t kMaxNodeClass = 9;
 
 // Gives the node its place in the table, or takes the node back.
 jt_node *registered(jt_parser_space &space, jt_node *node) {
@@ -130,7 +131,7 @@ extern "C" {
 
 jt_node *create_typed_node(jt_parser_space *space, const char *type_name, const char *node_name,
                            int32_t node_class, jt_node *enclosing) {
-  if (node_class < 0 || node_class > jt::kHighestNodeClass) {
+  if (node_class < 0 || node_class > jt::kMaxNodeClass) {
     jt::report(space, jt::message::kUnknownNodeClass);
     return nullptr;
   }

@@ -110,7 +110,7 @@ namespace {
   }
   release_value(space, node);
   release_status(space, node);
-  drop_index(node);
+  release_index(node);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cmath>
 
 #include "foundation/text.h"
 #include "types/enumeration.h"
@@ -12,58 +14,60 @@
 namespace jt {
 namespace {
 
-constexpr std::uint32_t mix(std::uint32_t hash, std::int32_t number) {
-  hash = (hash ^ static_cast<std::uint32_t>(number)) * 2654435761U;
-  return hash ^ hash >> 15U;
+// What the comparison of each record looks at, or less.
+std::array<std::int32_t, 1> compared(std::int32_t value) { return {value}; }
+const Timestamp::Value &compared(const Timestamp::Value &time) { return time; }
+std::array<std::int32_t, 2> compared(const TimeOfDay::Value &time) { return {time.hour, time.minute}; }
+std::array<std::int32_t, 2> compared(const Gutter::Value &gutter) {
+  return {gutter.first_width, gutter.second_width};
 }
-
-template <typename... Numbers>
-constexpr std::uint32_t hash_of(Numbers... numbers) {
-  std::uint32_t hash = 0;
-  ((hash = mix(hash, numbers)), ...);
-  return hash;
+std::array<std::int32_t, 2> compared(const Rectangle::Value &rectangle) {
+  return {rectangle.width, rectangle.height};
 }
-
-// Each hash takes in what the type's comparison looks at, or less.
-std::uint32_t hash_fields(std::int32_t value) { return hash_of(value); }
-std::uint32_t hash_fields(const Timestamp::Value &time) {
-  return hash_of(time[0], time[1], time[2], time[3], time[4], time[5]);
+std::array<std::int32_t, 2> compared(const Magnification::Value &magnification) {
+  return {magnification.mode, magnification.first};
 }
-std::uint32_t hash_fields(const TimeOfDay::Value &time) { return hash_of(time.hour, time.minute); }
-std::uint32_t hash_fields(const Gutter::Value &gutter) {
-  return hash_of(gutter.first_width, gutter.second_width);
-}
-std::uint32_t hash_fields(const Rectangle::Value &rectangle) {
-  return hash_of(rectangle.width, rectangle.height);
-}
-std::uint32_t hash_fields(const Magnification::Value &magnification) {
-  return hash_of(magnification.mode, magnification.first);
-}
-std::uint32_t hash_fields(const Borders::Value &borders) {
+std::array<std::int32_t, 3> compared(const Borders::Value &borders) {
   const auto &margins = borders.first.margins;
-  return hash_of(margins[0], margins[1], margins[3]);
+  return {margins[0], margins[1], margins[3]};
 }
+
+using Hash = bool (*)(const HashKey *key, const jt_value *value, std::uint32_t &hash);
 
 template <typename Family>
-std::uint32_t hash_flat(const jt_value *value) {
-  return hash_fields(FlatType<Family>::read(value));
+bool hash_flat(const HashKey *key, const jt_value *value, std::uint32_t &hash) {
+  hash = hash_numbers(key, compared(FlatType<Family>::read(value)));
+  return true;
 }
 
-std::uint32_t hash_enumerated(const jt_value *value) {
-  return hash_of(static_cast<std::int32_t>(enumerated_number(value)));
+// Minus zero equals zero.
+bool hash_real(const HashKey *key, const jt_value *value, std::uint32_t &hash) {
+  const float number = FlatType<Real>::read(value);
+  if (std::isnan(number)) return false;
+  hash = hash_numbers(key, compared(number == 0 ? 0 : std::bit_cast<std::int32_t>(number)));
+  return true;
 }
 
-std::uint32_t hash_string(const jt_value *value) { return name_hash(reinterpret_cast<const char *>(value)); }
+bool hash_enumerated(const HashKey *key, const jt_value *value, std::uint32_t &hash) {
+  hash = hash_numbers(key, compared(static_cast<std::int32_t>(enumerated_number(value))));
+  return true;
+}
+
+bool hash_string(const HashKey *key, const jt_value *value, std::uint32_t &hash) {
+  hash = hash_name(key, reinterpret_cast<const char *>(value));
+  return true;
+}
 
 // Both kinds of reference begin with the name.
-std::uint32_t hash_reference(const jt_value *value) {
-  return name_hash(*reinterpret_cast<const char *const *>(value));
+bool hash_reference(const HashKey *key, const jt_value *value, std::uint32_t &hash) {
+  hash = hash_name(key, view_of(*reinterpret_cast<const char *const *>(value)));
+  return true;
 }
 
 // A family is known by its comparison.
 struct Hasher {
   decltype(jt_type::cmp) cmp;
-  std::uint32_t (*hash)(const jt_value *value);
+  Hash hash;
 };
 
 constexpr std::array kHashers = {
@@ -71,6 +75,7 @@ constexpr std::array kHashers = {
     Hasher{FlatType<Integer>::cmp, hash_flat<Integer>},
     Hasher{cmp_enumerated, hash_enumerated},
     Hasher{FlatType<Boolean>::cmp, hash_flat<Boolean>},
+    Hasher{FlatType<Real>::cmp, hash_real},
     Hasher{FlatType<Timestamp>::cmp, hash_flat<Timestamp>},
     Hasher{FlatType<TimeOfDay>::cmp, hash_flat<TimeOfDay>},
     Hasher{InvocationReference::cmp, hash_reference},
@@ -83,13 +88,11 @@ constexpr std::array kHashers = {
 
 }  // namespace
 
-bool hash_value(const jt_type &type, const jt_value *value, std::uint32_t &hash) {
+bool hash_value(const HashKey *key, const jt_type &type, const jt_value *value, std::uint32_t &hash) {
   if (value == nullptr || type.cmp == nullptr) return false;
   const auto *const found = std::find_if(kHashers.begin(), kHashers.end(),
                                          [&](const Hasher &hasher) { return hasher.cmp == type.cmp; });
-  if (found == kHashers.end()) return false;
-  hash = found->hash(value);
-  return true;
+  return found != kHashers.end() && found->hash(key, value, hash);
 }
 
 }  // namespace jt

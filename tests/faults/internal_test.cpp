@@ -264,7 +264,7 @@ std::vector<Scenario> status_scenarios() {
        {}},
       {"SetStatusOfANumberWithoutAName",
        [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kUnnamed)); },
-       {{kNoMemory}}},
+       {{kNoMemory, "MEMORY ERROR: allocating for status. ..."}}},
   };
 }
 
