@@ -8,7 +8,7 @@
 #include "tree/node.h"
 #include "tree/node_storage.h"
 #include "tree/sibling_order.h"
-#include "types/value_hash.h"
+#include "types/type_tables.h"
 
 namespace jt {
 namespace {
@@ -78,11 +78,14 @@ bool key_equals(const Key &key, const jt_node &child) {
   return key.type->cmp(nullptr, key.value, child.value) == 0;
 }
 
-// False where values of the type have no hash.
+// False where there is no hash: of values of a client's own type, and of a real that is no number.
 bool hash_key(const HashKey *secret, const Key &key, std::uint32_t &hash) {
-  if (key.type != nullptr) return hash_value(secret, *key.type, key.value, hash);
-  hash = hash_name(secret, key.text);
-  return true;
+  if (key.type == nullptr) {
+    hash = hash_name(secret, key.text);
+    return true;
+  }
+  const ValueFamily *const family = family_of(key.type);
+  return family != nullptr && key.value != nullptr && family->operations->hash(secret, key.value, hash);
 }
 
 const HashKey &secret_of(jt_parser_space &space) {
@@ -93,6 +96,15 @@ const HashKey &secret_of(jt_parser_space &space) {
 
 // Makes the secret hash that of the index, if it is not yet; without memory for it the plain one stays.
 void use_secret_hash(jt_node &parent);
+
+// The same for a child that has no entry yet, and whose name has been hashed already; one without a key has
+// any.
+bool hash_child(const HashKey *secret, const jt_node &child, std::uint32_t &hash) {
+  if (is_value(child) || (secret != nullptr && child.name != nullptr))
+    return hash_key(secret, key_of(child), hash);
+  hash = child.key_hash;
+  return true;
+}
 
 // ---- The table --------------------------------------------------------------------------------------------
 
@@ -164,7 +176,8 @@ std::uint32_t close_gap(ChildIndex &index, std::uint32_t gap) {
   return steps;
 }
 
-EntryNumber take_entry(ChildIndex &index, jt_node &child) {
+// Gives a child an entry, and a place before `after` where children have places.
+void take_entry(ChildIndex &index, jt_node &child, const jt_node *after) {
   EntryNumber number = index.released;
   if (number != kNoEntry) {
     index.released = index.children[number].next_released;
@@ -173,8 +186,10 @@ EntryNumber take_entry(ChildIndex &index, jt_node &child) {
   }
   index.children[number].child = &child;
   child.entry = number;
-  if (index.places != nullptr) index.places[number] = {};
-  return number;
+  if (index.places != nullptr) {
+    index.places[number] = {};
+    number_sibling(index.places, child, after);
+  }
 }
 
 // The child has no entry any more.
@@ -236,8 +251,9 @@ bool reserve_entry(jt_node &parent) {
   return false;
 }
 
-// Gives a child that has its entry the slot of its key, or a place among those that have the same key.
-void enter(jt_node &parent, const jt_node &child, std::uint32_t hash) {
+// Gives a child that has its entry the slot of its key, or a place among those that have the same key. `last`
+// is the last child that has an entry.
+void enter(jt_node &parent, const jt_node &child, std::uint32_t hash, const jt_node &last) {
   ChildIndex &index = *parent.index;
   const Probe probe = probe_for(index, key_of(child), hash);
   if (probe.slot->entry == kNoEntry) {
@@ -245,7 +261,7 @@ void enter(jt_node &parent, const jt_node &child, std::uint32_t hash) {
   } else {
     if (index.places == nullptr) {
       if (!open_places(index)) return drop_index(parent);
-      number_siblings(index.places, parent.first_child);
+      number_siblings(index.places, parent.first_child, last);
     }
     probe.slot->entry = join_heaps(index.places, probe.slot->entry, child.entry);
   }
@@ -258,21 +274,17 @@ void build_index(jt_node &parent) {
   std::uint32_t children = 0;
   std::uint32_t hash = 0;
   for (const jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
-    const bool indexable =
-        ++children < kMaxIndexed && (!has_key(*child) || hash_key(nullptr, key_of(*child), hash));
+    const bool indexable = ++children < kMaxIndexed && hash_child(nullptr, *child, hash);
     if (!indexable) return;
   }
   parent.index = open_index(std::bit_ceil(children * 2));
   if (parent.index == nullptr) return;
   mark_owner(parent);
-  for (jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
-    take_entry(*parent.index, *child);
-  }
   for (jt_node *child = parent.first_child; child != nullptr && parent.index != nullptr;
        child = child->next_sibling) {
-    if (!has_key(*child)) continue;
-    hash_key(parent.index->secret, key_of(*child), hash);
-    enter(parent, *child, hash);
+    hash_child(parent.index->secret, *child, hash);
+    take_entry(*parent.index, *child, nullptr);
+    if (has_key(*child)) enter(parent, *child, hash, *child);
   }
 }
 
@@ -338,10 +350,9 @@ void index_child(jt_node &parent, jt_node &child) {
   if (parent.index == nullptr || !reserve_entry(parent)) return;
   ChildIndex &index = *parent.index;
   std::uint32_t hash = 0;
-  if (has_key(child) && !hash_key(index.secret, key_of(child), hash)) return drop_index(parent);
-  take_entry(index, child);
-  if (index.places != nullptr) number_between_siblings(index.places, child);
-  if (has_key(child)) enter(parent, child, hash);
+  if (!hash_child(index.secret, child, hash)) return drop_index(parent);
+  take_entry(index, child, child.next_sibling);
+  if (has_key(child)) enter(parent, child, hash, *parent.last_child);
 }
 
 void unindex_child(jt_node &parent, jt_node &child) {

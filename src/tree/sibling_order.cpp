@@ -88,16 +88,16 @@ EntryNumber join_list(SiblingPlace *places, EntryNumber list) {
 
 }  // namespace
 
-void number_siblings(SiblingPlace *places, jt_node *first) {
+void number_siblings(SiblingPlace *places, jt_node *first, const jt_node &last) {
   std::uint64_t order = 0;
-  for (jt_node *child = first; child != nullptr; child = child->next_sibling) {
+  for (jt_node *child = first;; child = child->next_sibling) {
     order_of(places, *child) = order += kGap;
+    if (child == &last) return;
   }
 }
 
-void number_between_siblings(SiblingPlace *places, jt_node &child) {
+void number_sibling(SiblingPlace *places, jt_node &child, const jt_node *after) {
   const jt_node *const before = child.previous_sibling;
-  const jt_node *const after = child.next_sibling;
   const std::uint64_t low = before != nullptr ? order_of(places, *before) : 0;
   const std::uint64_t high = after != nullptr ? order_of(places, *after) : kMaxOrder;
   const std::uint64_t step = std::min(kGap, (high - low) / 2);

@@ -26,11 +26,11 @@ struct SiblingPlace {
   EntryNumber previous;  // below the same child or, for the first of them, that child
 };
 
-// Numbers all children of a list.
-void number_siblings(SiblingPlace *places, jt_node *first);
+// Numbers the children of a list from its first to this one.
+void number_siblings(SiblingPlace *places, jt_node *first, const jt_node &last);
 
-// Numbers one that has just been linked among siblings that have their numbers.
-void number_between_siblings(SiblingPlace *places, jt_node &child);
+// Numbers one that stands behind siblings that have their numbers, and before `after`, if that is not null.
+void number_sibling(SiblingPlace *places, jt_node &child, const jt_node *after);
 
 // The top of two heaps, either of which may be none, joined.
 EntryNumber join_heaps(SiblingPlace *places, EntryNumber a, EntryNumber b);

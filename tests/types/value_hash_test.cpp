@@ -1,5 +1,4 @@
 // Hashes of values: equal values have equal hashes, and what cannot be hashed says so.
-#include "types/value_hash.h"
 
 #include <gtest/gtest.h>
 
@@ -9,15 +8,20 @@
 
 #include "api/value_types.h"
 #include "jt.h"
+#include "types/type_tables.h"
 
 namespace jt_test {
 namespace {
 
 class ValueHash : public ::testing::Test {
  protected:
+  static bool hash_value(const jt::HashKey *secret, const jt_type &type, const jt_value *value,
+                         uint32_t &hash) {
+    return jt::family_of(&type)->operations->hash(secret, value, hash);
+  }
   uint32_t hash_of_real(float number) const {
     uint32_t hash = 0;
-    EXPECT_TRUE(jt::hash_value(secret, real, reinterpret_cast<const jt_value *>(&number), hash));
+    EXPECT_TRUE(hash_value(secret, real, reinterpret_cast<const jt_value *>(&number), hash));
     return hash;
   }
   static const jt_type &type_of(const TypeRow &row) {
@@ -33,8 +37,8 @@ class ValueHash : public ::testing::Test {
     jt_value *const copy = type.copy(nullptr, value);
     uint32_t hash = 1;
     uint32_t other = 2;
-    EXPECT_TRUE(jt::hash_value(secret, type, value, hash)) << row.type;
-    EXPECT_TRUE(jt::hash_value(secret, type, copy, other)) << row.type;
+    EXPECT_TRUE(hash_value(secret, type, value, hash)) << row.type;
+    EXPECT_TRUE(hash_value(secret, type, copy, other)) << row.type;
     EXPECT_EQ(hash, other) << row.type;
     type.kill(nullptr, value);
     type.kill(nullptr, copy);
@@ -68,7 +72,7 @@ TEST_F(ValueHash, OfMinusZeroIsThatOfZero) {
 TEST_F(ValueHash, IsNotThereForARealThatIsNoNumber) {
   const float number = std::numeric_limits<float>::quiet_NaN();
   uint32_t hash = 7;
-  EXPECT_FALSE(jt::hash_value(nullptr, real, reinterpret_cast<const jt_value *>(&number), hash));
+  EXPECT_FALSE(hash_value(nullptr, real, reinterpret_cast<const jt_value *>(&number), hash));
   EXPECT_EQ(hash, 7U);
 }
 
@@ -78,34 +82,37 @@ TEST_F(ValueHash, DependsOnTheSecret) {
   const jt_type &integer = *get_type_from_services(nullptr, nullptr, "integer");
   std::vector<uint32_t> hashes(3);
   const auto *const value = reinterpret_cast<const jt_value *>(&number);
-  EXPECT_TRUE(jt::hash_value(nullptr, integer, value, hashes[0]));
-  EXPECT_TRUE(jt::hash_value(&kSecret, integer, value, hashes[1]));
-  EXPECT_TRUE(jt::hash_value(&other, integer, value, hashes[2]));
+  EXPECT_TRUE(hash_value(nullptr, integer, value, hashes[0]));
+  EXPECT_TRUE(hash_value(&kSecret, integer, value, hashes[1]));
+  EXPECT_TRUE(hash_value(&other, integer, value, hashes[2]));
   EXPECT_NE(hashes[0], hashes[1]);
   EXPECT_NE(hashes[1], hashes[2]);
 }
 
-TEST_F(ValueHash, IsNotThereForNull) {
-  uint32_t hash = 7;
-  for (const TypeRow &row : kBaseTypes)
-    EXPECT_FALSE(jt::hash_value(nullptr, type_of(row), nullptr, hash)) << row.type;
-  EXPECT_EQ(hash, 7U);
+// Values of all other types are found by comparing one by one, and go through the type's five operations.
+TEST(ValueFamilyOf, AClientsTypeIsNone) {
+  const jt_type integer = *get_type_from_services(nullptr, nullptr, "integer");
+  EXPECT_NE(jt::family_of(get_type_from_services(nullptr, nullptr, "integer")), nullptr);
+  EXPECT_EQ(jt::family_of(&integer), nullptr);
 }
 
-TEST_F(ValueHash, IsNotThereForATypeWithoutAComparison) {
-  jt_type type = *get_type_from_services(nullptr, nullptr, "integer");
-  type.cmp = nullptr;
-  const int32_t number = 1;
-  uint32_t hash = 7;
-  EXPECT_FALSE(jt::hash_value(nullptr, type, reinterpret_cast<const jt_value *>(&number), hash));
+TEST(ValueFamilyOf, AKindOfBlockAndTheUnknownTypeIsNone) {
+  EXPECT_EQ(jt::family_of(get_type_from_services(nullptr, nullptr, "service")), nullptr);
+  EXPECT_EQ(jt::family_of(&scan_type_tab[18]), nullptr);
+  EXPECT_STREQ(scan_type_tab[18].name, "kmt_svc_scan");
+  EXPECT_EQ(jt::family_of(jt_unknown_type()), nullptr);
 }
 
-TEST_F(ValueHash, IsNotThereForAComparisonOfAClients) {
-  jt_type type = *get_type_from_services(nullptr, nullptr, "integer");
-  type.cmp = [](jt_parser_space *, const jt_value *, const jt_value *) -> int32_t { return 0; };
-  const int32_t number = 1;
-  uint32_t hash = 7;
-  EXPECT_FALSE(jt::hash_value(nullptr, type, reinterpret_cast<const jt_value *>(&number), hash));
+TEST(ValueFamilyOf, ARowIsTheSameWhereverItIsLookedFor) {
+  for (const jt::ServiceTypes &service : jt::services()) {
+    for (std::int32_t row = 0; row < service.types.count; ++row) {
+      const jt_type &type = service.types.rows[row];
+      EXPECT_EQ(jt::family_of(&type) != nullptr, type.eval != nullptr) << type.name;
+      EXPECT_EQ(jt::family_of(&type, &service.types), jt::family_of(&type)) << type.name;
+      EXPECT_EQ(jt::family_of(&type, jt::find_service_table("kmt_svc_scan")), jt::family_of(&type))
+          << type.name;
+    }
+  }
 }
 
 }  // namespace
