@@ -14,7 +14,7 @@ html_title = "jt"  # with the version, from the command line
 language = "en"
 extensions = ["myst_parser", "breathe", "sphinx_copybutton", "calls"]
 exclude_patterns = ["examples", "tables", "[A-Z]*.md"]  # what pages include
-smartquotes = False
+smartquotes_action = "D"  # dashes, but no curled quotes: many of them are SIL
 
 myst_enable_extensions = ["colon_fence", "deflist"]
 myst_heading_anchors = 3
@@ -27,8 +27,9 @@ c_id_attributes = cpp_id_attributes = ["JT_API"]
 primary_domain = "c"
 highlight_language = "text"
 
-# Debian builds Furo's stylesheet without the part for browsers that ask for dark pages, and with one stylesheet that
-# is looked for on the server. The colours are given to both ways into the dark, and the stylesheet is put in.
+# Debian ships Furo unbuilt: its stylesheet lacks the part for browsers that ask for dark pages and looks for another
+# one on the server, its script imports another one, which a page cannot that is read from a file. So the dark
+# colours are given to both ways into the dark, and what is looked for elsewhere is put in.
 furo_css = Path(furo.__file__).parent / "theme/furo/static/styles/furo.css"
 dark = re.search(r'body\[data-theme="dark"\] \{(.*?)\}', furo_css.read_text(), re.S)[1]
 
@@ -43,11 +44,18 @@ pygments_style = "default"
 pygments_dark_style = "github-dark"
 
 
-def put_stylesheet_in(app, _error):
-    css = Path(app.outdir) / "_static/styles/furo.css"
-    other = Path("/usr/share/nodejs/normalize.css/normalize.css").read_text(encoding="utf-8")
-    css.write_text(css.read_text(encoding="utf-8").replace("@import url(/javascript/normalize.css/normalize.css);", other))
+def put_in(path, reference, other):
+    text = path.read_text(encoding="utf-8")
+    path.write_text(other.read_text(encoding="utf-8") + text.replace(reference, ""), encoding="utf-8")
+
+
+def complete_theme(app, _error):
+    static = Path(app.outdir) / "_static"
+    normalize = Path("/usr/share/nodejs/normalize.css/normalize.css")
+    put_in(static / "styles/furo.css", "@import url(/javascript/normalize.css/normalize.css);", normalize)
+    gumshoe = static / "scripts/gumshoe-patched.js"
+    put_in(static / "scripts/furo.js", 'import Gumshoe from "./gumshoe-patched.js";', gumshoe)
 
 
 def setup(app):
-    app.connect("build-finished", put_stylesheet_in)
+    app.connect("build-finished", complete_theme)

@@ -18,11 +18,11 @@
 /// values; services and invocations; reading attributes; changing attributes; statuses. The last two
 /// chapters export the tree and the types beneath these calls, for tools that look closer; most clients
 /// never need them.
-///
-/// The comments are read by people and by Doxygen. `\errors` lists what is recorded, `\owner` who releases
-/// a result and how, `\cost` what a call costs where that is not O(1). `\of_template`, `\of_service`,
-/// `\of_invocation` and `\of_attribute` stand for the arguments that a call begins with, and say how deep
-/// the frame below resolves; what the frame records is not repeated.
+
+// The comments are read by people and by Doxygen. `\errors` lists what is recorded, `\owner` who releases
+// a result and how, `\cost` what a call costs where that is not O(1). `\of_template`, `\of_service`,
+// `\of_invocation` and `\of_attribute` stand for the arguments that a call begins with, and say how deep
+// the frame below resolves; what the frame records is not repeated.
 
 /// \defgroup conventions What holds for every call
 ///
@@ -65,12 +65,12 @@
 /// was none. A call may succeed with a status (a warning), and a few fail without one. The history keeps the
 /// newest five reports of the session and is never cleared. "+ name" below means: with the name as detail.
 ///
-/// **Cursors** live in the tree. A template remembers a position among its services, a service among its
-/// invocations (its current invocation), an invocation among its attributes, an attribute among its values.
-/// So two walks over the same children disturb each other. A cursor has not started (a fresh node: reading
-/// begins at the first child), stands on a child, or has run out. Appending a child to a node whose cursor
-/// has not started or has run out sets it on the new child. Destroying the child under it moves it to the
-/// one before, or, when there is none, to the one after. After a decode every cursor stands on the first
+/// **Cursors.** They live in the tree. A template remembers a position among its services, a service among
+/// its invocations (its current invocation), an invocation among its attributes, an attribute among its
+/// values. So two walks over the same children disturb each other. A cursor has not started (a fresh node:
+/// reading begins at the first child), stands on a child, or has run out. Appending a child to a node whose
+/// cursor has not started or has run out sets it on the new child. Destroying the child under it moves it to
+/// the one before, or, when there is none, to the one after. After a decode every cursor stands on the first
 /// child.
 ///
 /// **Reading back.** A text from jt_encode_template() is read as the same services, invocations, attributes,

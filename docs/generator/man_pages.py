@@ -26,6 +26,7 @@ CHAPTERS = {
     "types": "types and type tables of jt",
 }
 ALSO = ["jt-driver 1", "jt-roundtrip 1", "sil 5"]
+TAGS = "-tag -width Ds -compact"
 BLOCKS = ("table", "programlisting", "itemizedlist", "parameterlist", "simplesect")
 
 
@@ -81,12 +82,8 @@ def table_lines(table):
     return literal_lines(lines)
 
 
-def list_lines(entries):
-    """What belongs to a call: a name or a heading, and its text."""
-    lines = [".Bl -tag -width Ds -compact"]
-    for head, element in entries:
-        lines += [".It " + head] + (element if isinstance(element, list) else block_lines(element))
-    return lines + [".El"]
+def list_lines(kind, items):
+    return [f".Bl {kind}"] + [line for head, lines in items for line in [f".It {head}".rstrip(), *lines]] + [".El"]
 
 
 def part_lines(element):
@@ -94,18 +91,19 @@ def part_lines(element):
         return table_lines(element)
     if element.tag == "programlisting":
         return literal_lines(text_of(line) for line in element.findall("codeline"))
+    if element.tag == "itemizedlist":
+        return list_lines("-bullet", [("", block_lines(item)) for item in element])
     if element.tag == "parameterlist":
-        items = element.findall("parameteritem")
-        names = [".Fa " + text_of(item.find("parameternamelist")).strip() for item in items]
-        return list_lines((name[1:], item.find("parameterdescription")) for name, item in zip(names, items))
+        items = [(item.find("parameternamelist"), item.find("parameterdescription")) for item in element]
+        return list_lines(TAGS, [("Fa " + text_of(name).strip(), block_lines(text)) for name, text in items])
     if element.tag == "simplesect":
         title = element.findtext("title") or "Returns"
-        return list_lines([("Em " + title, [line for para in element.findall("para") for line in block_lines(para)])])
-    return [line for item in element for line in part_lines(item)] if element.tag == "itemizedlist" else block_lines(element)
+        return list_lines(TAGS, [("Em " + title, [line for para in element.findall("para") for line in block_lines(para)])])
+    return block_lines(element)
 
 
 def block_lines(element):
-    """The paragraphs of a description, and what stands inside them."""
+    """A description: its paragraphs, and what stands inside them."""
     lines, text = [], element.text or ""
     for child in element:
         if child.tag in BLOCKS or child.tag == "para":
@@ -118,16 +116,15 @@ def block_lines(element):
 
 
 def overview_lines(group):
-    """A paragraph that begins in bold gets these words as its heading."""
+    """A paragraph that begins with a sentence in bold gets that as its heading."""
     lines = []
     for para in group.find("detaileddescription"):
-        head = para.find("bold") if not (para.text or "").strip() else None
-        title = text_of(head).rstrip(".") if head is not None else ""
-        if title and text_of(head).endswith("."):
-            head.clear()
-            head.tail = ""
-            rest = text_of(para)
-        lines += [f".Ss {title}" if title else ".Pp"] + block_lines(para)
+        head = para.find("bold")
+        if head is not None and text_of(head).endswith("."):
+            lines += [f".Ss {text_of(head)[:-1]}"]
+            para.text = head.tail
+            para.remove(head)
+        lines += [".Pp"] + block_lines(para)
     return lines
 
 
@@ -143,28 +140,16 @@ def prototype_lines(function):
     return [f".Ft {quoted(result)}", f".Fo {function.findtext('name')}"] + arguments + [".Fc"]
 
 
-def declaration_lines(member):
-    """What is no function: constants with their values, variables and types."""
-    lines = [".It " + (escaped(member.findtext("definition") or "") or "Constants"), *description_lines(member)]
-    values = member.findall("enumvalue")
-    if values:
-        names = [f"Dv {v.findtext('name')} {v.findtext('initializer')}" for v in values]
-        lines += list_lines((name, description_lines(value)) for name, value in zip(names, values))
-    return lines
-
-
 def description_lines(member):
     return block_lines(member.find("briefdescription")) + block_lines(member.find("detaileddescription"))
 
 
-def member_lines(members):
-    lines = [".Bl -tag -width Ds"]
-    for member in members:
-        if member.get("kind") == "function":
-            lines += [f".It Fn {member.findtext('name')}"] + description_lines(member)
-        else:
-            lines += declaration_lines(member)
-    return lines + [".El"]
+def member_item(member):
+    """A call, or what is none: constants with their values, variables and types."""
+    values = [(f"Dv {v.findtext('name')} {v.findtext('initializer')}", description_lines(v)) for v in member.findall("enumvalue")]
+    is_call = member.get("kind") == "function"
+    head = f"Fn {member.findtext('name')}" if is_call else member.findtext("definition") or "Constants"
+    return head, description_lines(member) + (list_lines(TAGS, values) if values else [])
 
 
 def tidy(lines):
@@ -192,7 +177,7 @@ def page_of(chapter, members, head, description):
     lines += [f".Nm {name} ," for name in names[:-1]] + [f".Nm {names[-1]}", f".Nd {CHAPTERS[chapter]}"]
     lines += [".Sh LIBRARY", "jt (libjt, \\-ljt)", ".Sh SYNOPSIS", ".In jt.h"]
     lines += [line for function in functions for line in prototype_lines(function)]
-    lines += [".Sh DESCRIPTION"] + description + member_lines(members) + see_also_lines(page)
+    lines += [".Sh DESCRIPTION"] + description + list_lines("-tag -width Ds", map(member_item, members)) + see_also_lines(page)
     return "\n".join(tidy(lines)) + "\n"
 
 
@@ -208,15 +193,16 @@ def main():
     changelog, version, xml, output = sys.argv[1:]
     head = [f".Dd {date_of(Path(changelog).read_text(encoding='utf-8'))}", f".Os jt {version}"]
 
-    def group(name):
-        return ElementTree.parse(Path(xml) / f"group__{name}.xml").find("compounddef")
+    def read(name):
+        return ElementTree.parse(Path(xml) / f"{name}.xml").find("compounddef")
 
     for chapter in CHAPTERS:
-        members = group(chapter).findall("sectiondef/memberdef")
-        description = description_lines(group(chapter))
+        group = read("group__" + chapter)
+        members = group.findall("sectiondef/memberdef")
+        description = description_lines(group)
         if chapter == "records":
-            title = group(chapter).findtext("title")
-            description = overview_lines(group("conventions")) + [f".Ss {title}"] + description
+            overview = description_lines(read("jt_8h")) + overview_lines(read("group__conventions"))
+            description = overview + [f".Ss {group.findtext('title')}"] + description
         (Path(output) / f"{page_name(chapter)}.3").write_text(page_of(chapter, members, head, description), encoding="ascii")
         for member in members:
             if member.findtext("name").startswith("jt_") and member.get("kind") == "function":
