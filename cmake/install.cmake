@@ -3,7 +3,7 @@
 # of it knows the prefix: an installed tree may be moved.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS jt_static jt_shared EXPORT jt_targets
+install(TARGETS jt_static jt_shared jt_cpp EXPORT jt_targets
         ARCHIVE COMPONENT development
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ TYPE INCLUDE COMPONENT development)

@@ -168,7 +168,7 @@ typedef struct jt_type {
   /// Order of two values: -1, 0, 1, or -2 for "different" where a type has no order. Two strings: negative, 0
   /// or positive, the difference of the first bytes that differ.
   int32_t (*cmp)(jt_parser_space *space, const jt_value *a, const jt_value *b);
-  /// Releases a value. 1; for null 1 as well, except the two reference types: 0, with
+  /// Releases a value. The result is 1, for null as well; only the two reference types refuse null: 0, with
   /// `MEMORY ERROR: Invalid value, cannot dereferce NULL` for ref_invocation and
   /// `MEMORY ERROR: Invalid value, cannot dereference NULL` for ref_collection.
   int32_t (*kill)(jt_parser_space *space, jt_value *value);
@@ -357,9 +357,10 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
 /// | `WARNING: unknown service:` | name | twice for each invocation; it knows only the base types |
 /// | any report of a type about a value | | see \ref values; a refused value is absent, a doubtful one kept |
 ///
-/// It stops without a report where the text ends inside a section or inside the end marker (`< /SIL`): the
-/// text is cut off. So of a failed decode ask jt_last_api_error() first. #JT_OK means that nothing was
-/// reported; jt_get_recent_error() is then an older message or null.
+/// It stops without a report where the text is cut off: where it ends inside the end marker (`< /SIL`),
+/// inside a mark of a section, or between the two marks of an empty one. So of a failed decode ask
+/// jt_last_api_error() first. #JT_OK means that nothing was reported, and jt_get_recent_error() is then an
+/// older message or null; #JT_WARNING that there was nothing but warnings of what stands before.
 /// \{
 
 /// A new empty template, without a header.
@@ -374,9 +375,8 @@ JT_API int32_t jt_create_template(jt_parser_space *space);
 /// \param space  The session.
 /// \param text   The text; not changed and not needed afterwards.
 /// \return The handle of the template; 0 on failure.
-/// \errors One of the messages above, unless the text is null or cut off in a section or in the end marker:
-/// those are refused silently, and jt_last_api_error() gives #JT_OK, or #JT_WARNING or #JT_SYNTAX_ERROR for
-/// what had been reported and gone on after.
+/// \errors Why, as above, unless the text is null or cut off: then the status is #JT_OK, or that of an
+/// earlier report after which decoding went on.
 /// \owner The session; jt_destroy_template() destroys it earlier.
 /// \cost O(length of the text).
 JT_API int32_t jt_decode_template(jt_parser_space *space, const char *text);
@@ -536,7 +536,7 @@ JT_API char *jt_encode_value(jt_parser_space *space, const char *type_name, cons
 JT_API jt_value *jt_decode_value(jt_parser_space *space, const char *type_name, const char *text,
                                  const char *service_name);
 
-/// Releases a value.
+/// Releases a value of the library's.
 ///
 /// \param space         The session.
 /// \param type_name     Its type, as when it was made.

@@ -8,6 +8,7 @@
 #include "tree/node.h"
 #include "tree/node_storage.h"
 #include "types/status.h"
+#include "types/type_tables.h"
 
 namespace jt {
 namespace {
@@ -99,8 +100,22 @@ jt_node *find_overridable(jt_parser_space *space, const Frame &at, const char *a
   return stored;
 }
 
+// The text of a value, which may have none; false without memory for it.
+bool copy_text_of(jt_parser_space *space, const jt_type &type, const jt_value *value, char *&copy) {
+  const ValueFamily *const family = family_of(&type);
+  if (family == nullptr) {
+    copy = type.deval(space, value);
+    return true;
+  }
+  ValueText text;
+  copy = nullptr;
+  if (value == nullptr || !family->write(space, value, text)) return true;
+  copy = family->operations->copy_text(space, text);
+  return copy != nullptr;
+}
+
 // Everything that can fail comes first. A value that has no text leaves no overridden text; one whose text
-// could not be made stays where it is.
+// could not be copied stays where it is.
 std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node &stored,
                             const jt_value *new_value) {
   jt_value *const copy = attribute.type->copy(space, new_value);
@@ -108,8 +123,8 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
     report(space, message::kInvalidValue);
     return 0;
   }
-  char *const replaced = attribute.type->deval(space, stored.value);
-  if (replaced == nullptr && ran_out_of_memory(*space)) {
+  char *replaced = nullptr;
+  if (!copy_text_of(space, *attribute.type, stored.value, replaced)) {
     attribute.type->kill(space, copy);
     return 0;
   }

@@ -56,7 +56,8 @@ char *jt_encode_value(jt_parser_space *space, const char *type_name, const jt_va
   return type != nullptr ? type->deval(space, value) : nullptr;
 }
 
-// The type may write into the text that it reads, so it is given a copy.
+// Every type that has one of eval and deval has both, and it is the latter that clients see missing. The type
+// may write into the text that it reads, so it is given a copy.
 jt_value *jt_decode_value(jt_parser_space *space, const char *type_name, const char *text,
                           const char *service_name) {
   const jt_type *const type =

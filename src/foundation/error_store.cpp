@@ -80,11 +80,6 @@ void report_joined(jt_parser_space *space, std::string_view begin, std::string_v
   report(space, {message.text.data(), message.length}, detail);
 }
 
-bool ran_out_of_memory(const jt_parser_space &space) {
-  const std::string_view newest = space.errors.messages.front().data();
-  return newest.starts_with(message::kAllocation);
-}
-
 }  // namespace jt
 
 extern "C" {

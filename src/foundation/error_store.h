@@ -30,10 +30,6 @@ std::string_view beginning_of(const char *text);
 void report_joined(jt_parser_space *space, std::string_view begin, std::string_view middle,
                    std::string_view end, std::string_view detail);
 
-// Whether the newest message says that the heap had nothing to give: what a call needs to know where a
-// missing result may also mean that there is none.
-bool ran_out_of_memory(const jt_parser_space &space);
-
 }  // namespace jt
 
 #endif

@@ -51,6 +51,7 @@ inline constexpr char kUntypedValue[] = "CALL ERROR: unknown data type";
 inline constexpr char kNoDevalFunction[] = "SYSTEM ERROR: no deval function for:";
 inline constexpr char kNoPendingCopy[] = "MEMORY ERROR: allocating for pending value";
 inline constexpr char kNullNode[] = "CALL ERROR: empty pointer";
+inline constexpr char kNoStatus[] = "MEMORY ERROR: allocating for status.";
 inline constexpr char kBadHandle[] = "SYSTEM ERROR: unknown opaque marker";
 
 // ---- Decoding ----

@@ -32,7 +32,7 @@ bool reserve(jt_parser_space &space, std::int32_t wanted) {
   FreeSlots &map = space.free_slots;
   const auto slots = static_cast<std::size_t>(wanted);
   auto *const block = static_cast<jt_node **>(
-      take_block(&space, slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
+      allocate_block(&space, slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
   if (block == nullptr) return false;
   auto *words = reinterpret_cast<std::uint32_t *>(block + slots);
   auto old_bits = static_cast<std::size_t>(map.reserved);

@@ -4,7 +4,7 @@
 #define JT_FOUNDATION_PARSER_SPACE_H
 
 #include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "foundation/keyed_hash.h"
 #include "foundation/node_table.h"
 #include "foundation/piece_pool.h"
 #include "jt.h"
@@ -15,10 +15,10 @@ struct jt_parser_space {
   jt::ErrorStore errors;
   jt::FreeSlots free_slots;
   jt::PiecePool pool;
-  std::int32_t linked_nodes;      // nodes that hang below another
-  bool must_visit;                // there is, or was, a node of another session or a value of a client's type
-  jt::BlockSource *block_source;  // not null only while a value node is being made
-  const jt::TextRoom *text_room;  // not null only while a template is being encoded
+  std::int32_t linked_nodes;  // nodes that hang below another
+  jt::HashKey hash_key;       // made when it is first wanted
+  bool has_hash_key;
+  bool must_visit;  // there is, or was, a node of another session or a value of a client's type
 };
 
 #endif

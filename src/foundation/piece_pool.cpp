@@ -137,7 +137,7 @@ void unlink_page(Page *page) {
 [[gnu::noinline]] Page *open_page(jt_parser_space &space) {
   PiecePool &pool = space.pool;
   const std::size_t bytes = std::clamp(pool.page_bytes, kFirstPage, kLargestPage);
-  auto *const page = static_cast<Page *>(take_unset_block(&space, bytes));
+  auto *const page = static_cast<Page *>(allocate_unset_block(&space, bytes));
   if (page == nullptr) return nullptr;
   page->bytes = static_cast<std::uint32_t>(bytes);
   page->space = &space;

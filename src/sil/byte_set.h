@@ -32,6 +32,12 @@ inline const char *end_of_run(const char *at, const ByteSet &set) {
   }
 }
 
+// The same before an end, where there need not be a terminator.
+inline const char *end_of_run(const char *at, const char *end, const ByteSet &set) {
+  while (at != end && set[static_cast<unsigned char>(*at)]) ++at;
+  return at;
+}
+
 }  // namespace jt
 
 #endif

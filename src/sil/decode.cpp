@@ -22,6 +22,7 @@ void begin_decoding(Decoder &decoder, jt_parser_space &space, jt_node &root, con
   decoder.root = decoder.top = &root;
   decoder.scope = nullptr;
   decoder.type = nullptr;
+  decoder.family = nullptr;
   decoder.non_compulsory = false;
   decoder.header_class = JT_NODE_HEADER;
   decoder.version = decoder.kept = {};

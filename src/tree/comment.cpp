@@ -26,7 +26,7 @@ char *text_of(CommentBlock *block) { return reinterpret_cast<char *>(block + 1);
 CommentBlock *roomy_block(jt_parser_space &space, const jt_node &node, std::size_t length) {
   if (node.comment != nullptr && block_of(node)->room > length) return block_of(node);
   const std::size_t room = node.comment == nullptr ? length + 1 : length * 2;
-  auto *const block = static_cast<CommentBlock *>(take_unset_block(&space, sizeof(CommentBlock) + room));
+  auto *const block = static_cast<CommentBlock *>(allocate_unset_block(&space, sizeof(CommentBlock) + room));
   if (block == nullptr) return nullptr;
   block->room = room;
   if (node.comment != nullptr) std::memcpy(text_of(block), node.comment, block_of(node)->length);

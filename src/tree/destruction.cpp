@@ -167,7 +167,7 @@ int32_t destroy_children(jt_parser_space *space, jt_node *node) {
     jt::destroy(*space, *node->first_child);
     return 1;
   }
-  jt::drop_index(*node);
+  jt::release_index(*node);
   jt::release_below<jt::Strangers::kReleased>(*space, *node);
   node->last_child = nullptr;
   if (node->cursor != jt::not_started()) node->cursor = nullptr;

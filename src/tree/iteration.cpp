@@ -35,7 +35,7 @@ Read<jt_value> read_value(jt_parser_space *space, const jt_node &parent, const j
 }
 
 Read<char> read_pending_value(jt_parser_space *space, const jt_node &child) {
-  if (child.node_class != JT_NODE_VALUE || child.pending_value == nullptr) return {nullptr, false};
+  if (!has_pending_value(child)) return {nullptr, false};
   char *const copy = copy_plain_text(child.pending_value);
   if (copy == nullptr) report(space, message::kNoPendingCopy, child.pending_value);
   return {copy, copy != nullptr};

@@ -60,8 +60,7 @@ int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child
   if (space == nullptr || parent == nullptr) return 0;
   if (child == nullptr) return 1;
   if (!jt::fits(space, *parent, *child)) return 0;
-  const jt_node *const found = child->name != nullptr ? jt::find_child(*parent, child->name) : nullptr;
-  if (found != nullptr && found != child) {
+  if (child->name != nullptr && jt::find_child(*parent, child->name) != nullptr) {
     jt::report(space, jt::message::kDuplicateName, child->name);
     return 0;
   }

@@ -22,7 +22,10 @@ struct jt_node {
   bool non_compulsory;
   bool may_own_blocks;  // beside its piece; set by mark_owner()
   std::int32_t bookmark;
-  std::uint32_t key_hash;  // of the name or, once it is wanted, of the value
+  union {
+    std::uint32_t key_hash;  // of the name
+    std::uint32_t entry;     // in the index of the parent, while that has one
+  };
   const jt_type *type;
   char *comment;
   char *name;
@@ -50,10 +53,13 @@ namespace jt {
 
 inline bool has_known_type(const jt_node &node) { return node.type != unknown_type(); }
 
+// A node of the class of values that was made with a name has neither a value nor a text for one.
+inline bool has_pending_value(const jt_node &node) { return node.value == untyped_value(); }
+
 // The type's name as it is written: the descriptor's, or the one that no look-up knew. May be null.
 inline const char *type_name_of(const jt_node &node) {
   if (has_known_type(node)) return node.type->name;
-  return node.node_class != JT_NODE_VALUE ? node.unresolved_type_name : nullptr;
+  return has_pending_value(node) ? nullptr : node.unresolved_type_name;
 }
 
 // The classes of headers are the last ones.

@@ -2,6 +2,7 @@
 // the text of an unknown status need a block.
 #include <cstring>
 
+#include "foundation/error_store.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 #include "types/status.h"
@@ -12,7 +13,10 @@ extern "C" int32_t set_status(jt_parser_space *space, jt_node *node, const jt_st
   std::uint32_t number = 0;
   std::memcpy(&number, status, sizeof(number));
   const jt_status *const stored = jt::status_of_number(space, number);
-  if (stored == nullptr) return 0;
+  if (stored == nullptr) {
+    jt::report(space, jt::message::kNoStatus);
+    return 0;
+  }
   jt::adopt_status(*space, *node, stored);
   return 1;
 }

@@ -1,5 +1,6 @@
 // Opening and closing a session. The parser space itself belongs to the foundation; a session is closed here,
 // because closing it destroys the nodes that are still alive.
+#include "foundation/memory.h"
 #include "foundation/parser_space.h"
 #include "tree/destruction.h"
 
@@ -9,7 +10,7 @@ char *g_szCurrentLocale = nullptr;
 
 jt_parser_space *create_parser_space(const char *label) {
   if (label == nullptr) return nullptr;
-  auto *const space = static_cast<jt_parser_space *>(jt::take_block(nullptr, sizeof(jt_parser_space)));
+  auto *const space = static_cast<jt_parser_space *>(jt::allocate_block(nullptr, sizeof(jt_parser_space)));
   if (space == nullptr) return nullptr;
   space->label = jt::copy_text(nullptr, label);
   if (space->label != nullptr && jt::open_node_table(*space)) return space;

@@ -19,12 +19,12 @@ struct Answer {
 // those of its service's type. The service's name then stands for that type.
 const jt_type *find_invocation_type(const jt_node &service, std::string_view type_name) {
   if (const TypeTable *const table = find_service_table(view_of(service.name)))
-    return find_type_in_scope(table, type_name);
+    return find_type_in_scope(table, type_name).type;
   const TypeTable *const table = find_service_table(view_of(type_name_of(service)));
   if (table == nullptr) return find_base_type(type_name);
   const bool named_after_service =
       type_name.data() != nullptr && service.name != nullptr && same_name(type_name, service.name);
-  return named_after_service ? service.type : find_type_in_scope(table, type_name);
+  return named_after_service ? service.type : find_type_in_scope(table, type_name).type;
 }
 
 const jt_type *find_service_type(std::string_view type_name) {
@@ -35,7 +35,8 @@ const jt_type *find_service_type(std::string_view type_name) {
 // The types of an invocation were settled when its own type was looked up.
 Answer find_attribute_type(const jt_node &enclosing, std::string_view type_name) {
   if (enclosing.node_class == JT_NODE_INVOCATION) {
-    return {find_type_in_scope(find_table_of_row(enclosing.type), type_name), Missing::kUnknownAttribute};
+    return {find_type_in_scope(find_table_of_row(enclosing.type), type_name).type,
+            Missing::kUnknownAttribute};
   }
   if (enclosing.name == nullptr || !same_name(enclosing.name, "header")) return {nullptr, Missing::kRefused};
   return {find_base_type(type_name), Missing::kUnknownAttribute};

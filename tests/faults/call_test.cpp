@@ -303,18 +303,12 @@ std::vector<Scenario> text_scenarios(const std::string &name, TextCall call) {
                                 "MEMORY ERROR: allocating for a value nodenew ..."};
   const Messages no_pending = {kNoMemory, cut_message("MEMORY ERROR: allocating pending value:" + kLong)};
   return {
-      {name, with("Copies", "4"), {no_value_node("4"), no_value_node("4")}, fill_pages},
-      {name + "InAFullTable", with("Copies", "4"), {no_value_node("4"), kFullTable}, fill_table},
-      {name + "OfAnOddName", with("Size", "new"), {no_value_node("new"), no_odd_name}, fill_pages},
-      {name + "OfALongText",
-       with("Title", kLong),
-       {no_value_node(kLong), no_value_node(kLong), no_value_node(kLong)},
-       fill_pages},
-      {name + "OfUnknownType", with("Odd", "x"), {no_value_node("x"), no_value_node("x")}, odd_and_full},
-      {name + "OfUnknownTypeAndLong",
-       with("Odd", kLong),
-       {no_value_node(kLong), no_value_node(kLong), no_pending},
-       odd_and_full},
+      {name, with("Copies", "4"), {no_value_node("4")}, fill_pages},
+      {name + "InAFullTable", with("Copies", "4"), {kFullTable}, fill_table},
+      {name + "OfAnOddName", with("Size", "new"), {no_odd_name}, fill_pages},
+      {name + "OfALongText", with("Title", kLong), {no_value_node(kLong), no_value_node(kLong)}, fill_pages},
+      {name + "OfUnknownType", with("Odd", "x"), {no_value_node("x")}, odd_and_full},
+      {name + "OfUnknownTypeAndLong", with("Odd", kLong), {no_value_node(kLong), no_pending}, odd_and_full},
   };
 }
 

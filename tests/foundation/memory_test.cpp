@@ -96,31 +96,11 @@ TEST_F(Memory, ReleasingNullIsFine) { EXPECT_EQ(er_free(nullptr), 1); }
 
 TEST_F(Memory, ABlockOfOneByteCanBeReleased) { EXPECT_EQ(er_free(my_calloc(space, 1, 1)), 1); }
 
-TEST_F(Memory, ATakenBlockIsZeroed) {
-  void *const block = jt::take_block(space, 33);
+TEST_F(Memory, AnAllocatedBlockIsZeroed) {
+  void *const block = jt::allocate_block(space, 33);
   ASSERT_NE(block, nullptr);
   EXPECT_TRUE(all_zero(block, 33));
   er_free(block);
-}
-
-TEST_F(Memory, AValueIsABlockOfItsOwnOutsideOfANode) {
-  for (jt_parser_space *const owner : {space, static_cast<jt_parser_space *>(nullptr)}) {
-    void *const block = jt::take_value_block(owner, 12);
-    ASSERT_NE(block, nullptr);
-    std::memset(block, 0xA5, 12);
-    er_free(block);
-  }
-}
-
-TEST_F(Memory, ATextIsMeasuredUnlessANodeIsBeingMadeOfIt) {
-  EXPECT_EQ(jt::measured(nullptr, "three"), "three");
-  EXPECT_EQ(jt::measured(space, "three"), "three");
-  const char text[] = "three and more";
-  jt::BlockSource source = {nullptr, std::string_view(text, 5)};
-  space->block_source = &source;
-  EXPECT_EQ(jt::measured(space, text), "three");
-  EXPECT_EQ(jt::measured(space, "another"), "another");
-  space->block_source = nullptr;
 }
 
 TEST_F(Memory, ACopyOfATextIsTerminatedWhereTheViewEnds) {

@@ -1,4 +1,4 @@
-// Sessions share nothing: what one thread does with its session has the result that it would have alone,
+// Sessions on different threads share nothing: what one thread does with its session has the result that it would have alone,
 // whatever another thread does with another session. Meant for the thread sanitizer as well.
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// A child that is added to the parent that it has already: it changes its place, and is no duplicate of
-// itself.
+// A child that is added to the parent that it has already. Where names are to be unique it is a second of its
+// own name and stays where it is; a child without a name moves to the end.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -19,14 +19,15 @@ class AddingAgain : public TreeTest {
   jt_node *const parent = parent_of({"one", "two", "three"});
 };
 
-TEST_F(AddingAgain, TheOnlyOneOfItsNameMovesToTheEnd) {
-  EXPECT_EQ(add_unique_child(space, parent, parent->first_child), 1);
-  EXPECT_EQ(names_of(parent), (Names{"two", "three", "one"}));
-  EXPECT_EQ(messages(), Messages{});
+TEST_F(AddingAgain, TheOnlyOneOfItsNameIsRefusedAndStays) {
+  EXPECT_EQ(add_unique_child(space, parent, parent->first_child), 0);
+  EXPECT_EQ(messages(), Messages{"SYNTAX ERROR: Trying to save multiple definitions for:one ..."});
+  EXPECT_EQ(names_of(parent), (Names{"one", "two", "three"}));
 }
 
-TEST_F(AddingAgain, TheLastOneStaysTheLast) {
-  EXPECT_EQ(add_unique_child(space, parent, parent->last_child), 1);
+TEST_F(AddingAgain, TheLastOneIsRefusedToo) {
+  EXPECT_EQ(add_unique_child(space, parent, parent->last_child), 0);
+  EXPECT_EQ(messages(), Messages{"SYNTAX ERROR: Trying to save multiple definitions for:three ..."});
   EXPECT_EQ(names_of(parent), (Names{"one", "two", "three"}));
 }
 
@@ -38,10 +39,10 @@ TEST_F(AddingAgain, TheSecondOfItsNameIsRefusedAndStays) {
   EXPECT_EQ(names_of(parent), (Names{"one", "two", "three", "ONE", "four"}));
 }
 
-TEST_F(AddingAgain, TheFirstOfManyOfItsNameMovesBehindThem) {
+TEST_F(AddingAgain, TheFirstOfManyOfItsNameIsRefusedAndStays) {
   add_attribute(parent, "integer", "ONE");
-  EXPECT_EQ(add_unique_child(space, parent, parent->first_child), 1);
-  EXPECT_EQ(names_of(parent), (Names{"two", "three", "ONE", "one"}));
+  EXPECT_EQ(add_unique_child(space, parent, parent->first_child), 0);
+  EXPECT_EQ(names_of(parent), (Names{"one", "two", "three", "ONE"}));
 }
 
 }  // namespace
