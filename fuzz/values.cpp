@@ -123,7 +123,7 @@ void check_order(const jt_type &type, const Value &a, const Value &b) {
   const bool opposite = (forth > 0) == (back < 0) && (forth < 0) == (back > 0);
   check(opposite || (forth == -2 && back == -2), "the order of two values is one", a.text());
   std::uint32_t hashes[2] = {};
-  const jt::ValueFamily *const family = jt::family_of(&type);
+  const jt_core::ValueFamily *const family = jt_core::family_of(&type);
   if (forth != 0 || !a.exists() || !b.exists() || !family->operations->hash(nullptr, a.get(), hashes[0]))
     return;
   check(family->operations->hash(nullptr, b.get(), hashes[1]) && hashes[0] == hashes[1],

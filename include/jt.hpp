@@ -76,11 +76,6 @@
 
 namespace jt {
 
-// Everything here is used as jt::Name. The inner namespace keeps it apart from the library's own code, which
-// lives in namespace jt as well and has other classes of some of these names: linked into one program, the
-// two must not be taken for each other.
-inline namespace client {
-
 class Session;
 class Service;
 
@@ -1704,7 +1699,6 @@ inline Template::Template(const Session &session, std::int32_t owned) noexcept
 
 /// \}
 
-}  // namespace client
 }  // namespace jt
 
 #endif  // C++20

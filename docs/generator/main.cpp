@@ -40,7 +40,7 @@ int main(int argc, char **argv) {
     return EXIT_FAILURE;
   }
   const std::string directory = argv[1];
-  bool written = write_whole(directory + "/tables/base_names.md", jt_docs::write_names(jt::kBaseValues));
+  bool written = write_whole(directory + "/tables/base_names.md", jt_docs::write_names(jt_core::kBaseValues));
   for (const jt_docs::Drawing &drawing : jt_docs::kDrawings)
     written = write_machine(directory, drawing) && written;
   for (const jt_docs::Service &service : jt_docs::kServices)

@@ -25,7 +25,6 @@ CHAPTERS = {
     "tree": "the tree beneath the calls of jt",
     "types": "types and type tables of jt",
 }
-ALSO = ["jt-driver 1", "jt-roundtrip 1", "sil 5"]
 TAGS = "-tag -width Ds -compact"
 BLOCKS = ("table", "programlisting", "itemizedlist", "parameterlist", "simplesect")
 
@@ -165,7 +164,7 @@ def tidy(lines):
 
 
 def see_also_lines(page):
-    others = sorted([f"{page_name(c)} 3" for c in CHAPTERS if page_name(c) != page] + ALSO, key=lambda o: o.split()[::-1])
+    others = sorted(f"{page_name(chapter)} 3" for chapter in CHAPTERS if page_name(chapter) != page)
     return [".Sh SEE ALSO"] + [f".Xr {other} ," for other in others[:-1]] + [f".Xr {others[-1]}"]
 
 

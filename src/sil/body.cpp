@@ -2,8 +2,8 @@
 // section. The rows of attributes serve the header's own attributes too, which only end differently.
 #include <cstring>
 
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 #include "sil/decoder.h"
 #include "tree/child_index.h"
 #include "tree/construction.h"
@@ -13,7 +13,7 @@
 #include "types/status.h"
 #include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::size_t kMostName = JT_MAX_TOKEN_LENGTH - 1;
@@ -326,4 +326,4 @@ bool decode_header_attributes(Decoder &decoder, jt_node &header) {
   return run_machine(decoder, kHeaderAttributesMachine, State::kInInvocation);
 }
 
-}  // namespace jt
+}  // namespace jt_core

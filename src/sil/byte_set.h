@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace jt {
+namespace jt_core {
 
 // NUL is in none, so that every run ends at the end of the text.
 using ByteSet = std::array<bool, 256>;
@@ -38,6 +38,6 @@ inline const char *end_of_run(const char *at, const char *end, const ByteSet &se
   return at;
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -15,7 +15,7 @@
 #include "sil/lexer.h"
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 
 struct TypeTable;
 struct ValueFamily;
@@ -207,6 +207,6 @@ bool decode_body(Decoder &decoder, jt_node &container);
 bool decode_header_attributes(Decoder &decoder, jt_node &header);
 bool check_end_marker(Decoder &decoder);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -1,14 +1,14 @@
 // The encoder: writes a template tree as SIL text in its one layout. Names, statuses' texts and overridden
 // values are written as they are; values are escaped.
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
-#include "foundation/text.h"
+#include "base/error_store.h"
+#include "base/memory.h"
+#include "base/text.h"
 #include "sil/output.h"
 #include "tree/node.h"
 #include "types/status.h"
 #include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::size_t kHeaderColumn = 0;
@@ -242,20 +242,20 @@ void write_framed(Encoder &encoder, const jt_node &root, const jt_node &header) 
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" char *encode_template(jt_parser_space *space, jt_node *root) {
   if (root == nullptr) {
-    jt::report(space, jt::message::kNullTemplate);
+    jt_core::report(space, jt_core::message::kNullTemplate);
     return nullptr;
   }
-  jt::Output out(space);
-  jt::Encoder encoder = {space, out, nullptr};
+  jt_core::Output out(space);
+  jt_core::Encoder encoder = {space, out, nullptr};
   const jt_node *const header = root->previous_sibling;
   if (header == nullptr) {
-    jt::write_body(encoder, *root);
-  } else if (jt::header_is_complete(space, *header)) {
-    jt::write_framed(encoder, *root, *header);
+    jt_core::write_body(encoder, *root);
+  } else if (jt_core::header_is_complete(space, *header)) {
+    jt_core::write_framed(encoder, *root, *header);
   } else {
     return nullptr;
   }

@@ -5,7 +5,7 @@
 
 #include "sil/byte_set.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 struct Escape {
@@ -44,4 +44,4 @@ char *write_escaped(char *out, std::string_view text, Quoting quoting) {
   return escape_into(out, text, quoting == Quoting::kQuotes ? kPlainInQuotes : kPlain);
 }
 
-}  // namespace jt
+}  // namespace jt_core

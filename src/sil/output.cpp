@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::size_t kFirstRoom = 1024;
@@ -92,4 +92,4 @@ char *Output::take() {
   return text;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -11,7 +11,7 @@
 #include "sil/escape.h"
 #include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 enum class Layout {
   kLine,   // indented at the beginning of each line
@@ -93,6 +93,6 @@ class Output {
   bool failed_ = false;
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -4,13 +4,13 @@
 #include <bit>
 #include <cstdlib>
 
-#include "foundation/parser_space.h"
+#include "base/parser_space.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 #include "tree/sibling_order.h"
 #include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // The hash stands beside the entry: a child of another key need not be fetched from memory.
@@ -385,4 +385,4 @@ void release_index(jt_node &parent) {
   parent.index = nullptr;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -13,7 +13,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // The first child of that name, letters folded, or null.
 jt_node *find_child(jt_node &parent, std::string_view name);
@@ -41,6 +41,6 @@ void drop_index(jt_node &parent);
 // Releases the index of a node whose children have gone or are about to.
 void release_index(jt_node &parent);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -3,12 +3,12 @@
 #include <cstring>
 #include <utility>
 
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // Stands in front of the text that the node points to.
@@ -62,4 +62,4 @@ void release_comment(jt_node &node) {
   node.comment = nullptr;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -2,13 +2,13 @@
 
 #include <cstring>
 
-#include "foundation/memory.h"
-#include "foundation/parser_space.h"
+#include "base/memory.h"
+#include "base/parser_space.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 #include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // One more than there are classes: no look-up has a type for it, and that is what is reported.
@@ -169,37 +169,39 @@ ValueResult make_value_node(jt_parser_space &space, const jt_type *type, const V
   return make_known_value_node(space, type, *family, text);
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 jt_node *create_typed_node(jt_parser_space *space, const char *type_name, const char *node_name,
                            int32_t node_class, jt_node *enclosing) {
-  if (node_class < 0 || node_class > jt::kMaxNodeClass) {
-    jt::report(space, jt::message::kUnknownNodeClass);
+  if (node_class < 0 || node_class > jt_core::kMaxNodeClass) {
+    jt_core::report(space, jt_core::message::kUnknownNodeClass);
     return nullptr;
   }
   const jt_type *const type = jt_get_type(space, type_name, node_class, enclosing);
   if (space == nullptr || type == nullptr) return nullptr;
-  return jt::make_typed_node(*space, type, type_name, jt::view_of(node_name), node_class);
+  return jt_core::make_typed_node(*space, type, type_name, jt_core::view_of(node_name), node_class);
 }
 
 jt_node *create_value_node(jt_parser_space *space, const jt_type *type, const char *text) {
   if (space == nullptr || type == nullptr || text == nullptr) return nullptr;
-  const jt::ValueFamily *const family = jt::family_of(type);
-  if (family == nullptr && type != jt::unknown_type()) return jt::make_foreign_value_node(*space, type, text);
-  return jt::make_value_node(*space, type, family, text).node;
+  const jt_core::ValueFamily *const family = jt_core::family_of(type);
+  if (family == nullptr && type != jt_core::unknown_type())
+    return jt_core::make_foreign_value_node(*space, type, text);
+  return jt_core::make_value_node(*space, type, family, text).node;
 }
 
 jt_node *create_value_ptr_node(jt_parser_space *space, const jt_type *type, const jt_value *value) {
-  if (space == nullptr || type == nullptr || type == jt::unknown_type() || value == nullptr) return nullptr;
+  if (space == nullptr || type == nullptr || type == jt_core::unknown_type() || value == nullptr)
+    return nullptr;
   if (type->copy == nullptr) {
-    jt_error(space, jt::message::kNoCopyFunction, type->name);
+    jt_error(space, jt_core::message::kNoCopyFunction, type->name);
     return nullptr;
   }
-  const bool is_text = jt::same_name(jt::view_of(type->name), "string");
+  const bool is_text = jt_core::same_name(jt_core::view_of(type->name), "string");
   const char *const detail = is_text ? reinterpret_cast<const char *>(value) : "";
-  return jt::copy_into_node(*space, type, value, detail);
+  return jt_core::copy_into_node(*space, type, value, detail);
 }
 
 }  // extern "C"

@@ -9,7 +9,7 @@
 #include "jt.h"
 #include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 // A node of a type that has been looked up already. The type name is kept only for the unknown type; a null
 // one leaves the node without.
@@ -32,6 +32,6 @@ struct ValueResult {
 ValueResult make_value_node(jt_parser_space &space, const jt_type *type, const ValueFamily *family,
                             std::string_view text);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

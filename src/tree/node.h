@@ -7,17 +7,17 @@
 
 #include <cstdint>
 
-#include "foundation/markers.h"
-#include "foundation/piece_pool.h"
-#include "foundation/text.h"
+#include "base/markers.h"
+#include "base/piece_pool.h"
+#include "base/text.h"
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 struct ChildIndex;
 }
 
 struct jt_node {
-  jt::PieceHead piece;  // the node's storage
+  jt_core::PieceHead piece;  // the node's storage
   std::int16_t node_class;
   bool non_compulsory;
   bool may_own_blocks;  // beside its piece; set by mark_owner()
@@ -44,12 +44,12 @@ struct jt_node {
   jt_node *previous_sibling;
   jt_node *next_sibling;
   jt_node *cursor;
-  jt::ChildIndex *index;  // of the children, by name or value; null until it pays
+  jt_core::ChildIndex *index;  // of the children, by name or value; null until it pays
 };
 
 static_assert(sizeof(jt_node) == 16 + 14 * sizeof(void *));
 
-namespace jt {
+namespace jt_core {
 
 inline bool has_known_type(const jt_node &node) { return node.type != unknown_type(); }
 
@@ -70,6 +70,6 @@ inline bool is_header_attribute(const jt_node &node) {
   return node.first_child != nullptr && is_header(*node.first_child);
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -2,14 +2,14 @@
 
 #include <cstring>
 
-#include "foundation/memory.h"
-#include "foundation/parser_space.h"
+#include "base/memory.h"
+#include "base/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/comment.h"
 #include "tree/node.h"
 #include "types/status.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 static_assert(alignof(jt_node) == kPieceUnit);
@@ -119,4 +119,4 @@ void release_all_nodes(jt_parser_space &space) {
   });
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -11,7 +11,7 @@
 #include "jt.h"
 #include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 // A zeroed node with space (not zeroed) for so many bytes behind its record, or without any when they are too
 // many. It is not in the node table yet. Null after "allocation error".
@@ -61,6 +61,6 @@ void release_node(jt_parser_space &space, jt_node *node);
 // Releases all nodes of the session in that way.
 void release_all_nodes(jt_parser_space &space);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -4,7 +4,7 @@
 
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::uint64_t kGap = std::uint64_t{1} << 32U;
@@ -125,4 +125,4 @@ EntryNumber leave_heap(SiblingPlace *places, EntryNumber top, EntryNumber child)
   return join_heaps(places, top, below);
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -13,7 +13,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 using EntryNumber = std::uint32_t;
 constexpr EntryNumber kNoEntry = 0;
@@ -38,6 +38,6 @@ EntryNumber join_heaps(SiblingPlace *places, EntryNumber a, EntryNumber b);
 // The top of what is left of a heap without one of its children.
 EntryNumber leave_heap(SiblingPlace *places, EntryNumber top, EntryNumber child);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

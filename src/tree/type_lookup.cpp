@@ -1,10 +1,10 @@
 #include "tree/type_lookup.h"
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "tree/node.h"
 #include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // What a failed look-up means for the class of node.
@@ -92,9 +92,9 @@ const jt_type *look_up_type(jt_parser_space *space, std::string_view type_name, 
   return unknown_type();
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" const jt_type *jt_get_type(jt_parser_space *space, const char *type_name, int32_t node_class,
                                       const jt_node *enclosing) {
-  return jt::look_up_type(space, jt::view_of(type_name), node_class, enclosing);
+  return jt_core::look_up_type(space, jt_core::view_of(type_name), node_class, enclosing);
 }

@@ -4,14 +4,14 @@
 #include <array>
 #include <utility>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/enumeration.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr char kSeparator = '/';
@@ -93,4 +93,4 @@ std::int32_t Borders::order(const Value &a, const Value &b) {
   return left[0] == right[0] && left[1] == right[1] && left[3] == right[3] ? 0 : kDifferent;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "foundation/markers.h"
-#include "foundation/text.h"
+#include "base/markers.h"
+#include "base/text.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 std::uint32_t number_in(const jt_value *value) {
@@ -92,4 +92,4 @@ char *Enumeration::copy_text(jt_parser_space *space, const ValueText &text) {
   return block;
 }
 
-}  // namespace jt
+}  // namespace jt_core

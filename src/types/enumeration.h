@@ -14,7 +14,7 @@
 #include "types/value_family.h"
 #include "types/value_list.h"
 
-namespace jt {
+namespace jt_core {
 
 // The number of a name. One that the list does not know is warned about, and the marker stands for it.
 std::uint32_t evaluate_name(jt_parser_space *space, const ValueList &list, std::string_view name);
@@ -38,6 +38,6 @@ struct Enumeration {
   static char *copy_text(jt_parser_space *space, const ValueText &text);
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -1,8 +1,8 @@
 #include "types/exported_operations.h"
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 
-namespace jt {
+namespace jt_core {
 
 jt_value *eval_value(const ValueFamily &family, jt_parser_space *space, char *text) {
   if (text == nullptr) return nullptr;
@@ -39,4 +39,4 @@ std::int32_t kill_value(const ValueFamily &family, jt_parser_space *space, jt_va
 
 std::int32_t kill_block(jt_parser_space * /*space*/, jt_value *value) { return er_free(value); }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -6,7 +6,7 @@
 #include "jt.h"
 #include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 jt_value *eval_value(const ValueFamily &family, jt_parser_space *space, char *text);
 jt_value *copy_value(const ValueFamily &family, jt_parser_space *space, const jt_value *value);
@@ -34,6 +34,6 @@ struct ExportedOperations {
   }
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -16,7 +16,7 @@
 #include "types/type_operations.h"
 #include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 template <typename Rules>
 struct FlatType : Rules {
@@ -62,6 +62,6 @@ struct FlatType : Rules {
   }
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

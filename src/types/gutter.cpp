@@ -1,14 +1,14 @@
 // struct_gutter, and its five operations under their exported names.
 #include <array>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/exported_operations.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr WarningLimits kLimits = {{{unit::kMm, 25, message::kGutterRangeMm},
@@ -37,30 +37,32 @@ std::int32_t Gutter::order(const Value &a, const Value &b) {
                                         : order_of(a.second_width, b.second_width);
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 namespace {
 
-constexpr jt::ValueFamily kGutter = {&jt::kOperations<jt::FlatType<jt::Gutter>>, nullptr};
+constexpr jt_core::ValueFamily kGutter = {&jt_core::kOperations<jt_core::FlatType<jt_core::Gutter>>, nullptr};
 
 }  // namespace
 
 extern "C" {
 
-jt_value *eval_gutter(jt_parser_space *space, char *text) { return jt::eval_value(kGutter, space, text); }
+jt_value *eval_gutter(jt_parser_space *space, char *text) {
+  return jt_core::eval_value(kGutter, space, text);
+}
 
 jt_value *copy_gutter(jt_parser_space *space, const jt_value *value) {
-  return jt::copy_value(kGutter, space, value);
+  return jt_core::copy_value(kGutter, space, value);
 }
 
 char *deval_gutter(jt_parser_space *space, const jt_value *value) {
-  return jt::deval_value(kGutter, space, value);
+  return jt_core::deval_value(kGutter, space, value);
 }
 
 int32_t cmp_gutter(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {
-  return jt::compare_values(kGutter, a, b);
+  return jt_core::compare_values(kGutter, a, b);
 }
 
-int32_t kill_gutter(jt_parser_space *space, jt_value *value) { return jt::kill_block(space, value); }
+int32_t kill_gutter(jt_parser_space *space, jt_value *value) { return jt_core::kill_block(space, value); }
 
 }  // extern "C"

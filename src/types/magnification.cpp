@@ -5,13 +5,13 @@
 #include <cstring>
 #include <span>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/enumeration.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr char kSeparator = '/';
@@ -101,4 +101,4 @@ std::int32_t Magnification::order(const Value &a, const Value &b) {
   return a.first == b.first && a.second == b.second ? 0 : kDifferent;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <limits>
 
-#include "foundation/text.h"
+#include "base/text.h"
 
-namespace jt {
+namespace jt_core {
 
 std::int64_t read_magnitude(std::string_view &text) {
   constexpr std::int64_t kMax = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
@@ -31,4 +31,4 @@ bool read_field(std::string_view &text, char separator, std::int32_t &number) {
   return true;
 }
 
-}  // namespace jt
+}  // namespace jt_core

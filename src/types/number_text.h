@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace jt {
+namespace jt_core {
 
 // What the digits at the front mean, at most 2147483648; no digit means 0.
 std::int64_t read_magnitude(std::string_view &text);
@@ -17,6 +17,6 @@ std::int32_t read_number(std::string_view &text);
 // A number and the separator behind it; false when something else stands there.
 bool read_field(std::string_view &text, char separator, std::int32_t &number);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -2,14 +2,14 @@
 // that is no unit at all.
 #include <array>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_list.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::string_view kTypeName = "struct_rectangle";
@@ -63,4 +63,4 @@ std::int32_t Rectangle::order(const Value &a, const Value &b) {
   return a.width != b.width ? order_of(a.width, b.width) : order_of(a.height, b.height);
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -7,9 +7,9 @@
 #include <numeric>
 #include <string_view>
 
-#include "foundation/text.h"
+#include "base/text.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr char kSeparator = ':';
@@ -104,4 +104,4 @@ void InvocationReference::cut(char *text, ReadStatus /*status*/) {
 template struct Reference<1>;
 template struct Reference<2>;
 
-}  // namespace jt
+}  // namespace jt_core

@@ -11,7 +11,7 @@
 #include "types/type_operations.h"
 #include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 template <std::size_t Texts>
 struct Reference {
@@ -40,6 +40,6 @@ struct CollectionReference : Reference<1> {
   static constexpr const char *kNullToKill = message::kNullCollectionReference;
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

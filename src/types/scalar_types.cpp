@@ -6,10 +6,10 @@
 #include <charconv>
 #include <limits>
 
-#include "foundation/text.h"
+#include "base/text.h"
 #include "types/number_text.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // ---- integer ----
@@ -186,4 +186,4 @@ std::int32_t StringType::compare(const jt_value *a, const jt_value *b) {
   return lowercasecmp(string_in(a), string_in(b));
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -8,7 +8,7 @@
 
 #include "types/flat_type.h"
 
-namespace jt {
+namespace jt_core {
 
 // An optional sign, then digits. A sign alone is 0.
 struct Integer {
@@ -80,6 +80,6 @@ struct StringType {
   static constexpr auto kOfNulls = order_of_nulls;
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -4,12 +4,12 @@
 #include <array>
 #include <functional>
 
-#include "foundation/markers.h"
+#include "base/markers.h"
 #include "types/enumeration.h"
 #include "types/exported_operations.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr ValueFamily kStatuses = {&kOperations<Enumeration>, &kBaseValues};
@@ -62,22 +62,22 @@ const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number) 
   return as_status(store_value(space, sink, &number, sizeof(number)));
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 jt_status *get_status(jt_parser_space *space, const char *name) {
   if (name == nullptr) return nullptr;
-  jt::ValueSink sink = jt::heap_sink();
-  return jt::as_status(jt::kStatuses.read(space, name, sink).value);
+  jt_core::ValueSink sink = jt_core::heap_sink();
+  return jt_core::as_status(jt_core::kStatuses.read(space, name, sink).value);
 }
 
 jt_status *copy_status(jt_parser_space *space, const jt_status *status) {
-  return jt::as_status(jt::copy_value(jt::kStatuses, space, jt::as_value(status)));
+  return jt_core::as_status(jt_core::copy_value(jt_core::kStatuses, space, jt_core::as_value(status)));
 }
 
 char *get_status_string(jt_parser_space *space, const jt_status *status) {
-  return jt::deval_value(jt::kStatuses, space, jt::as_value(status));
+  return jt_core::deval_value(jt_core::kStatuses, space, jt_core::as_value(status));
 }
 
 int32_t kill_status(jt_parser_space * /*space*/, jt_status *status) { return er_free(status); }

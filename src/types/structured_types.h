@@ -8,7 +8,7 @@
 
 #include "types/flat_type.h"
 
-namespace jt {
+namespace jt_core {
 
 // "width/width/unit". Units are written, but two gutters of the same widths are equal.
 struct Gutter {
@@ -78,6 +78,6 @@ struct Borders {
   }
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

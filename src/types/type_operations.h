@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <string_view>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // What comparing two values answers when they differ and their type knows no order, or no order for this
 // pair.
@@ -32,6 +32,6 @@ constexpr std::int32_t equality_of_nulls(const jt_value *a, const jt_value *b) {
 // Reports a text that is no value of the named type; false.
 bool refuse_value(jt_parser_space *space, std::string_view type_name, std::string_view text);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

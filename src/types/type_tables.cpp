@@ -9,7 +9,7 @@
 #include <span>
 #include <string_view>
 
-#include "foundation/text.h"
+#include "base/text.h"
 #include "types/enumeration.h"
 #include "types/exported_operations.h"
 #include "types/references.h"
@@ -22,47 +22,47 @@ namespace {
 // ---- Families ---------------------------------------------------------------------------------------------
 
 template <typename Family>
-consteval jt::ValueFamily family() {
-  return {&jt::kOperations<Family>, nullptr};
+consteval jt_core::ValueFamily family() {
+  return {&jt_core::kOperations<Family>, nullptr};
 }
 
-consteval jt::ValueFamily enumeration(const jt::ValueList &names) {
-  return {&jt::kOperations<jt::Enumeration>, &names};
+consteval jt_core::ValueFamily enumeration(const jt_core::ValueList &names) {
+  return {&jt_core::kOperations<jt_core::Enumeration>, &names};
 }
 
-constexpr jt::ValueFamily kBoolean = family<jt::FlatType<jt::Boolean>>();
-constexpr jt::ValueFamily kInteger = family<jt::FlatType<jt::Integer>>();
-constexpr jt::ValueFamily kReal = family<jt::FlatType<jt::Real>>();
-constexpr jt::ValueFamily kTimestamp = family<jt::FlatType<jt::Timestamp>>();
-constexpr jt::ValueFamily kTimeOfDay = family<jt::FlatType<jt::TimeOfDay>>();
-constexpr jt::ValueFamily kRectangle = family<jt::FlatType<jt::Rectangle>>();
-constexpr jt::ValueFamily kMagnification = family<jt::FlatType<jt::Magnification>>();
-constexpr jt::ValueFamily kBorders = family<jt::FlatType<jt::Borders>>();
-constexpr jt::ValueFamily kGutter = family<jt::FlatType<jt::Gutter>>();
-constexpr jt::ValueFamily kString = family<jt::StringType>();
-constexpr jt::ValueFamily kInvocationReference = family<jt::InvocationReference>();
-constexpr jt::ValueFamily kCollectionReference = family<jt::CollectionReference>();
-constexpr jt::ValueFamily kBaseEnum = enumeration(jt::kBaseValues);
-constexpr jt::ValueFamily kDocumentEnum = enumeration(jt::kDocumentValues);
-constexpr jt::ValueFamily kEmailEnum = enumeration(jt::kEmailValues);
-constexpr jt::ValueFamily kFaxEnum = enumeration(jt::kFaxValues);
-constexpr jt::ValueFamily kFileEnum = enumeration(jt::kFileValues);
-constexpr jt::ValueFamily kGeneralEnum = enumeration(jt::kGeneralValues);
-constexpr jt::ValueFamily kMetadataEnum = enumeration(jt::kMetadataValues);
-constexpr jt::ValueFamily kOcrEnum = enumeration(jt::kOcrValues);
-constexpr jt::ValueFamily kPrintEnum = enumeration(jt::kPrintValues);
-constexpr jt::ValueFamily kScanEnum = enumeration(jt::kScanValues);
-constexpr jt::ValueFamily kValidationEnum = enumeration(jt::kValidationValues);
+constexpr jt_core::ValueFamily kBoolean = family<jt_core::FlatType<jt_core::Boolean>>();
+constexpr jt_core::ValueFamily kInteger = family<jt_core::FlatType<jt_core::Integer>>();
+constexpr jt_core::ValueFamily kReal = family<jt_core::FlatType<jt_core::Real>>();
+constexpr jt_core::ValueFamily kTimestamp = family<jt_core::FlatType<jt_core::Timestamp>>();
+constexpr jt_core::ValueFamily kTimeOfDay = family<jt_core::FlatType<jt_core::TimeOfDay>>();
+constexpr jt_core::ValueFamily kRectangle = family<jt_core::FlatType<jt_core::Rectangle>>();
+constexpr jt_core::ValueFamily kMagnification = family<jt_core::FlatType<jt_core::Magnification>>();
+constexpr jt_core::ValueFamily kBorders = family<jt_core::FlatType<jt_core::Borders>>();
+constexpr jt_core::ValueFamily kGutter = family<jt_core::FlatType<jt_core::Gutter>>();
+constexpr jt_core::ValueFamily kString = family<jt_core::StringType>();
+constexpr jt_core::ValueFamily kInvocationReference = family<jt_core::InvocationReference>();
+constexpr jt_core::ValueFamily kCollectionReference = family<jt_core::CollectionReference>();
+constexpr jt_core::ValueFamily kBaseEnum = enumeration(jt_core::kBaseValues);
+constexpr jt_core::ValueFamily kDocumentEnum = enumeration(jt_core::kDocumentValues);
+constexpr jt_core::ValueFamily kEmailEnum = enumeration(jt_core::kEmailValues);
+constexpr jt_core::ValueFamily kFaxEnum = enumeration(jt_core::kFaxValues);
+constexpr jt_core::ValueFamily kFileEnum = enumeration(jt_core::kFileValues);
+constexpr jt_core::ValueFamily kGeneralEnum = enumeration(jt_core::kGeneralValues);
+constexpr jt_core::ValueFamily kMetadataEnum = enumeration(jt_core::kMetadataValues);
+constexpr jt_core::ValueFamily kOcrEnum = enumeration(jt_core::kOcrValues);
+constexpr jt_core::ValueFamily kPrintEnum = enumeration(jt_core::kPrintValues);
+constexpr jt_core::ValueFamily kScanEnum = enumeration(jt_core::kScanValues);
+constexpr jt_core::ValueFamily kValidationEnum = enumeration(jt_core::kValidationValues);
 
 // Copying, comparing and killing an enumerated value needs no list, so all enumerations share these.
-template <const jt::ValueFamily &Family>
-constexpr const jt::ValueFamily &kWithoutList = Family.names != nullptr ? kBaseEnum : Family;
+template <const jt_core::ValueFamily &Family>
+constexpr const jt_core::ValueFamily &kWithoutList = Family.names != nullptr ? kBaseEnum : Family;
 
-template <const jt::ValueFamily &Family>
+template <const jt_core::ValueFamily &Family>
 consteval jt_type type(const char *name) {
-  using Own = jt::ExportedOperations<Family>;
-  using Shared = jt::ExportedOperations<kWithoutList<Family>>;
-  const auto kill = Family.operations->null_to_kill != nullptr ? Own::kill : jt::kill_block;
+  using Own = jt_core::ExportedOperations<Family>;
+  using Shared = jt_core::ExportedOperations<kWithoutList<Family>>;
+  const auto kill = Family.operations->null_to_kill != nullptr ? Own::kill : jt_core::kill_block;
   return {name, Own::eval, Shared::copy, Own::deval, Shared::cmp, kill};
 }
 
@@ -229,7 +229,7 @@ constexpr int32_t MAX_VALIDATION_TYPES = 3;
 
 }  // extern "C"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // Clients search the tables too, and may halve their way through: rows are in order.
@@ -436,10 +436,11 @@ const jt_type *find_service_row(std::string_view name) {
   return table != nullptr ? find_entry(*table, name).type : nullptr;
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" const jt_type *get_type_from_services(jt_parser_space * /*space*/, const char *service_name,
                                                  const char *type_name) {
-  return jt::find_type_in_scope(jt::find_service_table(jt::view_of(service_name)), jt::view_of(type_name))
+  return jt_core::find_type_in_scope(jt_core::find_service_table(jt_core::view_of(service_name)),
+                                     jt_core::view_of(type_name))
       .type;
 }

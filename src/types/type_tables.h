@@ -13,7 +13,7 @@
 #include "types/value_family.h"
 #include "types/value_list.h"
 
-namespace jt {
+namespace jt_core {
 
 struct TypeTable {
   const jt_type *rows;
@@ -62,6 +62,6 @@ const ValueFamily *family_of(const jt_type *type, const TypeTable *likely = null
 // The row that stands for such a service itself.
 const jt_type *find_service_row(std::string_view name);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

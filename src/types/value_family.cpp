@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-#include "foundation/memory.h"
+#include "base/memory.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 void *allocate_block(ValueSink & /*sink*/, jt_parser_space *space, std::size_t bytes) {
@@ -40,4 +40,4 @@ char *copy_value_text(jt_parser_space *space, const ValueText &text) {
   return block;
 }
 
-}  // namespace jt
+}  // namespace jt_core

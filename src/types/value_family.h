@@ -13,11 +13,11 @@
 #include <cstdint>
 #include <string_view>
 
-#include "foundation/keyed_hash.h"
+#include "base/keyed_hash.h"
 #include "jt.h"
 #include "types/short_text.h"
 
-namespace jt {
+namespace jt_core {
 
 // Where the storage of one value comes from: a block of the heap, or space in the node that is made for it.
 // It is asked once for a value, after everything that can refuse the text; null after "allocation error".
@@ -120,6 +120,6 @@ char *copy_value_text(jt_parser_space *space, const ValueText &text);
 // The pieces of a text as one, terminated, into room for them.
 void join_pieces(const ValueText &text, char *out);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

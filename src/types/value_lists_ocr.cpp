@@ -5,7 +5,7 @@
 #include "types/value_lists.h"
 #include "types/value_packing.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::size_t kFormatCount = 76;
@@ -102,4 +102,4 @@ constexpr auto kPackedOcr = pack<kOcr>();
 
 constinit const ValueList kOcrValues = kPackedOcr.list();
 
-}  // namespace jt
+}  // namespace jt_core

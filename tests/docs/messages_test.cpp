@@ -54,7 +54,7 @@ Texts differences(const Texts &messages, const Texts &entries) {
   return found;
 }
 
-std::string library_header() { return jt_test::read_whole(JT_SOURCE_DIR "/src/foundation/messages.h"); }
+std::string library_header() { return jt_test::read_whole(JT_SOURCE_DIR "/src/base/messages.h"); }
 
 std::string messages_page() { return jt_test::read_whole(JT_SOURCE_DIR "/docs/messages.md"); }
 

@@ -25,7 +25,7 @@ const jt_type *type_named(const char *name) { return get_type_from_services(null
 // ---- Session store and memory
 // -------------------------------------------------------------------------------
 
-std::vector<Scenario> foundation_scenarios() {
+std::vector<Scenario> base_scenarios() {
   return {
       {"MyCalloc", [](World &w) -> Result { return my_calloc(w.space, 2, 8); }, {{kNoMemory}}},
       {"ErFree", [](World &) -> Result { return er_free(nullptr); }, {}},
@@ -253,6 +253,9 @@ std::vector<Scenario> status_scenarios() {
       {"SetStatusOfANumberWithoutAName",
        [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kUnnamed)); },
        {{kNoMemory, "MEMORY ERROR: allocating for status. ..."}}},
+      {"SetStatusOfAnUnknownName",
+       [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kOdd)); },
+       {}},
   };
 }
 
@@ -286,7 +289,7 @@ std::vector<Scenario> type_scenarios() {
   };
 }
 
-INSTANTIATE_TEST_SUITE_P(Foundation, Internal, ::testing::ValuesIn(foundation_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Base, Internal, ::testing::ValuesIn(base_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(TypedNodes, Internal, ::testing::ValuesIn(typed_node_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(ValueNodes, Internal, ::testing::ValuesIn(value_node_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(Tree, Internal, ::testing::ValuesIn(linking_scenarios()), scenario_name);

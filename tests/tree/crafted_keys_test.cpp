@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "foundation/parser_space.h"
-#include "foundation/text.h"
+#include "base/parser_space.h"
+#include "base/text.h"
 #include "tree/child_index.h"
 #include "tree/tree_session.h"
 
@@ -40,7 +40,7 @@ class CraftedKeys : public TreeTest {
 
 TEST_F(CraftedKeys, NamesOfOneHashAreStillTold) {
   const std::vector<std::string> names = names_of_one_hash(1000);
-  ASSERT_EQ(jt::name_hash(names[1]), jt::name_hash(names[999]));
+  ASSERT_EQ(jt_core::name_hash(names[1]), jt_core::name_hash(names[999]));
   for (const std::string &name : names) ASSERT_NE(add_attribute(parent, "integer", name.c_str()), nullptr);
   for (std::size_t i = 0; i < names.size(); ++i) {
     jt_node *const found = get_child(space, parent, names[i].c_str());
@@ -86,7 +86,7 @@ TEST_F(CraftedKeys, OrdinaryNamesNeedNoSecret) {
 class LongRun : public CraftedKeys {
  protected:
   static std::uint32_t home_of(std::int32_t number) {
-    return jt::hash_numbers(nullptr, std::array<std::int32_t, 1>{number}) % 2048;
+    return jt_core::hash_numbers(nullptr, std::array<std::int32_t, 1>{number}) % 2048;
   }
 
   LongRun() {
@@ -105,7 +105,7 @@ class LongRun : public CraftedKeys {
   static const jt_value *value_of(const std::int32_t &number) {
     return reinterpret_cast<const jt_value *>(&number);
   }
-  jt_node *find(std::int32_t number) { return jt::find_value(*attribute, value_of(number)); }
+  jt_node *find(std::int32_t number) { return jt_core::find_value(*attribute, value_of(number)); }
 
   void expect_all_found_but(std::int32_t missing) {
     for (const std::int32_t number : numbers) {

@@ -15,9 +15,9 @@ namespace {
 
 class ValueHash : public ::testing::Test {
  protected:
-  static bool hash_value(const jt::HashKey *secret, const jt_type &type, const jt_value *value,
+  static bool hash_value(const jt_core::HashKey *secret, const jt_type &type, const jt_value *value,
                          uint32_t &hash) {
-    return jt::family_of(&type)->operations->hash(secret, value, hash);
+    return jt_core::family_of(&type)->operations->hash(secret, value, hash);
   }
   uint32_t hash_of_real(float number) const {
     uint32_t hash = 0;
@@ -44,8 +44,8 @@ class ValueHash : public ::testing::Test {
     type.kill(nullptr, copy);
   }
 
-  static constexpr jt::HashKey kSecret = {1, 2};
-  const jt::HashKey *secret = nullptr;
+  static constexpr jt_core::HashKey kSecret = {1, 2};
+  const jt_core::HashKey *secret = nullptr;
   const jt_type &real = *get_type_from_services(nullptr, nullptr, "real");
 };
 
@@ -61,7 +61,7 @@ TEST_F(ValueHash, IsTheSameForAValueAndItsCopyWithASecretToo) {
 }
 
 TEST_F(ValueHash, OfMinusZeroIsThatOfZero) {
-  for (const jt::HashKey *const key : {static_cast<const jt::HashKey *>(nullptr), &kSecret}) {
+  for (const jt_core::HashKey *const key : {static_cast<const jt_core::HashKey *>(nullptr), &kSecret}) {
     secret = key;
     EXPECT_EQ(hash_of_real(-0.0F), hash_of_real(0.0F));
     EXPECT_NE(hash_of_real(1.0F), hash_of_real(0.0F));
@@ -77,7 +77,7 @@ TEST_F(ValueHash, IsNotThereForARealThatIsNoNumber) {
 }
 
 TEST_F(ValueHash, DependsOnTheSecret) {
-  const jt::HashKey other = {1, 3};
+  const jt_core::HashKey other = {1, 3};
   const int32_t number = 1;
   const jt_type &integer = *get_type_from_services(nullptr, nullptr, "integer");
   std::vector<uint32_t> hashes(3);
@@ -92,24 +92,25 @@ TEST_F(ValueHash, DependsOnTheSecret) {
 // Values of all other types are found by comparing one by one, and go through the type's five operations.
 TEST(ValueFamilyOf, AClientsTypeIsNone) {
   const jt_type integer = *get_type_from_services(nullptr, nullptr, "integer");
-  EXPECT_NE(jt::family_of(get_type_from_services(nullptr, nullptr, "integer")), nullptr);
-  EXPECT_EQ(jt::family_of(&integer), nullptr);
+  EXPECT_NE(jt_core::family_of(get_type_from_services(nullptr, nullptr, "integer")), nullptr);
+  EXPECT_EQ(jt_core::family_of(&integer), nullptr);
 }
 
 TEST(ValueFamilyOf, AKindOfBlockAndTheUnknownTypeIsNone) {
-  EXPECT_EQ(jt::family_of(get_type_from_services(nullptr, nullptr, "service")), nullptr);
-  EXPECT_EQ(jt::family_of(&scan_type_tab[18]), nullptr);
+  EXPECT_EQ(jt_core::family_of(get_type_from_services(nullptr, nullptr, "service")), nullptr);
+  EXPECT_EQ(jt_core::family_of(&scan_type_tab[18]), nullptr);
   EXPECT_STREQ(scan_type_tab[18].name, "kmt_svc_scan");
-  EXPECT_EQ(jt::family_of(jt_unknown_type()), nullptr);
+  EXPECT_EQ(jt_core::family_of(jt_unknown_type()), nullptr);
 }
 
 TEST(ValueFamilyOf, ARowIsTheSameWhereverItIsLookedFor) {
-  for (const jt::ServiceTypes &service : jt::services()) {
+  for (const jt_core::ServiceTypes &service : jt_core::services()) {
     for (std::int32_t row = 0; row < service.types.count; ++row) {
       const jt_type &type = service.types.rows[row];
-      EXPECT_EQ(jt::family_of(&type) != nullptr, type.eval != nullptr) << type.name;
-      EXPECT_EQ(jt::family_of(&type, &service.types), jt::family_of(&type)) << type.name;
-      EXPECT_EQ(jt::family_of(&type, jt::find_service_table("kmt_svc_scan")), jt::family_of(&type))
+      EXPECT_EQ(jt_core::family_of(&type) != nullptr, type.eval != nullptr) << type.name;
+      EXPECT_EQ(jt_core::family_of(&type, &service.types), jt_core::family_of(&type)) << type.name;
+      EXPECT_EQ(jt_core::family_of(&type, jt_core::find_service_table("kmt_svc_scan")),
+                jt_core::family_of(&type))
           << type.name;
     }
   }
