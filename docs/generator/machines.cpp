@@ -1,6 +1,7 @@
 #include "machines.h"
 
 #include <algorithm>
+#include <regex>
 #include <set>
 #include <utility>
 
@@ -248,6 +249,17 @@ std::string draw(const Drawing &drawing) {
   for (const State state : stand_ins) text += stand_in_line(state);
   for (const jt_core::Row &row : rows) text += edge_line(row);
   return text + "}\n";
+}
+
+std::string tabulate(const Drawing &drawing) {
+  std::string text = "| in the state | token | it is | next state |\n|---|---|---|---|\n";
+  for (const jt_core::Row &row : rows_of(*drawing.machine)) {
+    const std::string tokens = std::regex_replace(tokens_of(row), std::regex(R"(([|*<>\[\]]))"), R"(\$1)");
+    const std::string to = row.to == State::kFinished ? "the end of the stage" : name_of(row.to);
+    text += "| " + name_of(row.from) + " | " + tokens + " | " + std::string(meaning_of(row)) + " | " + to +
+            " |\n";
+  }
+  return text;
 }
 
 }  // namespace jt_docs

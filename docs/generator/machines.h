@@ -35,6 +35,9 @@ std::string_view meaning_of(const jt_core::Row &row);
 // The picture for Graphviz.
 std::string draw(const Drawing &drawing);
 
+// The rows as a table in Markdown, for those who do not see the picture.
+std::string tabulate(const Drawing &drawing);
+
 }  // namespace jt_docs
 
 #endif

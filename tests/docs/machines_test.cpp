@@ -113,5 +113,23 @@ TEST(Machines, StatesShowWhereTheTextMayEnd) {
   EXPECT_TRUE(is_drawn("end_marker", ">may&#160;end&#160;here</font>"));
 }
 
+TEST(Machines, EveryRowIsALineOfTheTable) {
+  for (const Drawing &drawing : kDrawings) {
+    EXPECT_EQ(count_lines_with(tabulate(drawing), "| "), rows_of(*drawing.machine).size() + 1)
+        << drawing.name;
+  }
+}
+
+TEST(Machines, TheTableShowsTokensAndWhatTheyAre) {
+  const std::string table = tabulate(drawing_of("end_marker"));
+  EXPECT_NE(table.find("| marker word | any | /SIL | marker end |\n"), std::string::npos) << table;
+}
+
+TEST(Machines, TheTableKeepsTokensApartFromItsOwnMarks) {
+  const std::string table = tabulate(drawing_of("body"));
+  EXPECT_NE(table.find("| \\* |"), std::string::npos);
+  EXPECT_NE(table.find("| \\[ |"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace jt_docs
