@@ -1,9 +1,10 @@
-# What `cmake --install` puts where, in three components: runtime (the shared library), development (headers,
-# the static library, what find_package() and pkg-config read, the manual's pages on them) and tools. Nothing
-# of it knows the prefix: an installed tree may be moved.
+# What `cmake --install` puts where, in four components: runtime (the shared library), development (headers, the
+# static library, what find_package() and pkg-config read, the pages on the calls), tools (with their pages and
+# that on SIL) and documentation (the manual and the examples). Nothing of it knows the prefix: an installed tree
+# may be moved.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS jt_static jt_shared EXPORT jt_targets
+install(TARGETS jt_static jt_shared jt_cpp EXPORT jt_targets
         ARCHIVE COMPONENT development
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ TYPE INCLUDE COMPONENT development)
@@ -41,4 +42,9 @@ function(jt_install_pages section component)
 endfunction()
 jt_install_pages(1 tools)
 jt_install_pages(3 development)
-jt_install_pages(5 development)
+jt_install_pages(5 tools)
+
+# The manual, if it has been written, and the examples.
+install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html TYPE DOC COMPONENT documentation OPTIONAL)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples TYPE DOC COMPONENT documentation
+        PATTERN CMakeLists.txt EXCLUDE)

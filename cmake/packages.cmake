@@ -5,7 +5,7 @@ set(JT_PACKAGE_MAINTAINER "The jt developers <jt@example.org>" CACHE STRING "Who
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME jt)
 set(CPACK_PACKAGE_CONTACT ${JT_PACKAGE_MAINTAINER})
-set(CPACK_COMPONENTS_ALL runtime development tools)
+set(CPACK_COMPONENTS_ALL runtime development tools documentation)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
@@ -35,6 +35,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libjt-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "libjt${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "jt-doc, jt-tools")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${summary} - development\n${what_it_is}
 .
 This package holds the headers, the static library, and what CMake and
@@ -44,8 +45,17 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME jt-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${summary} - tools\n${what_it_is}
 .
-This package holds jt-roundtrip, which reads a template and prints it as jt
-writes it, with its messages, and jt-driver, which times the steps.")
+This package holds jt-roundtrip, which reads a template, prints it as jt
+writes it and says what is doubtful about it, jt-driver, which times the
+steps, and a page on the language.")
+
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME jt-doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "${summary} - manual\n${what_it_is}
+.
+This package holds the manual as web pages, and the examples: templates of
+every kind and small clients in C and C++.")
 
 # What only Debian's packages have: it is written between installing and packing.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_documents.cmake)

@@ -56,7 +56,9 @@ int main(void) {
   const int32_t job = jt_create_template(session);
   char *text = fill(session, job) ? jt_encode_template(session, job) : NULL;
   const int succeeded = text != NULL;
-  fputs(succeeded ? text : jt_get_recent_error(session), succeeded ? stdout : stderr);
+  const char *error = succeeded ? NULL : jt_get_recent_error(session);
+  if (succeeded) fputs(text, stdout);
+  if (!succeeded) fprintf(stderr, "%s\n", error != NULL ? error : "a value was refused");
   jt_destroy_value_string(session, text);
   jt_close_parsing_utility(session);
   return succeeded ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -33,6 +33,13 @@ static int find_attribute(jt_parser_space *session, int32_t job, const char *ser
 }
 /* [find an attribute] */
 
+/* [why a call failed] */
+/* The status says whether the last call reported anything; an older message of the history is not its own. */
+static const char *reason(jt_parser_space *session, const char *without_report) {
+  return jt_last_api_error(session) != JT_OK ? jt_get_recent_error(session) : without_report;
+}
+/* [why a call failed] */
+
 /* [change a value] */
 static int change(jt_parser_space *session, const char *text, char **arguments) {
   const char *service = arguments[0], *attribute = arguments[1], *value = arguments[2];
@@ -40,11 +47,11 @@ static int change(jt_parser_space *session, const char *text, char **arguments) 
   const int found = job != 0 && find_attribute(session, job, service, attribute);
   const int changed = found && jt_set_attribute_value_string(session, job, service, attribute, value);
   char *result = changed ? jt_encode_template(session, job) : NULL;
-  const char *error = result != NULL ? NULL : jt_get_recent_error(session);
+  const char *silent = job == 0 ? "the text is cut off" : !found ? "no such attribute" : "no such value";
   if (result != NULL) fputs(result, stdout);
-  if (result == NULL) fprintf(stderr, "%s\n", error != NULL ? error : "no such attribute");
+  if (result == NULL) fprintf(stderr, "%s\n", reason(session, silent));
   jt_destroy_value_string(session, result);
-  return changed ? EXIT_SUCCESS : EXIT_FAILURE;
+  return result != NULL ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 /* [change a value] */
 

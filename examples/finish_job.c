@@ -36,18 +36,26 @@ static void complete(jt_parser_space *session, int32_t job, const char *service)
 }
 /* [complete a service] */
 
+/* What the last call reported, or why it failed where it reported nothing. */
+static int complain(jt_parser_space *session, const char *without_report) {
+  const int reported = jt_last_api_error(session) != JT_OK;
+  fprintf(stderr, "%s\n", reported ? jt_get_recent_error(session) : without_report);
+  return 0;
+}
+
 /* [override a value] */
 /* The types of a service are found by its name or, where it has a name of its own, by its type. */
 static int override_value(jt_parser_space *session, int32_t job, const char *service, const char *attribute,
                           const char *text) {
   char *type = jt_get_attribute_type_name(session, job, service, attribute);
-  if (type == NULL) return 0;
+  if (type == NULL) return complain(session, "no type");
   char *service_type = jt_get_service_type(session, job, service);
   const char *scope = get_type_from_services(session, service, type) != NULL ? service : service_type;
   jt_value *old_value = jt_get_first_attribute_value(session, job, service, attribute);
   jt_value *new_value = jt_decode_value(session, type, text, scope);
   const int done = old_value != NULL && new_value != NULL &&
                    jt_override_attribute_value(session, job, service, attribute, old_value, new_value);
+  if (!done) complain(session, old_value == NULL ? "the attribute has no value" : "no such value");
   if (old_value != NULL) jt_destroy_value(session, type, old_value, scope);
   if (new_value != NULL) jt_destroy_value(session, type, new_value, scope);
   jt_destroy_name(session, service_type);
@@ -58,6 +66,7 @@ static int override_value(jt_parser_space *session, int32_t job, const char *ser
 
 static int finish(jt_parser_space *session, const char *text, char **arguments) {
   const int32_t job = jt_decode_template(session, text);
+  if (job == 0) complain(session, "the text is cut off");
   char *service = job == 0 ? NULL : jt_get_first_service_name(session, job);
   for (; service != NULL; service = jt_get_next_service_name(session, job)) {
     complete(session, job, service);
@@ -65,11 +74,9 @@ static int finish(jt_parser_space *session, const char *text, char **arguments) 
   }
   const int done = job != 0 && override_value(session, job, arguments[0], arguments[1], arguments[2]);
   char *result = done ? jt_encode_template(session, job) : NULL;
-  const char *error = done ? NULL : jt_get_recent_error(session);
   if (result != NULL) fputs(result, stdout);
-  if (!done) fprintf(stderr, "%s\n", error != NULL ? error : "the attribute has no value");
   jt_destroy_value_string(session, result);
-  return done ? EXIT_SUCCESS : EXIT_FAILURE;
+  return result != NULL ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 int main(int argc, char **argv) {

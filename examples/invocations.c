@@ -40,7 +40,8 @@ int main(void) {
       change_path(session, job, "3", "/letters/2030") && delete_invocation(session, job, "Drafts");
   char *result = done ? jt_encode_template(session, job) : NULL;
   if (result != NULL) fputs(result, stdout);
-  if (result == NULL) fprintf(stderr, "%s\n", jt_get_recent_error(session));
+  const char *error = done ? NULL : jt_get_recent_error(session);
+  if (!done) fprintf(stderr, "%s\n", error != NULL ? error : "a value was refused");
   jt_destroy_value_string(session, result);
   jt_close_parsing_utility(session);
   return result != NULL ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -64,7 +64,9 @@ static void print_service(jt_parser_space *session, int32_t job, const char *ser
 /* [walk services] */
 static int print_outline(jt_parser_space *session, const char *text) {
   const int32_t job = jt_decode_template(session, text);
-  if (job == 0) fprintf(stderr, "%s\n", jt_get_recent_error(session));
+  const int reported = jt_last_api_error(session) != JT_OK;
+  const char *error = reported ? jt_get_recent_error(session) : "the text is cut off";
+  if (job == 0) fprintf(stderr, "%s\n", error);
   char *service = job == 0 ? NULL : jt_get_first_service_name(session, job);
   for (; service != NULL; service = jt_get_next_service_name(session, job)) {
     print_service(session, job, service);

@@ -55,8 +55,11 @@ static void print_encoded(jt_parser_space *space, int32_t handle) {
 
 static int round_trip(jt_parser_space *space, const char *text) {
   const int32_t handle = jt_decode_template(space, text);
+  const int32_t status = jt_last_api_error(space);
+  const int cut_off = handle == 0 && (status == JT_OK || status == JT_WARNING);
   if (handle != 0) print_encoded(space, handle);
   print_messages(space);
+  if (cut_off) fprintf(stderr, "the text is cut off\n");
   if (handle == 0) return NOT_DECODED;
   jt_destroy_template(space, handle);
   return DECODED;

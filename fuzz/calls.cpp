@@ -3,7 +3,8 @@
 // messages and the slots in use are those of the model; at the end every tree is walked through the calls and
 // is the model's tree. Everything handed over is released, and the session closed with what is left in it.
 //
-// Some calls are made with a null session: they fail, and nothing else changes.
+// Some calls are made with a null session: they fail, and nothing else changes. In some an allocation fails:
+// they fail as a whole, or do without.
 #include <iterator>
 
 #include "calls_run.h"
@@ -14,6 +15,7 @@ using jt_fuzz::Answer;
 using jt_fuzz::answer_of;
 using jt_fuzz::ask;
 using jt_fuzz::check;
+using jt_fuzz::Failure;
 using jt_fuzz::Kind;
 using jt_fuzz::Model;
 using jt_fuzz::Run;
@@ -201,7 +203,7 @@ class TypedValue {
       mirrored_ = run.model.decode_value(kind, text);
       return answer_of(mirrored_.has_value());
     };
-    run.compare_outside(read, mirror);
+    run.compare_outside(read, mirror, "0");
   }
   ~TypedValue() {
     if (value_ != nullptr) destroy(run_, type_, value_);
@@ -212,7 +214,7 @@ class TypedValue {
   static void destroy(Run &run, const std::string &type, jt_value *value) {
     run.compare_outside(
         [&] { return words(jt_destroy_value(run.session.space, type.c_str(), value, kScan)); },
-        [] { return answer_of(true); });
+        [] { return answer_of(true); }, "0");
   }
 
   const jt_value *value() const { return value_; }
@@ -260,6 +262,7 @@ void read_value(Run &run) {
   const char *const attribute = run.attribute();
   jt_value *value = nullptr;
   const Value *mirrored = nullptr;
+  run.passes_when_failed = true;
   const auto call = [&] {
     return answer_of((value = Call(run.space, handle, service, attribute)) != nullptr);
   };
@@ -267,11 +270,23 @@ void read_value(Run &run) {
     return answer_of((mirrored = (run.model.*Mirror)(handle, service, attribute)) != nullptr);
   };
   run.compare(call, mirror, "0");
+  run.passes_when_failed = false;
   if (value == nullptr) return;
   const std::string type = *run.model.type_of(handle, service, attribute)->name;
   run.compare_outside([&] { return words(jt_encode_value(run.space, type.c_str(), value, kScan)); },
-                      [&] { return run.model.encode_value(*mirrored); });
+                      [&] { return run.model.encode_value(*mirrored); }, "null");
   TypedValue::destroy(run, type, value);
+}
+
+// A value of unknown type is passed once its text has been copied, any other whatever its text comes to.
+void next_value_string(Run &run) {
+  const int32_t handle = run.handle();
+  const char *const service = run.service();
+  const char *const attribute = run.attribute();
+  const jt_fuzz::Type *const type = run.model.type_of(handle, service, attribute);
+  run.passes_when_failed = type != nullptr && type->kind != Kind::kUnknown;
+  ask(run, jt_get_next_attribute_value_string, &Model::next_value_string, handle, service, attribute);
+  run.passes_when_failed = false;
 }
 
 // ---- Values of any type -----------------------------------------------------------------------------------
@@ -392,8 +407,7 @@ constexpr Operation kOperations[] = {
     {"jt_get_next_attribute_value", read_value<jt_get_next_attribute_value, &Model::next_value>},
     {"jt_get_first_attribute_value_string",
      on_attribute<jt_get_first_attribute_value_string, &Model::first_value_string>},
-    {"jt_get_next_attribute_value_string",
-     on_attribute<jt_get_next_attribute_value_string, &Model::next_value_string>},
+    {"jt_get_next_attribute_value_string", next_value_string},
     {"jt_get_attribute_type_name", on_attribute<jt_get_attribute_type_name, &Model::attribute_type_name>},
     {"jt_known_attribute_datatype", on_attribute<jt_known_attribute_datatype, &Model::known_datatype>},
     {"jt_is_attribute_non_compulsory",
@@ -432,7 +446,8 @@ constexpr Operation kOperations[] = {
     {"jt_destroy_value of nothing", destroy_no_value},
 };
 
-// The operation has the low bits of the byte; all high ones make the session null.
+// The operation has the low bits of the byte; the high ones may let an allocation fail or make the session
+// null.
 void run_one(Run &run) {
   constexpr std::size_t kCount = std::size(kOperations);
   static_assert(kCount <= 64);
@@ -441,6 +456,7 @@ void run_one(Run &run) {
   run.operation = operation.name;
   const bool null_session = byte >= 192 && run.input.byte() % 4 == 0;
   run.space = null_session ? nullptr : run.session.space;
+  run.failure = byte >= 128 && byte < 192 ? Failure::from(run.input) : Failure{};
   operation.run(run);
   run.check_slots();
 }
@@ -496,6 +512,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   Run run(data, size);
   while (!run.input.is_over()) run_one(run);
   run.operation = "the walk";
+  run.failure = {};
   run.space = run.session.space;
   for (const auto &root : run.model.templates) walk_template(run, root);
   return 0;

@@ -8,10 +8,11 @@
 #include <iterator>
 #include <type_traits>
 
-#include "foundation/markers.h"
-#include "foundation/parser_space.h"
+#include "base/markers.h"
+#include "base/parser_space.h"
 #include "model.h"
 #include "support.h"
+#include "support/failing_allocator.h"
 
 namespace jt_fuzz {
 
@@ -45,6 +46,21 @@ class Input {
 
 // ---- One run ----------------------------------------------------------------------------------------------
 
+// Which allocation fails, and in which of the calls of an operation.
+struct Failure {
+  int number = 0;  // counted from 1; 0 for none
+  jt_test::Failing which = jt_test::Failing::kOnlyOne;
+  int calls_before = 0;
+
+  // Most calls allocate once or twice; decoding and encoding do it more often.
+  static Failure from(Input &input) {
+    constexpr int kMostBefore = 4;
+    const std::uint8_t byte = input.byte();
+    const auto which = byte % 2 == 0 ? jt_test::Failing::kOnlyOne : jt_test::Failing::kAllFromThereOn;
+    return {1 + byte / 2 % 8 + (byte >= 0xF0 ? input.byte() % 64 : 0), which, byte / 16 % kMostBefore};
+  }
+};
+
 struct Run {
   Run(const std::uint8_t *data, std::size_t size) : input(data, size) {}
 
@@ -53,6 +69,10 @@ struct Run {
   Input input;
   const char *operation = "";
   jt_parser_space *space = nullptr;  // of the call under test: the session's or null
+  Failure failure = {};
+
+  // Whether the call under test moves a cursor also where its result could not be allocated.
+  bool passes_when_failed = false;
 
   int32_t handle() {
     const std::uint8_t byte = input.byte();
@@ -72,20 +92,60 @@ struct Run {
 
   // Both answer alike, and leave the same behind. With a null session the call fails, and nothing changes.
   template <typename Call, typename Mirror>
-  void compare(Call call, Mirror mirror, const Answer &failure) {
+  void compare(Call call, Mirror mirror, const Answer &failed) {
+    if (failure.number != 0 && space != nullptr && failure.calls_before-- == 0) {
+      compare_without_memory(call, mirror, failed);
+      return;
+    }
     if (space != nullptr) model.begin_call();
-    const Answer expected = space != nullptr ? mirror() : failure;
-    const Answer actual = call();
-    if (actual != expected) check(false, operation, "answers " + actual + ", not " + expected);
-    check_state();
+    check_answer(call(), space != nullptr ? mirror() : failed);
   }
 
   // The same for a call that only prepares or follows the one under test: never with a null session.
   template <typename Call, typename Mirror>
-  void compare_outside(Call call, Mirror mirror) {
+  void compare_outside(Call call, Mirror mirror, const Answer &failed) {
     jt_parser_space *const tested = std::exchange(space, session.space);
-    compare(call, mirror, {});
+    compare(call, mirror, failed);
     space = tested;
+  }
+
+  // A call that an allocation fails in either fails as a whole, with a report, and works when it is made
+  // again; or it can do without, and nothing is seen of it.
+  template <typename Call, typename Mirror>
+  void compare_without_memory(Call call, Mirror mirror, const Answer &failed) {
+    constexpr char kMark[] = "here an allocation is to fail";
+    const Failure planned = std::exchange(failure, {});
+    jt_error(space, kMark, "");
+    model.note(kMark);
+    jt_test::fail_allocations(planned.number, planned.which);
+    const Answer answer = call();
+    jt_test::allow_allocations();
+    if (!tells_of_memory(kMark)) {
+      model.begin_call();
+      check_answer(answer, mirror());
+      return;
+    }
+    if (answer != failed) check(false, operation, "answers " + answer + " although memory ran out");
+    session.check_status();
+    check_slots();
+    if (passes_when_failed) mirror();
+    model.adopt(jt_last_api_error(space), session.messages());
+    if (!passes_when_failed) compare(call, mirror, failed);
+  }
+
+  // Whether memory ran out since the mark. Looks at the store itself: the calls would move its cursor.
+  bool tells_of_memory(std::string_view mark) const {
+    for (const auto &room : session.space->errors.messages) {
+      const std::string_view message = room.data();
+      if (message.substr(0, mark.size()) == mark) return false;
+      if (message.substr(0, 13) == "MEMORY ERROR:") return true;
+    }
+    return false;
+  }
+
+  void check_answer(const Answer &actual, const Answer &expected) const {
+    if (actual != expected) check(false, operation, "answers " + actual + ", not " + expected);
+    check_state();
   }
 
   void check_state() const {
@@ -106,7 +166,7 @@ struct Run {
     const auto count = static_cast<std::size_t>(table.count);
     check(count >= model.slots.size(), operation, "takes all its slots");
     for (std::size_t slot = 0; slot < count; ++slot) {
-      const bool is_live = table.slots[slot] != jt::released_slot();
+      const bool is_live = table.slots[slot] != jt_core::released_slot();
       if (is_live != model.is_live(slot)) check(false, operation, "slot " + std::to_string(slot));
     }
   }

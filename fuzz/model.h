@@ -135,6 +135,16 @@ class Model {
   // At the beginning of every call but the few without a frame.
   void begin_call() { status = 0; }
 
+  // What a client recorded itself.
+  void note(const char *message) { report(message); }
+
+  // The reports of a call that ran out of memory, of which the model knows nothing.
+  void adopt(int32_t left_status, const std::vector<std::string> &messages) {
+    status = left_status;
+    history.assign(messages.begin(), messages.end());
+    previous_ = 0;
+  }
+
   Answer recent_error();
   Answer previous_error();
 

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "foundation/markers.h"
-#include "foundation/parser_space.h"
+#include "base/markers.h"
+#include "base/parser_space.h"
 
 namespace jt_fuzz {
 namespace {
@@ -72,7 +72,7 @@ void Session::check_status() const {
 bool Session::is_empty() const {
   const auto &table = space->table;
   return std::all_of(table.slots, table.slots + table.count,
-                     [](const jt_node *node) { return node == jt::released_slot(); });
+                     [](const jt_node *node) { return node == jt_core::released_slot(); });
 }
 
 }  // namespace jt_fuzz

@@ -6,7 +6,7 @@
  *
  *   jt_parser_space *session = jt_open_parsing_utility("my program");
  *   int32_t job = jt_decode_template(session, text);
- *   if (job == 0) puts(jt_get_recent_error(session));
+ *   if (job == 0) puts(jt_last_api_error(session) ? jt_get_recent_error(session) : "the text is cut off");
  *   ... read and change it ...
  *   char *result = jt_encode_template(session, job);
  *   free(result);
@@ -20,7 +20,8 @@
  * WHAT HOLDS FOR EVERY CALL
  *
  * Session. A session ("parser space") owns everything that is made in it. It belongs to one thread at a
- * time. Sessions share nothing, so any number of them may be used on as many threads.
+ * time. Any number of sessions may be used on as many threads: they share nothing, but for the column at
+ * which the last text that was encoded on the same thread ended (see jt_encode_template()).
  *
  * Result. 1 for success and 0 for failure, or a pointer and null, unless a call says otherwise. A failing
  * call leaves the template as it was.
@@ -65,13 +66,37 @@
  * one before, or, when there is none, to the one after. After a decode every cursor stands on the first
  * child.
  *
- * Raw texts. Names, the texts behind statuses and the texts of overridden values are written as they are.
- * One that holds blanks, punctuation or quotes may not be readable again. Values are always written
- * readable.
+ * Reading back. A text from jt_encode_template() is read as the same services, invocations, attributes,
+ * values, statuses and comments, in the same order. The exceptions:
+ *
+ *   names set by a client       They are written as they are. One with blanks, punctuation or quotes, or
+ *                               beyond the limits of a text, is refused or read as something else; so is
+ *                               an attribute of unknown type.
+ *   comments added by a client  They are written as they are, also where they are no lines of comment.
+ *   statuses, and the texts     They are written as they are, without the quotes that they may have been
+ *   in their braces             read with. Of a text of several words only the last one is read; a status
+ *                               of several words is refused, and so is a text with punctuation or the text
+ *                               "end". An empty status is read as none.
+ *   "end" as a value            A string is quoted; of any other type it is written bare and refused.
+ *   a value without bytes       An enumerated name "" or the reference ":" is written as nothing: alone it
+ *                               is read as no value, beside others the text is refused.
+ *   a value over 1024 bytes     The text is refused.
+ *   real                        Has six decimals.
+ *   a value that its type       It is written and, when read, missing, with what the type reports of it:
+ *   would refuse                an infinite ("inf") or negative real, and structures, times and timestamps
+ *                               that a client filled with negative numbers or such as are out of range.
+ *   a value without a text      It is left out with a report: an enumerated value or a unit whose number
+ *                               has no name.
+ *   ":" in a reference's name   The name ends there when it is read.
+ *   comments of a template      In front of the first service they are read as the header's: they move
+ *   with a header, no section   once.
+ *   comments behind the         They are not written.
+ *   section of a "<! SIL" text
  *
  * Memory. A failing allocation fails its call: "MEMORY ERROR: allocation error", or the operation's own
  * message as given with it, or both in this order; where a node finds no slot,
- * "MEMORY ERROR: allocating for book keeping", then "SYSTEM ERROR: could not assign book mark". Nothing is
+ * "MEMORY ERROR: allocating for book keeping", then "SYSTEM ERROR: could not assign book mark". That holds
+ * for each value of a text that is decoded or encoded, too: none is left out for want of memory. Nothing is
  * lost, and the session remains usable.
  *
  * Cost. Finding a service, an invocation by name or an attribute is O(1) on average, whatever the number of
@@ -134,7 +159,7 @@ typedef struct jt_type {
   /* Order of two values: -1, 0, 1, or -2 for "different" where a type has no order. Two strings: negative, 0
    * or positive, the difference of the first bytes that differ. */
   int32_t (*cmp)(jt_parser_space *space, const jt_value *a, const jt_value *b);
-  /* Releases a value. 1; for null 1 as well, except the two reference types: 0, with
+  /* Releases a value. The result is 1, for null as well; only the two reference types refuse null: 0, with
    * "MEMORY ERROR: Invalid value, cannot dereferce NULL" for ref_invocation and
    * "MEMORY ERROR: Invalid value, cannot dereference NULL" for ref_collection. */
   int32_t (*kill)(jt_parser_space *space, jt_value *value);
@@ -181,8 +206,8 @@ enum {
 JT_API jt_parser_space *jt_open_parsing_utility(const char *label);
 
 /* Closes a session and destroys every template that is still alive in it. Texts, values and statuses that
- * were handed out remain the caller's; release them before (or with free() after). Always 1, for null as
- * well. No frame. O(nodes alive). */
+ * were handed out remain the caller's; release them before (or with free() after). The result is always 1,
+ * for null as well. It has no frame. O(nodes alive). */
 JT_API int32_t jt_close_parsing_utility(jt_parser_space *space);
 
 /* Two lines: "VERSION 4.2.00" and a notice, each with its line feed. The library's. Null for a null
@@ -210,12 +235,13 @@ JT_API const char *jt_get_recent_error(jt_parser_space *space);
  * the status. The text is the session's, as above. */
 JT_API const char *jt_get_previous_error(jt_parser_space *space);
 
-/* Release a text that was handed out. Null is accepted. 1; 0 only for a null session, and then the text is
- * not released. The two do the same. */
+/* Release a text that was handed out; null is accepted. The result is 1, or 0 for a null session, and
+ * then the text is not released. The two calls do the same. */
 JT_API int32_t jt_destroy_value_string(jt_parser_space *space, char *text);
 JT_API int32_t jt_destroy_name(jt_parser_space *space, char *name);
 
-/* Releases a status that was handed out. Null is accepted. Results as above. */
+/* Releases a status that was handed out; null is accepted. The result is 1, or 0 for a null session, and
+ * then the status is not released. */
 JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
 
 /* ---- Templates --------------------------------------------------------------------------------------------
@@ -251,6 +277,7 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
  *   "SYNTAX ERROR: Trying to save multiple definitions for:" + name     the name is taken
  *   "SYNTAX ERROR: token is longer than allowable length:" + token      for a name, then the first of these
  *   "SYNTAX ERROR: token length exceeds JT_MAX_TOKEN_LENGTH (1024) + QUOTES --> " + the text there
+ *                                                             a string of 1026 bytes, a word of 2048
  *   "SYNTAX ERROR: comment longer than JT_MAX_TOKEN_LENGTH -->" + the comment
  *   "SYNTAX ERROR: quotes inside a string constant at -->" + the text there, for ab"c"
  *   "SYNTAX ERROR: quotes inside a value token at -->" + the text there, for "a"bc
@@ -259,7 +286,7 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
  *   "SYNTAX ERROR: Illegal Block" + the text there                      a section unlike its header
  *   "SYNTAX ERROR: decoding attribute at:" + the text there             among the header's attributes
  *   "SYNTAX ERROR: Missing end marker"                   behind the section of a "<! SIL" header
- *   "MEMORY ERROR: Saving the header\n", "MEMORY ERROR: duplicating" + text of a status, and those of
+ *   "MEMORY ERROR: Saving the header\n", "MEMORY ERROR: duplicating" (the text of a status), and those of
  *   create_typed_node(), create_value_node() and add_comment()
  *
  * and goes on after
@@ -268,20 +295,29 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
  *   "SYNTAX ERROR: Non ASCII encoding\n"      it names another encoding; ASCII is kept
  *   "WARNING: unknown service:" + name        twice for each invocation; it knows only the base types
  *   any report of a type about a value        see Values; a refused value is absent, a doubtful one is kept
+ *
+ * It stops without a report where the text is cut off: where it ends inside the end marker ("< /SIL"), inside
+ * a mark of a section, or between the two marks of an empty one. So of a failed decode ask
+ * jt_last_api_error() first. JT_OK means that nothing was reported, and jt_get_recent_error() is then an
+ * older message or null; JT_WARNING that there was nothing but warnings of what stands before.
  */
 
 /* A new empty template, without a header. Its handle, or 0 without memory. Destroy it with
  * jt_destroy_template(). */
 JT_API int32_t jt_create_template(jt_parser_space *space);
 
-/* Decodes a text of SIL. Its handle, or 0 with the messages above; a failed decode leaves no node behind. A
- * null text gives 0 without a report. The text is not changed and not needed afterwards. O(length of the
- * text). */
+/* Decodes a text of SIL. Its handle, or 0; a failed decode leaves no node behind. It has reported why, as
+ * above, unless the text is null or cut off: then the status is JT_OK, or that of an earlier report after
+ * which decoding went on. The text is not changed and not needed afterwards. O(length of the text). */
 JT_API int32_t jt_decode_template(jt_parser_space *space, const char *text);
 
 /* [template] Writes the template as SIL in one fixed layout: a new text, the caller's; null on failure. An
- * empty template without a header gives an empty text. The same tree gives the same text every time; the
- * template is not changed, cursors included. Of a "<! SIL" template only the section is written.
+ * empty template without a header gives an empty text. The template is not changed, cursors included. Of a
+ * "<! SIL" template only the section is written.
+ *
+ * The same tree gives the same text, but for its first line, which may be folded earlier: its columns are
+ * counted on from where the last text that was encoded on this thread ended, by any session. Texts end at
+ * column 0, all but those that end in a comment which a client added without a line feed.
  *
  * Reports and goes on: "CALL ERROR: Unknown enumerated value" for each enumerated name that is in no list
  * (it is written as it was read); "MEMORY ERROR: bad value  -- ignored" for a value without a text form (it
@@ -323,6 +359,16 @@ JT_API int32_t jt_destroy_template(jt_parser_space *space, int32_t handle);
  *                         by /FLIPV, /FLIPH, /FLIPB or        n, n, n, n, unit            2nd, 4th number
  *                         /n/n/n/n/unit
  *
+ * More is read than the form shows. A number may have no digits and is then 0, so "+", ".", ":" and "//MM"
+ * are values of the integer, the real, the time and the gutter. What follows the digits of a minute is
+ * passed over: "23:59xyz" is 23:59. The date and the time of a timestamp may be any digits. A name has any
+ * case.
+ *
+ * A reference is one block: its texts lie inside it. They may be read; they are neither released nor
+ * replaced one by one. A client may lay out such a record itself to have it copied, compared or written;
+ * only values that the library made are given to kill() and jt_destroy_value(). For ref_invocation the name
+ * ends at the first ":", and a missing qualifier is the empty text.
+ *
  * Written back: boolean as TRUE or FALSE, real with six decimals, other numbers without plus and leading
  * zeros, borders with both groups, an enumerated value in its list's own spelling, all others as read.
  * Numbers beyond 32 bits become the largest (or smallest) that there is. A unit is MM, IN or MIL. Each
@@ -331,10 +377,13 @@ JT_API int32_t jt_destroy_template(jt_parser_space *space, int32_t handle);
  *
  * Refused, with "SYNTAX ERROR: trying to evaluate the following value string as -- TYPE --:\n\n" + text:
  * what does not have the form above. Refused silently: null; the empty text, but for strings and enumerated
- * types; 19 characters that are no timestamp; a gutter or borders whose unit is none of the three.
+ * types; 19 characters that are no timestamp; a structure whose unit is a name of the list of units and
+ * statuses, but none of the three; any text for an attribute whose type is a kind of block.
  *
  *   enumerated     not in the list; kept as it is (also met once by borders with an explicit second group):
  *                  "WARNING: trying to evaluate as an 'enumerated' type:" + text
+ *   gutter,        an unknown unit, refused: "WARNING: trying to evaluate as an 'enumerated' type:" + unit
+ *   borders
  *   gutter         a width too large, kept: "WARNING: Value outside range (25 MM)",
  *                  "WARNING: Value outside range (100 IN)", "WARNING: Value outside range (1000 MIL)"
  *   borders        a number too large, kept, once a group: "WARNING: Value outside range: (50 MM)",
@@ -375,8 +424,9 @@ JT_API char *jt_encode_value(jt_parser_space *space, const char *type_name, cons
 JT_API jt_value *jt_decode_value(jt_parser_space *space, const char *type_name, const char *text,
                                  const char *service_name);
 
-/* Releases a value; type and service as when it was made. 1. "CALL ERROR: value is null, cannot delete"
- * comes first, before the session is tested and without resetting the status.
+/* Releases a value of the library's, named by the type and the service that it was made with: 1. A null value
+ * gives 0 with "CALL ERROR: value is null, cannot delete", before the session is tested and without resetting
+ * the status.
  * "CALL ERROR: no type construct to destroy the value", "SYSTEM ERROR: undefined cmp function for" + type:
  * the value is not released. */
 JT_API int32_t jt_destroy_value(jt_parser_space *space, const char *type_name, jt_value *value,
@@ -385,9 +435,10 @@ JT_API int32_t jt_destroy_value(jt_parser_space *space, const char *type_name, j
 /* ---- Services and invocations -----------------------------------------------------------------------------
  *
  * A template holds services in order; a service holds invocations in order, some of them named. Calls that
- * concern an invocation or its attributes act on the current invocation of the service, which is its
- * cursor. A service whose cursor has not started starts on its first invocation by itself; one that has run
- * out does not come back until jt_first_invocation() or jt_named_invocation() sets it. The usual walk:
+ * concern an invocation or its attributes act on the current invocation of the service, which is its cursor.
+ * A service whose cursor has not started starts on its first invocation by itself; one that has run out does
+ * not come back until jt_first_invocation(), jt_named_invocation() or jt_add_invocation() sets it. The usual
+ * walk:
  *
  *   for (int32_t more = jt_first_invocation(s, job, name); more; more = jt_next_invocation(s, job, name)) ...
  */
@@ -616,7 +667,7 @@ JT_API int32_t jt_set_attribute_non_compulsory(jt_parser_space *space, int32_t h
 /* [service], [invocation], [attribute] Give a service, its current invocation or an attribute of that a
  * status. Only the number is stored: all ones become a status with an empty text, written "()". A text in
  * the braces behind the status stays. The status given stays the caller's. 0 without a report for a null
- * status. */
+ * status. Without memory "MEMORY ERROR: allocation error", then "MEMORY ERROR: allocating for status.". */
 JT_API int32_t jt_set_service_status(jt_parser_space *space, int32_t handle, const char *service_name,
                                      const jt_status *status);
 JT_API int32_t jt_set_invocation_status(jt_parser_space *space, int32_t handle, const char *service_name,
@@ -637,10 +688,12 @@ JT_API jt_status *jt_get_attribute_status(jt_parser_space *space, int32_t handle
  * where nothing else is said. A node must be of the session that is given with it.
  */
 
-/* Records a report: the message, the detail directly behind it, and " ...", cut so that message and detail
- * have at most 251 bytes together; a message of 256 bytes or more is kept as its first 255 alone. The
- * status becomes the message's category and is returned. A null detail is shown as "(null)". A null message
- * too, and leaves the status; 0. 0 for a null session. */
+/* Records a report: the message, the detail directly behind it, and " ...", cut so that message and
+ * detail have at most 251 bytes together; a message of 256 bytes or more is kept as its first 255 alone.
+ * The status becomes the message's category, which is the result. A null detail is shown as "(null)". A
+ * null message is shown as "(null)" as well; it has no category, so the status stays as it was and the
+ * result is 0. A null session records nothing, and the result is 0. Message and detail may be texts of
+ * the history itself. */
 JT_API int32_t jt_error(jt_parser_space *space, const char *message, const char *detail);
 
 /* Sets the status to JT_OK and leaves the history alone. */
@@ -660,7 +713,7 @@ JT_API int32_t delete_parser_space(jt_parser_space *space);
  * or less; else "MEMORY ERROR: allocation error", for a product that is too large as well. */
 JT_API void *my_calloc(jt_parser_space *space, size_t count, int32_t size);
 
-/* Clears the first byte of a block and releases it. Null is accepted. Always 1. */
+/* Clears the first byte of a block and releases it; null is accepted. The result is always 1. */
 JT_API int32_t er_free(void *block);
 
 /* Reads a text of decimal digits only, at least one: 1, and the number (at most the largest long) in *out,
@@ -672,10 +725,11 @@ JT_API int32_t string_to_integer(const char *text, long *out);
 JT_API int32_t lowercasecmp(const char *a, const char *b);
 
 /* A new node of a class, not linked yet: link it with one of the add calls or destroy it with
- * destroy_node(). A null or empty name makes an unnamed node. The type is what jt_get_type() gives for the
- * class and the enclosing node, with its reports; an unknown type is accepted and its name kept. Value
- * nodes are made by the two calls after this. "SYSTEM ERROR: Unknown node class";
- * "MEMORY ERROR: Allocating for the node:" + name;
+ * destroy_node(). A null or empty name makes an unnamed node. The type is what jt_get_type() gives for
+ * the class and the enclosing node, with its reports; an unknown type is accepted and its name kept.
+ * Nodes with a value are made by the two calls after this: one of JT_NODE_VALUE from here has a name,
+ * perhaps the name of an unknown type, and no value; reading it gives nothing, and nothing is written for
+ * it. "SYSTEM ERROR: Unknown node class"; "MEMORY ERROR: Allocating for the node:" + name;
  * "MEMORY ERROR: Allocating for " + name or type name; "SYSTEM ERROR: could not assign book mark". */
 JT_API jt_node *create_typed_node(jt_parser_space *space, const char *type_name, const char *node_name,
                                   int32_t node_class, jt_node *enclosing);
@@ -692,13 +746,16 @@ JT_API jt_node *create_value_node(jt_parser_space *space, const jt_type *type, c
  * "SYSTEM ERROR: could not assign book mark". */
 JT_API jt_node *create_value_ptr_node(jt_parser_space *space, const jt_type *type, const jt_value *value);
 
-/* Link a child under a parent, which owns it from then on; a child that is linked elsewhere is taken from
- * there. At the end; at the end unless a child has its name; after the cursor, which then stands on the new
- * child (a cursor that has not started counts as on the first child, one that has run out as on the last).
- * A null child is accepted: 1. The child's type must be the one that jt_get_type() gives under this parent,
- * whose reports come again: "SYSTEM ERROR: Trying to add an inconsistent type". A taken name, by
- * add_unique_child(): "SYNTAX ERROR: Trying to save multiple definitions for:" + name. A child that fails
- * stays the caller's. */
+/* Link a child under a parent, which owns it from then on. add_child() links it at the end; so does
+ * add_unique_child(), unless a child there has its name; add_index_child() links it after the cursor,
+ * which then stands on the new child (a cursor that has not started counts as on the first child, one
+ * that has run out as on the last). A null child is accepted: 1. A child that is linked already, here or
+ * elsewhere, is taken out of its place once all checks have passed, and linked anew; add_unique_child()
+ * refuses one with a name under the parent where it hangs, because it meets it there as another of its
+ * name. The child's type must be the one that jt_get_type() gives under this parent, whose reports come
+ * again: "SYSTEM ERROR: Trying to add an inconsistent type". A taken name, by add_unique_child():
+ * "SYNTAX ERROR: Trying to save multiple definitions for:" + name. A child that is refused stays where it
+ * was and whose it was. */
 JT_API int32_t add_child(jt_parser_space *space, jt_node *parent, jt_node *child);
 JT_API int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child);
 JT_API int32_t add_index_child(jt_parser_space *space, jt_node *parent, jt_node *child);
@@ -707,7 +764,8 @@ JT_API int32_t add_index_child(jt_parser_space *space, jt_node *parent, jt_node 
  * lines "# ...\n". "MEMORY ERROR: allocating for the comment:" + text. O(length of the comment). */
 JT_API int32_t add_comment(jt_parser_space *space, jt_node *node, const char *text);
 
-/* The first child of that name; null without a report when there is none, and for a value node. */
+/* The first child of that name; null without a report when there is none. Values are found only if they
+ * have a name: those of create_typed_node(). Null as well for a parent that is a value. */
 JT_API jt_node *get_child(jt_parser_space *space, jt_node *parent, const char *name);
 
 /* Destroys the node with everything below it and takes it out of its place. A node of another session is
@@ -728,14 +786,17 @@ JT_API int32_t delete_index_child(jt_parser_space *space, jt_node *parent);
 JT_API int32_t destroy_all_nodes(jt_parser_space *space, jt_node *node);
 
 /* Read the first child of a parent, and set the cursor on the second: its name, a copy of its value, its
- * value as a text. The caller's; released as the jt_ calls' results that they are
- * (jt_get_first_service_name(), jt_get_first_attribute_value(), jt_get_first_attribute_value_string(), also
- * for reports and cursor). */
+ * value as a text. The results are the caller's: a name is released with jt_destroy_name() or free(), a
+ * value with jt_destroy_value() and its type, a text with jt_destroy_value_string() or free(). Reports,
+ * and when the cursor stays, are those of jt_get_first_service_name(), jt_get_first_attribute_value() and
+ * jt_get_first_attribute_value_string(). */
 JT_API char *first_child_name(jt_parser_space *space, jt_node *parent);
 JT_API jt_value *first_child_value(jt_parser_space *space, jt_node *parent);
 JT_API char *first_child_value_string(jt_parser_space *space, jt_node *parent);
 
-/* Read the child at the cursor, and move the cursor on; as the next-calls above. */
+/* Read the child at the cursor, and move the cursor on. The results are released as above. Reports, and when
+ * the cursor stays, are those of jt_get_next_service_name(), jt_get_next_attribute_value() and
+ * jt_get_next_attribute_value_string(). */
 JT_API char *index_child_name(jt_parser_space *space, jt_node *parent);
 JT_API jt_value *index_child_value(jt_parser_space *space, jt_node *parent);
 JT_API char *index_child_value_string(jt_parser_space *space, jt_node *parent);
@@ -743,7 +804,8 @@ JT_API char *index_child_value_string(jt_parser_space *space, jt_node *parent);
 /* Moves the cursor on. Whether it stands on a child then. "CALL ERROR: empty pointer" for a null parent. */
 JT_API int32_t advance_index(jt_parser_space *space, jt_node *parent);
 
-/* Sets the cursor on the first child, or at the end when there is none. 1. "CALL ERROR: empty pointer". */
+/* Sets the cursor on the first child, or at the end when there is none: 1. For a null parent 0, with
+ * "CALL ERROR: empty pointer". */
 JT_API int32_t reset_index(jt_parser_space *space, jt_node *parent);
 
 /* -100 minus the slot of a node in the session's table (its bookmark): its handle. */
@@ -771,11 +833,12 @@ JT_API jt_node *decode_template_string(jt_parser_space *space, const char *text)
 /* The descriptor that stands for "unknown type": an all-ones address, never to be read through. */
 static inline const jt_type *jt_unknown_type(void) { return (const jt_type *)UINTPTR_MAX; }
 
-/* The type of that name: of the service, if it is one of the fourteen, else of the base types. Null without
- * a report when there is none. The session is not looked at. O(log rows). The base types: boolean, integer,
- * real, string, timestamp, struct_timeofday, struct_rectangle, ref_collection, ref_invocation,
- * enum_systemidalgorithm, enum_units, kmt_enum_status; and, as kinds of blocks: description, doc_object,
- * generic_service, instance, invocation, service, sil_header, template, unknown_type. */
+/* The type of that name: of the service, if it is one of the fourteen, else of the base types. Null
+ * without a report when there is none. The session is not looked at. O(length of the names). The base
+ * types: boolean, integer, real, string, timestamp, struct_timeofday, struct_rectangle, ref_collection,
+ * ref_invocation, enum_systemidalgorithm, enum_units, kmt_enum_status; and, as kinds of blocks:
+ * description, doc_object, generic_service, instance, invocation, service, sil_header, template,
+ * unknown_type. */
 JT_API const jt_type *get_type_from_services(jt_parser_space *space, const char *service_name,
                                              const char *type_name);
 
@@ -801,7 +864,8 @@ JT_API const jt_type *jt_get_type(jt_parser_space *space, const char *type_name,
  * "MEMORY ERROR: allocating value :" + name. O(length). */
 JT_API jt_status *get_status(jt_parser_space *space, const char *name);
 
-/* A new status equal to the given one. */
+/* A new status equal to the given one; release it with kill_status() or jt_destroy_status(). Null for a null
+ * status, silently. */
 JT_API jt_status *copy_status(jt_parser_space *space, const jt_status *status);
 
 /* The name of a status: a new text, the caller's. "CALL ERROR: Unknown enumerated value" for a number
@@ -809,10 +873,11 @@ JT_API jt_status *copy_status(jt_parser_space *space, const jt_status *status);
  * "MEMORY ERROR: allocation error while encoding" + name. */
 JT_API char *get_status_string(jt_parser_space *space, const jt_status *status);
 
-/* Releases a status. Null is accepted. 1. */
+/* Releases a status; null is accepted. The result is always 1. */
 JT_API int32_t kill_status(jt_parser_space *space, jt_status *status);
 
-/* As jt_set_service_status() for any node. */
+/* Gives any node a status, with the results and reports of jt_set_service_status(). 0 without a report for a
+ * null session or node. */
 JT_API int32_t set_status(jt_parser_space *space, jt_node *node, const jt_status *status);
 
 /* The operations of struct_gutter, as its row has them: see jt_type and Values. */

@@ -2,7 +2,7 @@
 ///
 ///     jt::Session session("my program");
 ///     jt::Result<jt::Template> job = session.decode(text);
-///     if (!job) return complain(job.error().message());
+///     if (!job) return complain(job.error().messages().newest_or("the text is cut off"));
 ///     for (const jt::Service &service : job->services()) std::puts(service.c_str());
 ///     if (auto set = job->service("Scan").set("Sides", "TWO_SIDED"); !set) ...
 ///     jt::Result<jt::Text> result = job->encode();
@@ -29,7 +29,9 @@
 /// Session::last_report() tells the two apart.
 ///
 /// None. A call that finds nothing to give (no value, no status, an unnamed invocation) fails with
-/// Category::none and without messages. So does one that refuses silently.
+/// Category::none and without messages. So does one that refuses silently: Session::decode() of a text that
+/// is cut off in its end marker or in a section, Service::set() with the empty text for a number. So a
+/// message may be missing; Messages::newest_or() says what is to be said then.
 ///
 /// Texts. Every TextArgument may be a C text, a std::string, a std::string_view or a Text. A text with a NUL
 /// inside is refused before the call, never cut: "CALL ERROR: NUL inside the text:" + what stands before it.
@@ -42,9 +44,9 @@
 #ifndef JT_HPP
 #define JT_HPP
 
-#if __cplusplus <= 201703L
-#error "jt.hpp needs C++20 (-std=c++20); jt.h does not"
-#endif
+#if __cplusplus <= 201703L && !defined(DOXYGEN)
+#error "jt.hpp needs C++20: compile with -std=c++20, or link the CMake target jt::cpp; jt.h needs neither"
+#else
 
 #include <algorithm>
 #include <array>
@@ -67,11 +69,6 @@
 
 namespace jt {
 
-/// Everything here is used as jt::Name. The inner namespace keeps it apart from the library's own code, which
-/// lives in namespace jt as well and has other classes of some of these names: linked into one program, the
-/// two must not be taken for each other.
-inline namespace client {
-
 class Session;
 class Service;
 
@@ -88,6 +85,7 @@ struct Free {
 /// Owns a text that jt handed out: one pointer, no copy. Empty when there is no text.
 class Text {
  public:
+  /// No text: tests false, and reads as "".
   Text() noexcept = default;
 
   /// Takes over a block of the heap that ends with NUL, such as a "char *" result of jt.h.
@@ -201,6 +199,7 @@ class TextArgument {
   /// Bytes up to the NUL.
   TextArgument(const char *text) noexcept : text_(text) {}
 
+  /// Used where it is; one with a NUL inside is a problem. O(length).
   TextArgument(const std::string &text) noexcept : text_(text.c_str()) {
     if (std::strlen(text_) != text.size()) problem_ = detail::kNulInside;
   }
@@ -212,6 +211,7 @@ class TextArgument {
   TextArgument(std::string_view text) noexcept
       : copy_(text), text_(copy_.c_str()), problem_(copy_.problem()) {}
 
+  /// It is made for one call and goes with it.
   TextArgument(const TextArgument &) = delete;
   TextArgument &operator=(const TextArgument &) = delete;
   ~TextArgument() = default;
@@ -246,6 +246,7 @@ enum class Category : std::int32_t {
 /// long as their owner.
 class Messages {
  public:
+  /// No messages.
   Messages() noexcept = default;
 
   /// Copies the first JT_HISTORY_LENGTH of them.
@@ -264,6 +265,7 @@ class Messages {
     }
   }
 
+  /// A copy has a block of its own; without memory it is empty. One that was moved from is empty.
   Messages(const Messages &other) noexcept : Messages(std::span(other.begin(), other.size())) {}
   Messages(Messages &&) noexcept = default;
   Messages &operator=(Messages other) noexcept {
@@ -272,6 +274,7 @@ class Messages {
   }
   ~Messages() = default;
 
+  /// The range, newest message first; how many there are, none to JT_HISTORY_LENGTH; whether there are none.
   const std::string_view *begin() const noexcept { return log_ ? log_->texts.data() : nullptr; }
   const std::string_view *end() const noexcept { return begin() + size(); }
   std::size_t size() const noexcept { return log_ ? log_->count : 0; }
@@ -308,9 +311,11 @@ class Error {
   /// Nothing was reported.
   Error() noexcept = default;
 
+  /// What a call reported, put together by hand.
   Error(Category category, Messages messages) noexcept
       : messages_(std::move(messages)), category_(category) {}
 
+  /// The category of the last report; Category::none where the call failed without one.
   Category category() const noexcept { return category_; }
 
   /// The messages of the call, newest first, and only those. Of a call that made more than JT_HISTORY_LENGTH,
@@ -332,11 +337,14 @@ class Error {
 template <typename T = void>
 class [[nodiscard]] Result {
  public:
+  /// What is given where the call succeeds.
   using value_type = T;
 
+  /// Success with a value; failure with its reason. Both are moved in.
   Result(T value) noexcept : value_(std::move(value)) {}
   Result(Error error) noexcept : error_(std::move(error)) {}
 
+  /// Whether the call succeeded.
   bool has_value() const noexcept { return value_.has_value(); }
   explicit operator bool() const noexcept { return has_value(); }
 
@@ -345,6 +353,7 @@ class [[nodiscard]] Result {
   const T &value() const &noexcept { return const_cast<Result *>(this)->value(); }
   T &&value() &&noexcept { return std::move(value()); }
 
+  /// The value, as value(); what it has, as value().has. Abort when there is none.
   T &operator*() &noexcept { return value(); }
   const T &operator*() const &noexcept { return value(); }
   T &&operator*() &&noexcept { return std::move(value()); }
@@ -379,12 +388,14 @@ class [[nodiscard]] Result {
 template <>
 class [[nodiscard]] Result<void> {
  public:
+  /// There is nothing to give.
   using value_type = void;
 
-  /// Success.
+  /// Success; failure with its reason.
   Result() noexcept = default;
   Result(Error error) noexcept : error_(std::move(error)), succeeded_(false) {}
 
+  /// Whether the call succeeded.
   bool has_value() const noexcept { return succeeded_; }
   explicit operator bool() const noexcept { return succeeded_; }
 
@@ -394,6 +405,7 @@ class [[nodiscard]] Result<void> {
   }
   void operator*() const noexcept { value(); }
 
+  /// Why it failed; Category::none without messages when it did not.
   const Error &error() const &noexcept { return error_; }
   Error &&error() &&noexcept { return std::move(error_); }
 
@@ -579,45 +591,68 @@ enum class Scaling : std::int32_t {
 
 /// The type "timestamp".
 struct Timestamp {
+  /// In this order in memory, which is that of a SIL text backwards; any numbers that a text had.
   std::int32_t second, minute, hour, day, month, year;
+
+  /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Timestamp &) const = default;
 };
 
 /// The type "struct_timeofday".
 struct TimeOfDay {
+  /// 0 to 23, 0 to 59.
   std::int32_t hour, minute;
+
+  /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const TimeOfDay &) const = default;
 };
 
 /// The type "struct_rectangle".
 struct Rectangle {
+  /// The corner and the size, in units; the limits are in jt.h.
   std::int32_t x, y, width, height;
   Unit unit;
+
+  /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Rectangle &) const = default;
 };
 
 /// The type "struct_gutter".
 struct Gutter {
+  /// In units.
   std::int32_t first_width, second_width;
   Unit unit;
+
+  /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Gutter &) const = default;
 };
 
 /// The type "struct_magnification", percentages; MANISO has the same twice, the automatic ones have 0.
 struct Magnification {
+  /// What the percentages mean, and these, 25 to 400.
   Scaling scaling;
   std::int32_t x, y;
+
+  /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Magnification &) const = default;
 };
 
 /// The type "struct_borders": four numbers with their unit, for both sides of a sheet.
 struct Borders {
+  /// One group as it stands in a SIL text.
   struct Side {
+    /// The numbers in their order there, in units.
     std::array<std::int32_t, 4> numbers;
     Unit unit;
+
+    /// Whether all members are equal.
     bool operator==(const Side &) const = default;
   };
+
+  /// The group that was read, and the one that was read or follows from it.
   Side first, second;
+
+  /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Borders &) const = default;
 };
 
@@ -708,11 +743,13 @@ inline std::span<const jt_type> types_of(const TextArgument &service) noexcept {
 /// Service::value(), Service::parse() and Session::parse().
 class Value {
  public:
+  /// No value: tests false, and each call on it fails.
   Value() noexcept = default;
 
   /// Takes over a value of jt.h, which must be of that type.
   Value(const Session &session, const jt_type &type, jt_value *owned) noexcept;
 
+  /// The value changes hands; the other owner is empty then. The one that was here is released.
   Value(Value &&other) noexcept
       : link_(std::move(other.link_)), type_(other.type_), value_(other.release()) {}
   Value &operator=(Value &&other) noexcept {
@@ -722,6 +759,8 @@ class Value {
     std::swap(value_, taken.value_);
     return *this;
   }
+
+  /// Releases the value, as its type does.
   ~Value() {
     if (value_ != nullptr) type_->kill(nullptr, value_);
   }
@@ -736,6 +775,7 @@ class Value {
     return link_.made<Text>(type_->deval(link_.raw(), value_));
   }
 
+  /// Another value equal to it; fails when there is no value. O(its size).
   /// jt_copy_value()
   Result<Value> copy() const noexcept {
     reset_error_status(link_.raw());
@@ -753,6 +793,7 @@ class Value {
     return detail::read<T>(value_);
   }
 
+  /// Whether there is a value; the value for the calls of jt.h, still this owner's, or null.
   explicit operator bool() const noexcept { return value_ != nullptr; }
   jt_value *get() const noexcept { return value_; }
 
@@ -816,6 +857,7 @@ enum class StatusCode : std::uint32_t {
 /// Owns a status. Made by the status questions of Service, and by Session::status().
 class Status {
  public:
+  /// No status: tests false, and its code is StatusCode::other.
   Status() noexcept = default;
 
   /// Takes over a status of jt.h.
@@ -835,6 +877,7 @@ class Status {
     return link_.made<Text>(get_status_string(link_.raw(), status_.get()));
   }
 
+  /// Whether there is a status; the status for the calls of jt.h, still this owner's, or null.
   explicit operator bool() const noexcept { return status_ != nullptr; }
   jt_status *get() const noexcept { return status_.get(); }
 
@@ -853,6 +896,7 @@ class Status {
 /// A status given to a call: a number, or a status that there is. An empty Status is refused silently.
 class StatusArgument {
  public:
+  /// A number; a status that must outlive the call.
   StatusArgument(StatusCode code) noexcept : code_(code) {}
   StatusArgument(const Status &status) noexcept : is_code_(false), status_(status.get()) {}
 
@@ -896,12 +940,14 @@ using Values = detail::Range<detail::ValueSteps>;
 /// in jt.h, and which one that is, is the tree's to say.
 class Service {
  public:
+  /// No service: its name is empty, and each call on it fails.
   Service() noexcept = default;
 
+  /// The name that it was made with; "" when there is none. No call is made.
   const char *c_str() const noexcept { return name_.c_str() != nullptr ? name_.c_str() : ""; }
   std::string_view name() const noexcept { return c_str(); }
 
-  /// jt_exists_service()
+  /// Whether the template has such a service. jt_exists_service()
   bool exists() const noexcept { return ask(jt_exists_service); }
 
   /// The name of its type. jt_get_service_type()
@@ -946,7 +992,7 @@ class Service {
   /// A walk over the names of the attributes of the current invocation.
   Attributes attributes() const noexcept;
 
-  /// jt_exists_attribute()
+  /// Whether the current invocation has such an attribute. jt_exists_attribute()
   bool has(const TextArgument &attribute) const noexcept { return ask(jt_exists_attribute, attribute); }
 
   /// The name of its type. jt_get_attribute_type_name()
@@ -1199,21 +1245,29 @@ namespace detail {
 template <typename Steps>
 class Range {
  public:
+  /// An input iterator: one pass, and all copies of it stand where the cursor of the tree stands.
   class Iterator {
    public:
+    /// What the algorithms of the standard library ask for.
     using iterator_concept = std::input_iterator_tag;
     using value_type = typename Steps::Element;
     using difference_type = std::ptrdiff_t;
 
+    /// Stands nowhere; fit only to be assigned to.
     Iterator() noexcept = default;
 
+    /// The element, good until the next step.
     value_type &operator*() const noexcept { return *element_; }
     value_type *operator->() const noexcept { return element_; }
+
+    /// The next step, with the cost of the call that it makes.
     Iterator &operator++() noexcept {
       element_ = steps_->next();
       return *this;
     }
     void operator++(int) noexcept { ++*this; }
+
+    /// Whether the walk has ended.
     friend bool operator==(const Iterator &at, std::default_sentinel_t) noexcept {
       return at.element_ == nullptr;
     }
@@ -1345,11 +1399,13 @@ inline Result<Value> Service::value(const TextArgument &attribute) const noexcep
 /// Session::create(). Calls that change the tree are const, as they are through any handle.
 class Template {
  public:
+  /// No template: tests false, and each call on it fails.
   Template() noexcept = default;
 
   /// Takes over a template of jt.h.
   Template(const Session &session, std::int32_t owned) noexcept;
 
+  /// The template changes hands; the other owner is empty then. The one that was here is destroyed.
   Template(Template &&other) noexcept : link_(std::move(other.link_)), handle_(other.release()) {}
   Template &operator=(Template &&other) noexcept {
     Template taken(std::move(other));
@@ -1357,11 +1413,14 @@ class Template {
     std::swap(handle_, taken.handle_);
     return *this;
   }
+
+  /// Destroys the template, if its session is still open.
   ~Template() {
     if (handle_ != 0) jt_destroy_template(link_.raw(), handle_);
   }
 
-  /// The template as SIL text. jt_encode_template()
+  /// The template as SIL text; "" of an empty template without a header. O(length of the text).
+  /// jt_encode_template()
   Result<Text> encode() const noexcept { return link_.made<Text>(jt_encode_template(link_.raw(), handle_)); }
 
   /// The service of that name, which need not be there; no call is made.
@@ -1378,6 +1437,7 @@ class Template {
     return service(name);
   }
 
+  /// Whether there is a template.
   explicit operator bool() const noexcept { return handle_ != 0; }
 
   /// The handle, 0 when there is none.
@@ -1400,6 +1460,7 @@ class Template {
 /// Owns a session. It may be moved while what was made in it stays.
 class Session {
  public:
+  /// No session: tests false, and each call on it fails with "CALL ERROR: no session ...".
   Session() noexcept = default;
 
   /// Opens a session; without memory, and with a null label or a NUL inside it, an empty one.
@@ -1412,15 +1473,20 @@ class Session {
     if (link_.raw() == nullptr) jt_close_parsing_utility(owned);
   }
 
+  /// The session changes hands with all that was made in it; the other owner is empty then. The one that was
+  /// here is closed.
   Session(Session &&) noexcept = default;
   Session &operator=(Session &&other) noexcept {
     Session taken(std::move(other));
     std::swap(link_, taken.link_);
     return *this;
   }
+
+  /// Closes the session. jt_close_parsing_utility()
   ~Session() { jt_close_parsing_utility(link_.detach()); }
 
-  /// Reads a text of SIL. jt_decode_template()
+  /// Reads a text of SIL. A null text, and one that is cut off in its end marker or in a section, fails
+  /// without a message about that. O(length of the text). jt_decode_template()
   Result<Template> decode(const TextArgument &text) const noexcept {
     if (!link_.admits(text)) return link_.failure();
     return template_of(jt_decode_template(link_.raw(), text.c_str()));
@@ -1471,6 +1537,7 @@ class Session {
   std::string_view copyright() const noexcept { return fixed_text(jt_get_copyright); }
   std::string_view language_version() const noexcept { return fixed_text(jt_get_supported_language_version); }
 
+  /// Whether there is a session; the session for the calls of jt.h, still this owner's, or null.
   explicit operator bool() const noexcept { return get() != nullptr; }
   jt_parser_space *get() const noexcept { return link_.raw(); }
 
@@ -1505,7 +1572,8 @@ inline Status::Status(const Session &session, jt_status *owned) noexcept : Statu
 inline Template::Template(const Session &session, std::int32_t owned) noexcept
     : Template(session.link_, owned) {}
 
-}  // namespace client
 }  // namespace jt
+
+#endif  // C++20
 
 #endif

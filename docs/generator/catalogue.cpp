@@ -7,24 +7,25 @@
 namespace jt_docs {
 
 const std::array<Service, 16> kServices = {{
-    {"Scans originals.", "scan_type_tab", "MAX_SCAN_TYPES", scan_type_tab, MAX_SCAN_TYPES, &jt::kScanValues},
+    {"Scans originals.", "scan_type_tab", "MAX_SCAN_TYPES", scan_type_tab, MAX_SCAN_TYPES,
+     &jt_core::kScanValues},
     {"Makes a document of what was scanned.", "doc_type_tab", "MAX_DOC_TYPES", doc_type_tab, MAX_DOC_TYPES,
-     &jt::kDocumentValues},
+     &jt_core::kDocumentValues},
     {"Prints documents.", "print_type_tab", "MAX_LPRNT_TYPES", print_type_tab, MAX_LPRNT_TYPES,
-     &jt::kPrintValues},
-    {"Faxes documents.", "fax_type_tab", "MAX_FAX_TYPES", fax_type_tab, MAX_FAX_TYPES, &jt::kFaxValues},
+     &jt_core::kPrintValues},
+    {"Faxes documents.", "fax_type_tab", "MAX_FAX_TYPES", fax_type_tab, MAX_FAX_TYPES, &jt_core::kFaxValues},
     {"Mails documents.", "email_type_tab", "MAX_EMAIL_TYPES", email_type_tab, MAX_EMAIL_TYPES,
-     &jt::kEmailValues},
+     &jt_core::kEmailValues},
     {"Files documents on a server.", "file_type_tab", "MAX_FILE_TYPES", file_type_tab, MAX_FILE_TYPES,
-     &jt::kFileValues},
+     &jt_core::kFileValues},
     {"Reads text out of images.", "ocr_type_tab", "MAX_OCR_TYPES", ocr_type_tab, MAX_OCR_TYPES,
-     &jt::kOcrValues},
+     &jt_core::kOcrValues},
     {"What concerns the whole job: confirmation, access to the template.", "gen_type_tab", "MAX_GEN_TYPES",
-     gen_type_tab, MAX_GEN_TYPES, &jt::kGeneralValues},
+     gen_type_tab, MAX_GEN_TYPES, &jt_core::kGeneralValues},
     {"Describes what is asked for at the panel.", "metadata_type_tab", "MAX_METADATA_TYPES",
-     metadata_type_tab, MAX_METADATA_TYPES, &jt::kMetadataValues},
+     metadata_type_tab, MAX_METADATA_TYPES, &jt_core::kMetadataValues},
     {"Has a server check what was entered.", "validation_type_tab", "MAX_VALIDATION_TYPES",
-     validation_type_tab, MAX_VALIDATION_TYPES, &jt::kValidationValues},
+     validation_type_tab, MAX_VALIDATION_TYPES, &jt_core::kValidationValues},
     {"Notifies somebody.", "notif_type_tab", "MAX_NOTIF_TYPES", notif_type_tab, MAX_NOTIF_TYPES, nullptr},
     {"Manages documents.", "docman_type_tab", "MAX_DOCMAN_TYPES", docman_type_tab, MAX_DOCMAN_TYPES, nullptr},
     {"A service of its own name.", "desksvc_type_tab", "MAX_DESKTOP_TYPES", desksvc_type_tab,
@@ -48,7 +49,7 @@ const jt_type &own_row(const Service &service) {
   return *std::find_if(service.rows, service.rows + service.count, is_block);
 }
 
-std::size_t rows_of(const jt::ValueList &list) {
+std::size_t rows_of(const jt_core::ValueList &list) {
   return *std::max_element(list.slots, list.slots + list.last_slot + 1);
 }
 
@@ -57,7 +58,7 @@ std::string write_name(const Name &name) {
   return "<li><span>" + std::to_string(name.number) + "</span> " + code(name.text) + note + "</li>\n";
 }
 
-std::string write_names(const jt::ValueList &list) {
+std::string write_names(const jt_core::ValueList &list) {
   std::string text = "<ul class=\"names\">\n";
   for (const Name &name : names_of(list)) text += write_name(name);
   return text + "</ul>\n\n";
@@ -107,10 +108,11 @@ constexpr auto kBaseTypes = std::to_array<BaseType>({
 std::string write_base_types() {
   std::string text = "| type | written |\n|---|---|\n";
   for (const BaseType &type : kBaseTypes) {
-    text +=
-        "| `" + std::string(jt::find_base_type(type.name)->name) + "` | `" + std::string(type.text) + "` |\n";
+    text += "| `" + std::string(jt_core::find_base_type(type.name)->name) + "` | `" + std::string(type.text) +
+            "` |\n";
   }
-  return text + "\nNames of the enumerated ones, which share one list:\n\n" + write_names(jt::kBaseValues);
+  return text + "\nNames of the enumerated ones, which share one list:\n\n" +
+         write_names(jt_core::kBaseValues);
 }
 
 constexpr std::string_view kIntroduction =
@@ -125,12 +127,12 @@ constexpr std::string_view kIntroduction =
 
 }  // namespace
 
-std::vector<Name> names_of(const jt::ValueList &list) {
+std::vector<Name> names_of(const jt_core::ValueList &list) {
   std::vector<Name> names;
   for (std::size_t row = 0; row < rows_of(list); ++row) {
     const std::size_t begin = list.begins[row];
     const std::string_view text(list.characters + begin, list.begins[row + 1] - begin);
-    names.push_back({text, list.numbers[row], jt::find_name(list, list.numbers[row])});
+    names.push_back({text, list.numbers[row], jt_core::find_name(list, list.numbers[row])});
   }
   std::stable_sort(names.begin(), names.end(),
                    [](const Name &a, const Name &b) { return a.number < b.number; });

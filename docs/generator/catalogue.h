@@ -19,7 +19,7 @@ struct Service {
   std::string_view count_name;
   const jt_type *rows;
   std::int32_t count;
-  const jt::ValueList *names;  // null: the service has no enumerated types
+  const jt_core::ValueList *names;  // null: the service has no enumerated types
 };
 
 extern const std::array<Service, 16> kServices;
@@ -31,7 +31,7 @@ struct Name {
 };
 
 // All names of a list, by number.
-std::vector<Name> names_of(const jt::ValueList &list);
+std::vector<Name> names_of(const jt_core::ValueList &list);
 
 // The page in Markdown.
 std::string write_catalogue();

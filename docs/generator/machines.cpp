@@ -4,20 +4,20 @@
 #include <set>
 #include <utility>
 
-#include "foundation/messages.h"
+#include "base/messages.h"
 #include "tree/node.h"
 
 namespace jt_docs {
 
-using jt::State;
-using jt::TokenKind;
+using jt_core::State;
+using jt_core::TokenKind;
 
 constexpr std::array<Drawing, 5> kDrawings = {{
-    {"header", &jt::kHeaderMachine, State::kHeaderBegin},
-    {"header_attributes", &jt::kHeaderAttributesMachine, State::kInInvocation},
-    {"section", &jt::kSectionMachine, State::kSectionBegin},
-    {"body", &jt::kBodyMachine, State::kBetweenServices},
-    {"end_marker", &jt::kEndMarkerMachine, State::kMarkerBegin},
+    {"header", &jt_core::kHeaderMachine, State::kHeaderBegin},
+    {"header_attributes", &jt_core::kHeaderAttributesMachine, State::kInInvocation},
+    {"section", &jt_core::kSectionMachine, State::kSectionBegin},
+    {"body", &jt_core::kBodyMachine, State::kBetweenServices},
+    {"end_marker", &jt_core::kEndMarkerMachine, State::kMarkerBegin},
 }};
 
 namespace {
@@ -38,23 +38,23 @@ auto enumerators(std::index_sequence<numbers...> /*all*/) {
 }
 
 std::string_view enumerator_of(State state) {
-  static const auto kNames = enumerators(std::make_index_sequence<jt::kStateCount + 1>());
+  static const auto kNames = enumerators(std::make_index_sequence<jt_core::kStateCount + 1>());
   return kNames[static_cast<std::size_t>(state)];
 }
 
 // ---- Tokens -----------------------------------------------------------------------------------------------
 
 // Punctuation is what the lexer makes of its characters.
-std::array<std::string, jt::kTokenKinds> make_token_names() {
-  std::array<std::string, jt::kTokenKinds> names;
+std::array<std::string, jt_core::kTokenKinds> make_token_names() {
+  std::array<std::string, jt_core::kTokenKinds> names;
   const auto name = [&names](TokenKind kind) -> std::string & {
     return names[static_cast<std::size_t>(kind)];
   };
   for (const char *text : {"[", "]", "{", "}", "(", ")", "<", ">", "=", ",",
                            ";", "*", "!", "$", "%", "&", "^", "?", "|", "||"}) {
-    jt::SilCursor cursor;
+    jt_core::SilCursor cursor;
     cursor.position = cursor.mark = cursor.begin = text;
-    name(jt::next_token(nullptr, cursor).kind) = text;
+    name(jt_core::next_token(nullptr, cursor).kind) = text;
   }
   name(TokenKind::kWord) = "word";
   name(TokenKind::kString) = "string";
@@ -63,11 +63,11 @@ std::array<std::string, jt::kTokenKinds> make_token_names() {
 }
 
 // Kinds that have a name are those that a row can be about.
-std::vector<std::string> named_tokens(jt::TokenSet set) {
+std::vector<std::string> named_tokens(jt_core::TokenSet set) {
   static const auto kNames = make_token_names();
   std::vector<std::string> tokens;
-  for (std::size_t kind = 0; kind < jt::kTokenKinds; ++kind) {
-    if (jt::contains(set, static_cast<TokenKind>(kind)) && !kNames[kind].empty()) {
+  for (std::size_t kind = 0; kind < jt_core::kTokenKinds; ++kind) {
+    if (jt_core::contains(set, static_cast<TokenKind>(kind)) && !kNames[kind].empty()) {
       tokens.push_back(kNames[kind]);
     }
   }
@@ -139,11 +139,11 @@ class Question {
   Question(const Question &) = delete;
   Question &operator=(const Question &) = delete;
 
-  bool may_end(const jt::Machine &machine, State state) {
+  bool may_end(const jt_core::Machine &machine, State state) {
     return machine.at_end != nullptr && machine.at_end(decoder_, state);
   }
 
-  std::string report_of(const jt::Machine &machine, State state) {
+  std::string report_of(const jt_core::Machine &machine, State state) {
     machine.report(decoder_, {TokenKind::kError, {}}, state);
     return get_last_error(space_);
   }
@@ -152,22 +152,22 @@ class Question {
   jt_parser_space *space_;
   jt_node root_{};
   jt_node header_{};
-  jt::Decoder decoder_{};
+  jt_core::Decoder decoder_{};
 };
 
 // The varying part of the usual report, in its quotes, or all of another one.
-std::string expectation(const jt::Machine &machine, State state) {
+std::string expectation(const jt_core::Machine &machine, State state) {
   const std::string report = Question(false).report_of(machine, state);
-  const std::size_t begin = report.find(jt::message::kExpectedBegin);
-  const std::size_t end = report.find(jt::message::kExpectedEnd);
+  const std::size_t begin = report.find(jt_core::message::kExpectedBegin);
+  const std::size_t end = report.find(jt_core::message::kExpectedEnd);
   if (begin == 0 && end != std::string::npos) {
-    const std::size_t skipped = std::string_view(jt::message::kExpectedBegin).size();
+    const std::size_t skipped = std::string_view(jt_core::message::kExpectedBegin).size();
     return "\"" + report.substr(skipped, end - skipped) + "\"";
   }
   return report.substr(0, report.rfind(" ..."));
 }
 
-std::string_view ending(const jt::Machine &machine, State state) {
+std::string_view ending(const jt_core::Machine &machine, State state) {
   const bool without = Question(false).may_end(machine, state);
   const bool with = Question(true).may_end(machine, state);
   if (with) return "may end here";
@@ -204,7 +204,7 @@ std::string small_meaning(std::string_view text) {
 }
 
 // A machine that reports every wrong token alike need not say so in every state.
-bool always_reports_the_same(const jt::Machine &machine, const std::set<State> &states) {
+bool always_reports_the_same(const jt_core::Machine &machine, const std::set<State> &states) {
   std::set<std::string> expectations;
   for (const State state : states) {
     if (state != State::kFinished) expectations.insert(expectation(machine, state));
@@ -212,7 +212,7 @@ bool always_reports_the_same(const jt::Machine &machine, const std::set<State> &
   return expectations.size() == 1;
 }
 
-std::string node_line(const jt::Machine &machine, State state, bool with_expectation) {
+std::string node_line(const jt_core::Machine &machine, State state, bool with_expectation) {
   const std::string id(enumerator_of(state));
   if (state == State::kFinished)
     return "  " + id + " [shape=doublecircle, label=\"\", width=0.16, height=0.16];\n";
@@ -223,9 +223,11 @@ std::string node_line(const jt::Machine &machine, State state, bool with_expecta
 }
 
 // The end of a status leads far back; a stand-in beside it keeps the picture free of long arrows.
-bool leads_back(const jt::Row &row) { return row.tokens == jt::one_of(TokenKind::kCloseParenthesis); }
+bool leads_back(const jt_core::Row &row) {
+  return row.tokens == jt_core::one_of(TokenKind::kCloseParenthesis);
+}
 
-std::string target_of(const jt::Row &row) {
+std::string target_of(const jt_core::Row &row) {
   return std::string(enumerator_of(row.to)) + (leads_back(row) ? "Again" : "");
 }
 
@@ -234,15 +236,15 @@ std::string stand_in_line(State state) {
          "Again [style=\"rounded,dashed\", fillcolor=none, label=\"" + name_of(state) + "\"];\n";
 }
 
-std::string edge_line(const jt::Row &row) {
+std::string edge_line(const jt_core::Row &row) {
   return "  " + std::string(enumerator_of(row.from)) + " -> " + target_of(row) + " [label=<<b>" +
          escaped(tokens_of(row)) + "</b>" + small_meaning(meaning_of(row)) + ">];\n";
 }
 
 }  // namespace
 
-std::vector<jt::Row> rows_of(const jt::Machine &machine) {
-  const jt::Row *end = machine.rows;
+std::vector<jt_core::Row> rows_of(const jt_core::Machine &machine) {
+  const jt_core::Row *end = machine.rows;
   while (end->from != State::kFinished) ++end;
   return {machine.rows, end};
 }
@@ -257,13 +259,13 @@ std::string name_of(State state) {
   return name;
 }
 
-std::string tokens_of(const jt::Row &row) {
+std::string tokens_of(const jt_core::Row &row) {
   const std::vector<std::string> others = named_tokens(~row.tokens);
   if (others.empty()) return "any";
   return others.size() <= 2 ? "any but " + joined(others) : joined(named_tokens(row.tokens));
 }
 
-std::string_view meaning_of(const jt::Row &row) {
+std::string_view meaning_of(const jt_core::Row &row) {
   const auto *const found = std::find_if(kMeanings.begin(), kMeanings.end(), [&row](const Meaning &meaning) {
     return meaning.from == row.from && meaning.to == row.to;
   });
@@ -271,10 +273,10 @@ std::string_view meaning_of(const jt::Row &row) {
 }
 
 std::string draw(const Drawing &drawing) {
-  const std::vector<jt::Row> rows = rows_of(*drawing.machine);
+  const std::vector<jt_core::Row> rows = rows_of(*drawing.machine);
   std::set<State> states;
   std::set<State> stand_ins;
-  for (const jt::Row &row : rows) {
+  for (const jt_core::Row &row : rows) {
     states.insert({row.from, row.to});
     if (leads_back(row)) stand_ins.insert(row.to);
   }
@@ -290,7 +292,7 @@ std::string draw(const Drawing &drawing) {
   const bool with_expectation = !always_reports_the_same(*drawing.machine, states);
   for (const State state : states) text += node_line(*drawing.machine, state, with_expectation);
   for (const State state : stand_ins) text += stand_in_line(state);
-  for (const jt::Row &row : rows) text += edge_line(row);
+  for (const jt_core::Row &row : rows) text += edge_line(row);
   return text + "}\n";
 }
 

@@ -14,23 +14,23 @@ namespace jt_docs {
 
 struct Drawing {
   std::string_view name;  // of the file
-  const jt::Machine *machine;
-  jt::State begin;
+  const jt_core::Machine *machine;
+  jt_core::State begin;
 };
 
 extern const std::array<Drawing, 5> kDrawings;
 
 // The rows without the one that closes the table.
-std::vector<jt::Row> rows_of(const jt::Machine &machine);
+std::vector<jt_core::Row> rows_of(const jt_core::Machine &machine);
 
 // "in service" for kInService.
-std::string name_of(jt::State state);
+std::string name_of(jt_core::State state);
 
 // The tokens of a row as they are shown: "{", "word string", "any but )".
-std::string tokens_of(const jt::Row &row);
+std::string tokens_of(const jt_core::Row &row);
 
 // What a word, a string or any token stands for in a row; empty where the tokens speak for themselves.
-std::string_view meaning_of(const jt::Row &row);
+std::string_view meaning_of(const jt_core::Row &row);
 
 // The picture for Graphviz.
 std::string draw(const Drawing &drawing);

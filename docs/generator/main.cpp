@@ -38,7 +38,7 @@ bool write_machines(const std::string &directory) {
 
 // The hand-written beginning of the page, then the messages.
 bool write_message_page(const std::string &source, const std::string &directory) {
-  const auto messages = jt_docs::parse_header(read_whole(source + "/src/foundation/messages.h"));
+  const auto messages = jt_docs::parse_header(read_whole(source + "/src/base/messages.h"));
   const auto entries = jt_docs::parse_entries(read_whole(source + "/docs/messages.txt"));
   const auto differences = jt_docs::differences(messages, entries);
   for (const std::string &difference : differences) {

@@ -26,7 +26,6 @@ PAGES = {
     "jt_tree": "the tree beneath the calls of jt",
     "jt_types": "types and type tables of jt",
 }
-ALSO = ["jt-driver 1", "jt-roundtrip 1", "sil 5"]
 
 
 def escaped(line):
@@ -129,7 +128,7 @@ def synopsis_lines(chapter):
 
 
 def see_also_lines(page):
-    others = sorted([f"{name} 3" for name in PAGES if name != page] + ALSO, key=lambda other: other.split()[::-1])
+    others = sorted(f"{name} 3" for name in PAGES if name != page)
     return [".Sh SEE ALSO"] + [f".Xr {other} ," for other in others[:-1]] + [f".Xr {others[-1]}"]
 
 

@@ -1,4 +1,4 @@
-// The page of messages: what src/foundation/messages.h has, in its order, with what docs/messages.txt says
+// The page of messages: what src/base/messages.h has, in its order, with what docs/messages.txt says
 // about each. Both must have the same messages.
 //
 // messages.txt is made of entries, separated by empty lines. The first line of an entry names the constant,

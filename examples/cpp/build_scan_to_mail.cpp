@@ -1,7 +1,6 @@
 // Builds a scan-to-mail job from nothing and prints it.
-#include <cstdio>
-
 #include "jt.hpp"
+#include "program.h"
 
 static bool fill(const jt::Template &job) {
   const auto scanner = job.add_service("kmt_svc_scan", "Scanner"),
@@ -20,7 +19,6 @@ static bool fill(const jt::Template &job) {
 int main() {
   const jt::Session session("build_scan_to_mail");
   const auto job = session.create();
-  const bool succeeded = job && fill(*job);
-  if (!succeeded) return std::fputs(session.last_report().message().data(), stderr), 1;
+  if (!job || !fill(*job)) return fail(session.history().newest_or("a value was refused"));
   std::fputs(job->encode()->c_str(), stdout);
 }

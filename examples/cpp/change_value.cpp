@@ -8,9 +8,11 @@ int main(int argc, char **argv) {
   if (!text) return fail("USAGE: change_value FILE SERVICE ATTRIBUTE VALUE");
   const jt::Session session("change_value");
   const auto job = session.decode(*text);
-  auto invocations = job ? job->service(argv[2]).invocations() : jt::Service().invocations();
+  if (!job) return fail(job.error().messages().newest_or("the text is cut off"));
+  auto invocations = job->service(argv[2]).invocations();
   const auto found = std::ranges::find_if(invocations, [&](const auto &at) { return at.has(argv[3]); });
-  const bool changed = found != invocations.end() && found->set(argv[3], argv[4]);
-  if (!changed) return fail(session.history().newest_or("no such attribute"));
+  const bool exists = found != invocations.end(), changed = exists && found->set(argv[3], argv[4]);
+  const char *const silent = exists ? "no such value" : "no such attribute";
+  if (!changed) return fail(session.last_report().messages().newest_or(silent));
   return std::fputs(job->encode()->c_str(), stdout), 0;
 }

@@ -1,10 +1,11 @@
 #include <cstdio>
 #include "jt.hpp"
 
-int main() {
+int main(int argc, char **argv) {
   const jt::Session session("client");
-  const auto job = session.decode("[ kmt_svc_scan Scan ] { enum_sided Sides = ONE_SIDED; } end");
-  if (!job) std::puts(job.error().message().data());
+  const auto job =
+      session.decode(argc > 1 ? argv[1] : "[ kmt_svc_scan Scan ] { enum_sided Sides = ONE_SIDED; } end");
+  if (!job) std::puts(job.error().messages().newest_or("the text is cut off").data());
   if (!job || !job->service("Scan").set("Sides", "TWO_SIDED")) return 1;
   std::fputs(job->encode()->c_str(), stdout);
 }

@@ -16,5 +16,6 @@ int main() {
                     filing->set("Path", "/bills/2030") && filing->select_invocation("3") &&
                     filing->set("Path", "/letters/2030") && filing->select_invocation("Drafts") &&
                     filing->remove_invocation();
-  return done ? (std::fputs(job->encode()->c_str(), stdout), 0) : fail(session.last_report().message());
+  if (!done) return fail(session.history().newest_or("a value was refused"));
+  return std::fputs(job->encode()->c_str(), stdout), 0;
 }

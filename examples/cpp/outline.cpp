@@ -20,6 +20,6 @@ int main(int argc, char **argv) {
   if (!text) return fail("USAGE: outline FILE");
   const jt::Session session("outline");
   const auto job = session.decode(*text);
-  if (!job) return fail(job.error().message());
+  if (!job) return fail(job.error().messages().newest_or("the text is cut off"));
   for (const jt::Service &service : job->services()) print(service);
 }

@@ -17,5 +17,6 @@ int main(int argc, char **argv) {
   const auto job = session.decode(text.str());
   if (job) std::fputs(job->encode()->c_str(), stdout);
   for (const std::string_view message : session.history().oldest_first()) complain(message);
+  if (!job && job.error().category() >= jt::Category::warning) complain("the text is cut off");
   return job ? 0 : 1;
 }

@@ -1,5 +1,5 @@
-// Decodes on two threads at once. A session belongs to one thread at a time, and sessions share nothing: each
-// thread opens its own, and there is nothing to lock.
+// Decodes on two threads at once. A session belongs to one thread at a time, and sessions on different
+// threads share nothing: each thread opens its own, and there is nothing to lock.
 #include <cstdio>
 #include <functional>
 #include <thread>

@@ -1,15 +1,16 @@
 // Calls that change the attributes of the current invocation and their values.
 #include "api/frame.h"
 #include "api/node_effects.h"
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
-#include "foundation/text.h"
+#include "base/error_store.h"
+#include "base/memory.h"
+#include "base/text.h"
 #include "tree/child_index.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 #include "types/status.h"
+#include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::uint32_t kOverridden = 6;  // KMT_STATUS_OVERRIDDEN
@@ -99,8 +100,22 @@ jt_node *find_overridable(jt_parser_space *space, const Frame &at, const char *a
   return stored;
 }
 
+// The text of a value, which may have none; false without memory for it.
+bool copy_text_of(jt_parser_space *space, const jt_type &type, const jt_value *value, char *&copy) {
+  const ValueFamily *const family = family_of(&type);
+  if (family == nullptr) {
+    copy = type.deval(space, value);
+    return true;
+  }
+  ValueText text;
+  copy = nullptr;
+  if (value == nullptr || !family->write(space, value, text)) return true;
+  copy = family->operations->copy_text(space, text);
+  return copy != nullptr;
+}
+
 // Everything that can fail comes first. A value that has no text leaves no overridden text; one whose text
-// could not be made stays where it is.
+// could not be copied stays where it is.
 std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node &stored,
                             const jt_value *new_value) {
   jt_value *const copy = attribute.type->copy(space, new_value);
@@ -108,8 +123,8 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
     report(space, message::kInvalidValue);
     return 0;
   }
-  char *const replaced = attribute.type->deval(space, stored.value);
-  if (replaced == nullptr && ran_out_of_memory(*space)) {
+  char *replaced = nullptr;
+  if (!copy_text_of(space, *attribute.type, stored.value, replaced)) {
     attribute.type->kill(space, copy);
     return 0;
   }
@@ -126,87 +141,93 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 int32_t jt_add_attribute(jt_parser_space *space, int32_t handle, const char *service_name,
                          const char *type_name, const char *attribute_name) {
-  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name).in_invocation();
+  const jt_core::Frame at =
+      jt_core::Frame(space).in_template(handle).in_service(service_name).in_invocation();
   if (!at) return 0;
   jt_node &invocation = at.invocation();
   jt_node *const attribute =
       create_typed_node(space, type_name, attribute_name, JT_NODE_ATTRIBUTE, &invocation);
-  return jt::add_or_destroy(space, invocation, attribute, add_unique_child);
+  return jt_core::add_or_destroy(space, invocation, attribute, add_unique_child);
 }
 
 int32_t jt_delete_attribute(jt_parser_space *space, int32_t handle, const char *service_name,
                             const char *attribute_name) {
-  const jt::Frame at = jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name);
+  const jt_core::Frame at =
+      jt_core::in_attribute(jt_core::Frame(space), handle, service_name, attribute_name);
   return at ? destroy_node(space, &at.attribute()) : 0;
 }
 
 int32_t jt_add_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
                                       const char *attribute_name, const char *text) {
-  const jt::Frame at = jt::in_attribute(space, text, handle, service_name, attribute_name);
-  return at ? jt::add_value(space, at, create_value_node(space, at.attribute().type, text)) : 0;
+  const jt_core::Frame at = jt_core::in_attribute(space, text, handle, service_name, attribute_name);
+  return at ? jt_core::add_value(space, at, create_value_node(space, at.attribute().type, text)) : 0;
 }
 
 int32_t jt_set_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
                                       const char *attribute_name, const char *text) {
-  const jt::Frame at = jt::in_attribute(space, text, handle, service_name, attribute_name);
-  return at ? jt::replace_values(space, at, create_value_node(space, at.attribute().type, text)) : 0;
+  const jt_core::Frame at = jt_core::in_attribute(space, text, handle, service_name, attribute_name);
+  return at ? jt_core::replace_values(space, at, create_value_node(space, at.attribute().type, text)) : 0;
 }
 
 int32_t jt_add_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                const char *attribute_name, const jt_value *value) {
-  const jt::Frame at = jt::in_attribute(space, value, handle, service_name, attribute_name);
-  return at ? jt::add_value(space, at, create_value_ptr_node(space, at.attribute().type, value)) : 0;
+  const jt_core::Frame at = jt_core::in_attribute(space, value, handle, service_name, attribute_name);
+  return at ? jt_core::add_value(space, at, create_value_ptr_node(space, at.attribute().type, value)) : 0;
 }
 
 int32_t jt_set_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                const char *attribute_name, const jt_value *value) {
-  const jt::Frame at = jt::in_attribute(space, value, handle, service_name, attribute_name);
-  return at ? jt::replace_values(space, at, create_value_ptr_node(space, at.attribute().type, value)) : 0;
+  const jt_core::Frame at = jt_core::in_attribute(space, value, handle, service_name, attribute_name);
+  return at ? jt_core::replace_values(space, at, create_value_ptr_node(space, at.attribute().type, value))
+            : 0;
 }
 
 int32_t jt_delete_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                   const char *attribute_name, const jt_value *value) {
-  const jt::Frame at = jt::in_attribute(space, value, handle, service_name, attribute_name);
-  if (!at || !jt::has_operations(space, at.attribute(), attribute_name, &jt_type::cmp)) return 0;
-  return jt::delete_found(space, jt::find_value(at.attribute(), value));
+  const jt_core::Frame at = jt_core::in_attribute(space, value, handle, service_name, attribute_name);
+  if (!at || !jt_core::has_operations(space, at.attribute(), attribute_name, &jt_type::cmp)) return 0;
+  return jt_core::delete_found(space, jt_core::find_value(at.attribute(), value));
 }
 
 int32_t jt_delete_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
                                          const char *attribute_name, const char *text) {
-  const jt::Frame at = jt::in_attribute(space, text, handle, service_name, attribute_name);
+  const jt_core::Frame at = jt_core::in_attribute(space, text, handle, service_name, attribute_name);
   if (!at) return 0;
   jt_node &attribute = at.attribute();
-  if (!jt::has_known_type(attribute)) return jt::delete_found(space, jt::find_pending_value(attribute, text));
-  const bool complete =
-      jt::has_operations(space, attribute, attribute_name, &jt_type::eval, &jt_type::cmp, &jt_type::kill);
-  return complete ? jt::delete_by_text(space, attribute, text) : 0;
+  if (!jt_core::has_known_type(attribute))
+    return jt_core::delete_found(space, jt_core::find_pending_value(attribute, text));
+  const bool complete = jt_core::has_operations(space, attribute, attribute_name, &jt_type::eval,
+                                                &jt_type::cmp, &jt_type::kill);
+  return complete ? jt_core::delete_by_text(space, attribute, text) : 0;
 }
 
 int32_t jt_override_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                     const char *attribute_name, const jt_value *old_value,
                                     const jt_value *new_value) {
   const bool given = old_value != nullptr && new_value != nullptr;
-  const jt::Frame at = jt::in_attribute(jt::Frame(space).needs(given, jt::message::kNullValue), handle,
-                                        service_name, attribute_name);
+  const jt_core::Frame at = jt_core::in_attribute(
+      jt_core::Frame(space).needs(given, jt_core::message::kNullValue), handle, service_name, attribute_name);
   if (!at) return 0;
-  jt_node *const stored = jt::find_overridable(space, at, attribute_name, old_value);
-  return stored != nullptr ? jt::override_value(space, at.attribute(), *stored, new_value) : 0;
+  jt_node *const stored = jt_core::find_overridable(space, at, attribute_name, old_value);
+  return stored != nullptr ? jt_core::override_value(space, at.attribute(), *stored, new_value) : 0;
 }
 
 int32_t jt_set_attribute_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
                                     const char *attribute_name) {
-  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), false);
+  return jt_core::set_compulsion(
+      jt_core::in_attribute(jt_core::Frame(space), handle, service_name, attribute_name), false);
 }
 
 int32_t jt_set_attribute_non_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
                                         const char *attribute_name) {
-  return jt::set_compulsion(jt::in_attribute(jt::Frame(space), handle, service_name, attribute_name), true);
+  return jt_core::set_compulsion(
+      jt_core::in_attribute(jt_core::Frame(space), handle, service_name, attribute_name), true);
 }
 
 }  // extern "C"

@@ -3,7 +3,7 @@
 #include "tree/links.h"
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 
 Frame::Frame(jt_parser_space *space) : space_(space), passed_(space != nullptr) { reset_error_status(space); }
 
@@ -50,4 +50,4 @@ Frame &Frame::in_attribute(const char *name) {
   return *this;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -7,10 +7,10 @@
 
 #include <cstdint>
 
-#include "foundation/messages.h"
+#include "base/messages.h"
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 class Frame {
  public:
@@ -42,6 +42,6 @@ class Frame {
   bool passed_;
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

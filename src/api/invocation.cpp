@@ -1,13 +1,13 @@
 // Calls on the invocations of a service. The service's cursor is its current invocation.
 #include "api/frame.h"
 #include "api/node_effects.h"
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // The invocation of that number, counted from 1; null when there are not so many, or the text is no number.
@@ -53,42 +53,43 @@ Frame frame_for_name(jt_parser_space *space, std::int32_t handle, const char *se
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 int32_t jt_add_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
   if (!at) return 0;
   jt_node &service = at.service();
   jt_node *const invocation = create_typed_node(space, service.name, nullptr, JT_NODE_INVOCATION, &service);
-  return jt::add_or_destroy(space, service, invocation, add_index_child);
+  return jt_core::add_or_destroy(space, service, invocation, add_index_child);
 }
 
 int32_t jt_delete_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
   return at ? delete_index_child(space, &at.service()) : 0;
 }
 
 int32_t jt_first_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
   if (!at || at.service().first_child == nullptr) return 0;
   return reset_index(space, &at.service());
 }
 
 int32_t jt_next_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
   return at ? advance_index(space, &at.service()) : 0;
 }
 
 int32_t jt_named_invocation(jt_parser_space *space, int32_t handle, const char *service_name,
                             const char *name_or_number) {
-  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
   if (!at) return 0;
   jt_node *const named = get_child(space, &at.service(), name_or_number);
-  jt_node *const found = named != nullptr ? named : jt::numbered_invocation(at.service(), name_or_number);
+  jt_node *const found =
+      named != nullptr ? named : jt_core::numbered_invocation(at.service(), name_or_number);
   if (found == nullptr) {
-    jt_error(space, jt::message::kNoSuchInvocation, name_or_number);
+    jt_error(space, jt_core::message::kNoSuchInvocation, name_or_number);
     return 0;
   }
   at.service().cursor = found;
@@ -96,20 +97,21 @@ int32_t jt_named_invocation(jt_parser_space *space, int32_t handle, const char *
 }
 
 char *jt_get_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt::Frame at = jt::Frame(space).in_template(handle).in_service(service_name).in_invocation();
-  return at && at.invocation().name != nullptr ? jt::copy_text(space, at.invocation().name) : nullptr;
+  const jt_core::Frame at =
+      jt_core::Frame(space).in_template(handle).in_service(service_name).in_invocation();
+  return at && at.invocation().name != nullptr ? jt_core::copy_text(space, at.invocation().name) : nullptr;
 }
 
 int32_t jt_set_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name,
                                const char *name) {
-  const jt::Frame at = jt::frame_for_name(space, handle, service_name, name);
-  return jt::name_invocation(space, at, name, false);
+  const jt_core::Frame at = jt_core::frame_for_name(space, handle, service_name, name);
+  return jt_core::name_invocation(space, at, name, false);
 }
 
 int32_t jt_force_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name,
                                  const char *name) {
-  const jt::Frame at = jt::frame_for_name(space, handle, service_name, name);
-  return jt::name_invocation(space, at, name, true);
+  const jt_core::Frame at = jt_core::frame_for_name(space, handle, service_name, name);
+  return jt_core::name_invocation(space, at, name, true);
 }
 
 }  // extern "C"

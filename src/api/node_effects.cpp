@@ -1,10 +1,10 @@
 #include "api/node_effects.h"
 
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 
 char *copy_type_name(jt_parser_space *space, const jt_node &node, const char *node_name) {
   const bool known = has_known_type(node);
@@ -26,4 +26,4 @@ std::int32_t add_or_destroy(jt_parser_space *space, jt_node &parent, jt_node *no
   return 0;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -6,7 +6,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // A copy of the name of the node's type; the caller's name for the node goes into the report of a failure.
 char *copy_type_name(jt_parser_space *space, const jt_node &node, const char *node_name);
@@ -16,6 +16,6 @@ char *copy_type_name(jt_parser_space *space, const jt_node &node, const char *no
 using AddOperation = int32_t (*)(jt_parser_space *space, jt_node *parent, jt_node *child);
 std::int32_t add_or_destroy(jt_parser_space *space, jt_node &parent, jt_node *node, AddOperation add);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

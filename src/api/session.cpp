@@ -36,32 +36,34 @@ jt_parser_space *jt_open_parsing_utility(const char *label) { return create_pars
 
 int32_t jt_close_parsing_utility(jt_parser_space *space) { return delete_parser_space(space); }
 
-const char *jt_get_version(jt_parser_space *space) { return jt::Frame(space) ? kVersion : nullptr; }
+const char *jt_get_version(jt_parser_space *space) { return jt_core::Frame(space) ? kVersion : nullptr; }
 
-const char *jt_get_copyright(jt_parser_space *space) { return jt::Frame(space) ? kCopyright : nullptr; }
+const char *jt_get_copyright(jt_parser_space *space) { return jt_core::Frame(space) ? kCopyright : nullptr; }
 
 const char *jt_get_supported_language_version(jt_parser_space *space) {
-  return jt::Frame(space) ? kLanguageVersion : nullptr;
+  return jt_core::Frame(space) ? kLanguageVersion : nullptr;
 }
 
 int32_t jt_last_api_error(jt_parser_space *space) { return get_error_status(space); }
 
 const char *jt_get_recent_error(jt_parser_space *space) {
-  return jt::Frame(space) ? get_last_error(space) : nullptr;
+  return jt_core::Frame(space) ? get_last_error(space) : nullptr;
 }
 
 const char *jt_get_previous_error(jt_parser_space *space) {
-  return jt::Frame(space) ? get_previous_error(space) : nullptr;
+  return jt_core::Frame(space) ? get_previous_error(space) : nullptr;
 }
 
 int32_t jt_destroy_value_string(jt_parser_space *space, char *text) {
-  return jt::Frame(space) ? er_free(text) : 0;
+  return jt_core::Frame(space) ? er_free(text) : 0;
 }
 
-int32_t jt_destroy_name(jt_parser_space *space, char *name) { return jt::Frame(space) ? er_free(name) : 0; }
+int32_t jt_destroy_name(jt_parser_space *space, char *name) {
+  return jt_core::Frame(space) ? er_free(name) : 0;
+}
 
 int32_t jt_destroy_status(jt_parser_space *space, jt_status *status) {
-  return jt::Frame(space) ? kill_status(space, status) : 0;
+  return jt_core::Frame(space) ? kill_status(space, status) : 0;
 }
 
 }  // extern "C"

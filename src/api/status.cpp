@@ -2,7 +2,7 @@
 #include "api/frame.h"
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 Frame in_service(jt_parser_space *space, std::int32_t handle, const char *service_name) {
@@ -10,43 +10,43 @@ Frame in_service(jt_parser_space *space, std::int32_t handle, const char *servic
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 int32_t jt_set_service_status(jt_parser_space *space, int32_t handle, const char *service_name,
                               const jt_status *status) {
-  const jt::Frame at = jt::in_service(space, handle, service_name);
+  const jt_core::Frame at = jt_core::in_service(space, handle, service_name);
   return at ? set_status(space, &at.service(), status) : 0;
 }
 
 int32_t jt_set_invocation_status(jt_parser_space *space, int32_t handle, const char *service_name,
                                  const jt_status *status) {
-  const jt::Frame at = jt::in_service(space, handle, service_name).in_invocation();
+  const jt_core::Frame at = jt_core::in_service(space, handle, service_name).in_invocation();
   return at ? set_status(space, &at.invocation(), status) : 0;
 }
 
 int32_t jt_set_attribute_status(jt_parser_space *space, int32_t handle, const char *service_name,
                                 const char *attribute_name, const jt_status *status) {
-  const jt::Frame at =
-      jt::in_service(space, handle, service_name).in_invocation().in_attribute(attribute_name);
+  const jt_core::Frame at =
+      jt_core::in_service(space, handle, service_name).in_invocation().in_attribute(attribute_name);
   return at ? set_status(space, &at.attribute(), status) : 0;
 }
 
 jt_status *jt_get_service_status(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt::Frame at = jt::in_service(space, handle, service_name);
+  const jt_core::Frame at = jt_core::in_service(space, handle, service_name);
   return at ? copy_status(space, at.service().status) : nullptr;
 }
 
 jt_status *jt_get_invocation_status(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt::Frame at = jt::in_service(space, handle, service_name).in_invocation();
+  const jt_core::Frame at = jt_core::in_service(space, handle, service_name).in_invocation();
   return at ? copy_status(space, at.invocation().status) : nullptr;
 }
 
 jt_status *jt_get_attribute_status(jt_parser_space *space, int32_t handle, const char *service_name,
                                    const char *attribute_name) {
-  const jt::Frame at =
-      jt::in_service(space, handle, service_name).in_invocation().in_attribute(attribute_name);
+  const jt_core::Frame at =
+      jt_core::in_service(space, handle, service_name).in_invocation().in_attribute(attribute_name);
   return at ? copy_status(space, at.attribute().status) : nullptr;
 }
 

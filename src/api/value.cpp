@@ -1,9 +1,9 @@
 // Value calls: one operation of a type, named by the type's name and the service that defines it.
 #include "api/frame.h"
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // A call asks for an operation; all but the comparison share one message for a missing one, whichever it is.
@@ -22,28 +22,28 @@ const jt_type *type_with(jt_parser_space *space, const char *service_name, const
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 jt_value *jt_copy_value(jt_parser_space *space, const char *type_name, const jt_value *value,
                         const char *service_name) {
-  const jt_type *const type =
-      jt::type_with(space, service_name, type_name, &jt_type::copy, jt::message::kUnknownTypeToCopy);
+  const jt_type *const type = jt_core::type_with(space, service_name, type_name, &jt_type::copy,
+                                                 jt_core::message::kUnknownTypeToCopy);
   return type != nullptr ? type->copy(space, value) : nullptr;
 }
 
 int32_t jt_compare_value(jt_parser_space *space, const char *type_name, const jt_value *a, const jt_value *b,
                          const char *service_name) {
   constexpr int32_t kIncomparable = -2;
-  if (!jt::Frame(space)) return 0;
+  if (!jt_core::Frame(space)) return 0;
   const jt_type *const type = get_type_from_services(space, service_name, type_name);
   if (type == nullptr) {
-    jt::report(space, jt::message::kUnknownTypeToCompare);
+    jt_core::report(space, jt_core::message::kUnknownTypeToCompare);
     return kIncomparable;
   }
   if (type->cmp == nullptr) {
-    jt_error(space, jt::message::kNoCompare, type_name);
+    jt_error(space, jt_core::message::kNoCompare, type_name);
     return kIncomparable;
   }
   return type->cmp(space, a, b);
@@ -51,18 +51,19 @@ int32_t jt_compare_value(jt_parser_space *space, const char *type_name, const jt
 
 char *jt_encode_value(jt_parser_space *space, const char *type_name, const jt_value *value,
                       const char *service_name) {
-  const jt_type *const type =
-      jt::type_with(space, service_name, type_name, &jt_type::deval, jt::message::kUnknownTypeToEncode);
+  const jt_type *const type = jt_core::type_with(space, service_name, type_name, &jt_type::deval,
+                                                 jt_core::message::kUnknownTypeToEncode);
   return type != nullptr ? type->deval(space, value) : nullptr;
 }
 
-// The type may write into the text that it reads, so it is given a copy.
+// Every type that has one of eval and deval has both, and it is the latter that clients see missing. The type
+// may write into the text that it reads, so it is given a copy.
 jt_value *jt_decode_value(jt_parser_space *space, const char *type_name, const char *text,
                           const char *service_name) {
-  const jt_type *const type =
-      jt::type_with(space, service_name, type_name, &jt_type::deval, jt::message::kUnknownTypeToDecode, text);
+  const jt_type *const type = jt_core::type_with(space, service_name, type_name, &jt_type::deval,
+                                                 jt_core::message::kUnknownTypeToDecode, text);
   if (type == nullptr || text == nullptr) return nullptr;
-  char *const copy = jt::copy_text(space, text);
+  char *const copy = jt_core::copy_text(space, text);
   if (copy == nullptr) return nullptr;
   jt_value *const value = type->eval(space, copy);
   er_free(copy);
@@ -74,11 +75,11 @@ jt_value *jt_decode_value(jt_parser_space *space, const char *type_name, const c
 int32_t jt_destroy_value(jt_parser_space *space, const char *type_name, jt_value *value,
                          const char *service_name) {
   if (value == nullptr) {
-    jt::report(space, jt::message::kNullValueToDestroy);
+    jt_core::report(space, jt_core::message::kNullValueToDestroy);
     return 0;
   }
-  const jt_type *const type =
-      jt::type_with(space, service_name, type_name, &jt_type::kill, jt::message::kUnknownTypeToDestroy);
+  const jt_type *const type = jt_core::type_with(space, service_name, type_name, &jt_type::kill,
+                                                 jt_core::message::kUnknownTypeToDestroy);
   return type != nullptr ? type->kill(space, value) : 0;
 }
 

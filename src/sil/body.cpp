@@ -2,8 +2,8 @@
 // section. The rows of attributes serve the header's own attributes too, which only end differently.
 #include <cstring>
 
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 #include "sil/decoder.h"
 #include "tree/child_index.h"
 #include "tree/construction.h"
@@ -13,7 +13,7 @@
 #include "types/status.h"
 #include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::size_t kMostName = JT_MAX_TOKEN_LENGTH - 1;
@@ -112,7 +112,9 @@ Outcome set_star(Decoder &decoder, const Token & /*token*/) {
 
 // Nearly every type is found where the block's own type says; what is wrong with another the look-up knows.
 Outcome keep_starred_type(Decoder &decoder, const Token &token) {
-  decoder.type = find_type_in_scope(decoder.scope, token.text);
+  const TypeEntry found = find_type_in_scope(decoder.scope, token.text);
+  decoder.type = found.type;
+  decoder.family = found.family;
   return decoder.type != nullptr ? Outcome::kAccepted : keep_type(decoder, token, JT_NODE_ATTRIBUTE);
 }
 
@@ -149,10 +151,9 @@ Outcome add_value(Decoder &decoder, const Token &token) {
     report(decoder.space, message::kNameTooLong, token.text);
     return Outcome::kStopped;
   }
-  const MadeValue value = make_value_node(*decoder.space, decoder.top->type,
-                                          writable_text(decoder.cursor, token), token.text, true);
+  const ValueResult value = make_value_node(*decoder.space, decoder.top->type, decoder.family, token.text);
   if (value.node != nullptr) append_child(*decoder.space, *decoder.top, *value.node);
-  return value.result == Making::kNoMemory ? Outcome::kStopped : Outcome::kAccepted;
+  return value.status == CreateStatus::kNoMemory ? Outcome::kStopped : Outcome::kAccepted;
 }
 
 // ---- Statuses ---------------------------------------------------------------------------------------------
@@ -325,4 +326,4 @@ bool decode_header_attributes(Decoder &decoder, jt_node &header) {
   return run_machine(decoder, kHeaderAttributesMachine, State::kInInvocation);
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace jt {
+namespace jt_core {
 
 // NUL is in none, so that every run ends at the end of the text.
 using ByteSet = std::array<bool, 256>;
@@ -32,6 +32,12 @@ inline const char *end_of_run(const char *at, const ByteSet &set) {
   }
 }
 
-}  // namespace jt
+// The same before an end, where there need not be a terminator.
+inline const char *end_of_run(const char *at, const char *end, const ByteSet &set) {
+  while (at != end && set[static_cast<unsigned char>(*at)]) ++at;
+  return at;
+}
+
+}  // namespace jt_core
 
 #endif

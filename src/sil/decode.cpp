@@ -1,9 +1,9 @@
 // The decode entry: makes the root and runs the stages that the header asks for. A failed decode leaves
 // nothing.
-#include "foundation/parser_space.h"
+#include "base/parser_space.h"
 #include "sil/decoder.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 bool decode_stages(Decoder &decoder) {
@@ -22,21 +22,22 @@ void begin_decoding(Decoder &decoder, jt_parser_space &space, jt_node &root, con
   decoder.root = decoder.top = &root;
   decoder.scope = nullptr;
   decoder.type = nullptr;
+  decoder.family = nullptr;
   decoder.non_compulsory = false;
   decoder.header_class = JT_NODE_HEADER;
   decoder.version = decoder.kept = {};
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" jt_node *decode_template_string(jt_parser_space *space, const char *text) {
   if (space == nullptr || text == nullptr) return nullptr;
   jt_node *const root = create_typed_node(space, "template", "template", JT_NODE_TEMPLATE, nullptr);
   if (root == nullptr) return nullptr;
-  jt::Decoder decoder;
-  jt::begin_decoding(decoder, *space, *root, text);
-  if (jt::decode_stages(decoder)) return root;
+  jt_core::Decoder decoder;
+  jt_core::begin_decoding(decoder, *space, *root, text);
+  if (jt_core::decode_stages(decoder)) return root;
   destroy_all_nodes(space, root);
   return nullptr;
 }

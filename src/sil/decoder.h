@@ -1,4 +1,4 @@
-// What the four machines of the decoder share: the state of one decoding, the names of all states, and the
+// What the five machines of the decoder share: the state of one decoding, the names of all states, and the
 // shape of their tables. A machine is a table of rows "in this state, this token, do that, go there". The
 // first row of a state that takes the token and whose action agrees decides; when there is none, the token
 // was wrong.
@@ -15,9 +15,10 @@
 #include "sil/lexer.h"
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 
 struct TypeTable;
+struct ValueFamily;
 
 enum class State : std::uint8_t {
   // The header.
@@ -83,9 +84,10 @@ struct Decoder {
   SilCursor cursor;
   jt_node *root;
   jt_node *top;
-  const TypeTable *scope;  // of the types of attributes in the innermost block
-  const jt_type *type;     // of the block or attribute whose name comes next
-  bool non_compulsory;     // of the attribute whose name comes next
+  const TypeTable *scope;     // of the types of attributes in the innermost block
+  const jt_type *type;        // of the block or attribute whose name comes next
+  const ValueFamily *family;  // of the values of the attribute that is read
+  bool non_compulsory;        // of the attribute whose name comes next
   // A bit is set for the hash of each attribute of the innermost block so far. An attribute that finds its
   // bit unset is the first of its name: most are, and need not be looked for.
   std::uint64_t name_bits;
@@ -205,6 +207,6 @@ bool decode_body(Decoder &decoder, jt_node &container);
 bool decode_header_attributes(Decoder &decoder, jt_node &header);
 bool check_end_marker(Decoder &decoder);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

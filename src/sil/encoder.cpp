@@ -1,16 +1,14 @@
 // The encoder: writes a template tree as SIL text in its one layout. Names, statuses' texts and overridden
 // values are written as they are; values are escaped.
-#include <array>
-
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
-#include "foundation/parser_space.h"
-#include "foundation/text.h"
+#include "base/error_store.h"
+#include "base/memory.h"
+#include "base/text.h"
 #include "sil/output.h"
 #include "tree/node.h"
 #include "types/status.h"
+#include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::size_t kHeaderColumn = 0;
@@ -19,79 +17,82 @@ constexpr std::size_t kInvocationColumn = 1;
 constexpr std::size_t kAttributeColumn = 6;
 constexpr std::size_t kValueColumn = 25;
 
-// Offers the types room for the texts of their values, for as long as it lives: what fits needs no block.
-class OfferedRoom {
- public:
-  explicit OfferedRoom(jt_parser_space *space) : space_(space) {
-    if (space != nullptr) space->text_room = &room_;
-  }
-  ~OfferedRoom() {
-    if (space_ != nullptr) space_->text_room = nullptr;
-  }
-  OfferedRoom(const OfferedRoom &) = delete;
-  OfferedRoom &operator=(const OfferedRoom &) = delete;
-
-  // Releases a text unless it lies in the room.
-  void release(char *text) const {
-    if (text != characters_.data()) er_free(text);
-  }
-
- private:
-  jt_parser_space *space_;
-  std::array<char, 256> characters_{};
-  TextRoom room_ = {characters_.data(), characters_.size()};
-};
-
 struct Encoder {
   jt_parser_space *space;
   Output &out;
-  const OfferedRoom &room;
+  const TypeTable *scope;  // of the types of attributes in the block that is written
 };
 
 // ---- Values -----------------------------------------------------------------------------------------------
 
-// False when there is no memory for the text, with which the whole encoding fails.
-bool write_value(Encoder &encoder, std::string_view text, Quoting quoting, bool separate) {
+// Memory ran out for the text of a value, with which the whole encoding fails.
+void fail_at_value(Encoder &encoder, const char *message, std::string_view detail) {
+  if (!encoder.out.failed()) report(encoder.space, message, detail);
+  encoder.out.fail();
+}
+
+bool write_value_text(Encoder &encoder, const ValueText &text, Quoting quoting, bool separate) {
   if (separate) encoder.out.append_raw(", ");
   return encoder.out.append_value(text, quoting, kValueColumn);
 }
 
 bool write_pending_value(Encoder &encoder, const jt_node &value, bool separate) {
-  if (write_value(encoder, view_of(value.pending_value), Quoting::kNone, separate)) return true;
-  if (!encoder.out.failed()) jt_error(encoder.space, message::kNoPendingText, value.pending_value);
-  encoder.out.fail();
+  if (!has_pending_value(value)) return false;
+  ValueText text;
+  text.pieces[0] = view_of(value.pending_value);
+  if (write_value_text(encoder, text, Quoting::kNone, separate)) return true;
+  fail_at_value(encoder, message::kNoPendingText, text.pieces[0]);
   return false;
 }
 
-// A value without a text has been reported. That is no reason to stop; want of memory is.
-bool write_typed_value(Encoder &encoder, const jt_node &value, bool separate) {
-  const jt_type &type = *value.type;
-  char *const text = type.deval != nullptr ? type.deval(encoder.space, value.value) : nullptr;
-  if (text == nullptr) {
-    if (encoder.space != nullptr && ran_out_of_memory(*encoder.space)) {
-      encoder.out.fail();
-    } else {
-      report(encoder.space, message::kBadValue);
-    }
+// A value that has been written as a text, or that has none, which has been reported: that is no reason to
+// stop.
+bool write_typed_text(Encoder &encoder, const ValueText &text, bool has_text, bool quoted, bool separate) {
+  if (!has_text) {
+    report(encoder.space, message::kBadValue);
     return false;
   }
-  const bool is_string = same_name(view_of(type.name), "string");
-  const bool written = write_value(encoder, text, is_string ? Quoting::kQuotes : Quoting::kNone, separate);
-  encoder.room.release(text);
-  if (written) return true;
-  if (!encoder.out.failed()) report(encoder.space, message::kNoOutput);
-  encoder.out.fail();
+  const Quoting quoting = quoted ? Quoting::kQuotes : Quoting::kNone;
+  if (write_value_text(encoder, text, quoting, separate)) return true;
+  fail_at_value(encoder, message::kNoOutput, {});
   return false;
 }
 
-// A value without a text is left out with its separator, so that what is written can be read.
+bool write_known_value(Encoder &encoder, const ValueFamily &family, const jt_value *value, bool separate) {
+  ValueText text;
+  const bool has_text = value != nullptr && family.write(encoder.space, value, text);
+  return write_typed_text(encoder, text, has_text, family.operations->quoted, separate);
+}
+
+bool write_foreign_value(Encoder &encoder, const jt_type &type, const jt_value *value, bool separate) {
+  char *const block = type.deval != nullptr ? type.deval(encoder.space, value) : nullptr;
+  ValueText text;
+  text.pieces[0] = view_of(block);
+  const bool is_string = same_name(view_of(type.name), "string");
+  const bool written = write_typed_text(encoder, text, block != nullptr, is_string, separate);
+  er_free(block);
+  return written;
+}
+
+bool write_value(Encoder &encoder, const ValueFamily *family, const jt_node &value, bool separate) {
+  if (!has_known_type(value)) return write_pending_value(encoder, value, separate);
+  return family != nullptr ? write_known_value(encoder, *family, value.value, separate)
+                           : write_foreign_value(encoder, *value.type, value.value, separate);
+}
+
+// A value without a text is left out with its separator, so that what is written can be read. Values have the
+// type of their attribute, so the family need not be looked for at each.
 void write_values(Encoder &encoder, const jt_node &attribute) {
+  const jt_type *type = attribute.type;
+  const ValueFamily *family = family_of(type, encoder.scope);
   bool separate = false;
   for (const jt_node *value = attribute.first_child; value != nullptr && !encoder.out.failed();
        value = value->next_sibling) {
-    const bool written = has_known_type(*value) ? write_typed_value(encoder, *value, separate)
-                                                : write_pending_value(encoder, *value, separate);
-    separate = separate || written;
+    if (value->type != type) {
+      type = value->type;
+      family = family_of(type, encoder.scope);
+    }
+    if (write_value(encoder, family, *value, separate)) separate = true;
   }
 }
 
@@ -129,6 +130,7 @@ void write_attribute(Encoder &encoder, const jt_node &attribute, std::size_t fla
 
 void write_invocation(Encoder &encoder, const jt_node &invocation) {
   Output &out = encoder.out;
+  encoder.scope = find_table_of_row(invocation.type);
   out.append(view_of(invocation.name), kInvocationColumn, Layout::kLine);
   out.append("{\n", kInvocationColumn, Layout::kLine);
   out.append(view_of(invocation.comment), kAttributeColumn, Layout::kBlock);
@@ -240,21 +242,20 @@ void write_framed(Encoder &encoder, const jt_node &root, const jt_node &header) 
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" char *encode_template(jt_parser_space *space, jt_node *root) {
   if (root == nullptr) {
-    jt::report(space, jt::message::kNullTemplate);
+    jt_core::report(space, jt_core::message::kNullTemplate);
     return nullptr;
   }
-  jt::Output out(space);
-  const jt::OfferedRoom room(space);
-  jt::Encoder encoder = {space, out, room};
+  jt_core::Output out(space);
+  jt_core::Encoder encoder = {space, out, nullptr};
   const jt_node *const header = root->previous_sibling;
   if (header == nullptr) {
-    jt::write_body(encoder, *root);
-  } else if (jt::header_is_complete(space, *header)) {
-    jt::write_framed(encoder, *root, *header);
+    jt_core::write_body(encoder, *root);
+  } else if (jt_core::header_is_complete(space, *header)) {
+    jt_core::write_framed(encoder, *root, *header);
   } else {
     return nullptr;
   }

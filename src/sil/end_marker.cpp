@@ -1,8 +1,8 @@
 // The last stage: "< /SIL >" and nothing behind it, where there is a header; else nothing at all.
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "sil/decoder.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 Outcome accept_marker(Decoder & /*decoder*/, const Token &token) {
@@ -32,4 +32,4 @@ bool check_end_marker(Decoder &decoder) {
   return run_machine(decoder, kEndMarkerMachine, State::kMarkerBegin);
 }
 
-}  // namespace jt
+}  // namespace jt_core

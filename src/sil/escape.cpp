@@ -5,7 +5,7 @@
 
 #include "sil/byte_set.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 struct Escape {
@@ -29,7 +29,7 @@ constexpr ByteSet kPlain = all_but("\b\t\n\v\f\r !\"#$%&()*,;<=>?[\\]^{|}");
 char *escape_into(char *out, std::string_view text, const ByteSet &plain) {
   const char *const end = text.data() + text.size();
   for (const char *at = text.data();; ++at) {
-    const char *const special = end_of_run(at, plain);
+    const char *const special = end_of_run(at, end, plain);
     out = std::copy(at, special, out);
     if (special == end) return out;
     *out++ = '\\';
@@ -41,11 +41,7 @@ char *escape_into(char *out, std::string_view text, const ByteSet &plain) {
 }  // namespace
 
 char *write_escaped(char *out, std::string_view text, Quoting quoting) {
-  if (quoting == Quoting::kNone) return escape_into(out, text, kPlain);
-  *out++ = '"';
-  out = escape_into(out, text, kPlainInQuotes);
-  *out++ = '"';
-  return out;
+  return escape_into(out, text, quoting == Quoting::kQuotes ? kPlainInQuotes : kPlain);
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -6,16 +6,16 @@
 #include <cstddef>
 #include <string_view>
 
-namespace jt {
+namespace jt_core {
 
 enum class Quoting { kNone, kQuotes };
 
-// Room for any text of that length, escaped.
-constexpr std::size_t escaped_room(std::size_t length) { return length * 2 + 2; }
+// What any text of that length takes at most, escaped and in quotes.
+constexpr std::size_t max_escaped(std::size_t length) { return length * 2 + 2; }
 
-// Writes a terminated text, escaped; where it ends. It holds no line feed.
+// Writes a text, escaped as it is wanted in quotes or without them; where it ends. It holds no line feed.
 char *write_escaped(char *out, std::string_view text, Quoting quoting);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -1,12 +1,12 @@
 // The header stage: the optional "< SIL version encoding identifier >" in its three forms, with the
 // attributes that may follow it.
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "sil/decoder.h"
 #include "tree/comment.h"
 #include "tree/construction.h"
 #include "tree/links.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::string_view kVersion = "4.2.00";
@@ -108,4 +108,4 @@ bool decode_header(Decoder &decoder) {
   return run_machine(decoder, kHeaderMachine, State::kHeaderBegin);
 }
 
-}  // namespace jt
+}  // namespace jt_core

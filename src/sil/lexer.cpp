@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
-#include "foundation/error_store.h"
-#include "foundation/text.h"
+#include "base/error_store.h"
+#include "base/text.h"
 #include "sil/byte_set.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // More characters than this in quotes are refused.
@@ -260,4 +260,4 @@ const char *text_before(const SilCursor &cursor, std::size_t characters) {
   return cursor.position - std::min(read, characters);
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -10,7 +10,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 enum class TokenKind : std::uint8_t {
   kOpenBracket,
@@ -68,6 +68,6 @@ char *writable_text(SilCursor &cursor, const Token &token);
 // The text so many characters before the current position, for the detail of a report.
 const char *text_before(const SilCursor &cursor, std::size_t characters);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

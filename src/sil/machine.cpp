@@ -1,11 +1,11 @@
 // The engine that runs the machines, and what each state expects and does with a comment.
 #include <cstring>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "sil/decoder.h"
 #include "tree/comment.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 enum class CommentOf : std::uint8_t { kTop, kParentOfTop };
@@ -139,4 +139,4 @@ Outcome keep_text(Decoder &decoder, const Token &token) {
   return Outcome::kAccepted;
 }
 
-}  // namespace jt
+}  // namespace jt_core

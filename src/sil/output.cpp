@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::size_t kFirstRoom = 1024;
@@ -34,13 +34,16 @@ void Output::append(std::string_view text, std::size_t indent, Layout layout) {
   }
 }
 
-bool Output::append_value(std::string_view text, Quoting quoting, std::size_t indent) {
-  if (text.empty() && quoting == Quoting::kNone) return true;
+bool Output::append_value(const ValueText &text, Quoting quoting, std::size_t indent) {
+  const std::size_t size = text.size();
+  if (size == 0 && quoting == Quoting::kNone) return true;
   fold_long_line();
   indent_line(indent, Layout::kLine);
-  const std::size_t most = escaped_room(text.size());
-  if (!has_room(most) && !grow(most)) return false;
-  const char *const end = write_escaped(text_ + length_, text, quoting);
+  if (!has_room(max_escaped(size)) && !grow(max_escaped(size))) return false;
+  char *end = text_ + length_;
+  if (quoting == Quoting::kQuotes) *end++ = '"';
+  for (const std::string_view piece : text.pieces) end = write_escaped(end, piece, quoting);
+  if (quoting == Quoting::kQuotes) *end++ = '"';
   const auto written = static_cast<std::size_t>(end - (text_ + length_));
   length_ += written;
   column_ += written;
@@ -89,4 +92,4 @@ char *Output::take() {
   return text;
 }
 
-}  // namespace jt
+}  // namespace jt_core

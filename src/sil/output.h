@@ -9,8 +9,9 @@
 
 #include "jt.h"
 #include "sil/escape.h"
+#include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 enum class Layout {
   kLine,   // indented at the beginning of each line
@@ -33,8 +34,9 @@ class Output {
     write_in_line(text, indent, Layout::kLine);
   }
 
-  // Appends the text of a value. False when there is no room for it, which is the caller's to report.
-  bool append_value(std::string_view text, Quoting quoting, std::size_t indent);
+  // Appends the text of a value, escaped. False when there is no memory for it, which is the caller's to
+  // report.
+  bool append_value(const ValueText &text, Quoting quoting, std::size_t indent);
 
   // Appends a text as it is.
   void append_raw(std::string_view text) {
@@ -91,6 +93,6 @@ class Output {
   bool failed_ = false;
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

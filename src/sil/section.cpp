@@ -1,11 +1,11 @@
 // The section stage: the "< ? >" or "< ! >" block behind a header of the same mark. Its services hang under a
 // second template node.
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "sil/decoder.h"
 #include "tree/comment.h"
 #include "tree/links.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // The token belongs to the next stage; what was read here is as if it had never been.
@@ -84,4 +84,4 @@ bool decode_section(Decoder &decoder) {
   return run_machine(decoder, kSectionMachine, State::kSectionBegin);
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -1,245 +1,388 @@
 #include "tree/child_index.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdlib>
 
+#include "base/parser_space.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
-#include "types/value_hash.h"
+#include "tree/sibling_order.h"
+#include "types/type_tables.h"
 
-namespace jt {
-
+namespace jt_core {
 namespace {
 
-// The hash stands beside the child: a child of another key need not be fetched from memory.
-struct Entry {
-  jt_node *child;
+// The hash stands beside the entry: a child of another key need not be fetched from memory.
+struct Slot {
+  EntryNumber entry;
   std::uint32_t hash;
 };
 
 }  // namespace
 
-// Open addressing with linear probing. Of several children of one key only the first in the list has an
-// entry; `hidden` counts the others. Entries are kept dense by closing the gap when one goes, so there are no
-// tombstones.
+// A hash table with open addressing and linear probing, half full at most. Every child has an entry; a slot
+// leads to the first child of each key, which is the top of the heap of its equals. Slots are kept dense by
+// closing the gap when one goes, so there are no tombstones.
+//
+// No walk through the slots is longer than kMaxRun while the hash is the plain one: a run that is longer was
+// made on purpose, or by a rare chance, and the table changes to the session's secret hash, with which nobody
+// can choose where a key goes.
 struct ChildIndex {
-  std::uint32_t mask;    // entries - 1, a power of two less one
-  std::uint32_t used;    // entries that hold a child
-  std::uint32_t hidden;  // children with a key, but without an entry
-  Entry *entries;
+  std::uint32_t mask;     // slots - 1, a power of two less one
+  EntryNumber entries;    // that have ever been used
+  EntryNumber released;   // the first of those that are free again, linked through `next_released`
+  const HashKey *secret;  // null: the plain hash
+  SiblingPlace *places;   // of each entry; null until there are two children of one key
+  Slot *slots;
+  union Entry {
+    jt_node *child;
+    EntryNumber next_released;
+  } * children;  // from 1 on
 };
 
 namespace {
 
 constexpr int kShortList = 12;
+constexpr std::uint32_t kMaxRun = 128;
+
+// With this many children or more a table would need more slots than can be counted.
+constexpr std::uint32_t kMaxIndexed = 1U << 28U;
 
 // What a child is found by: its name or, when it is a value, the value of its type or its text.
 struct Key {
-  std::uint32_t hash;
   bool of_value;  // names and the texts of values never meet
   std::string_view text;
   const jt_type *type;  // null: the text counts
   const jt_value *value;
 };
 
-bool is_value(const jt_node &child) { return child.node_class == JT_NODE_VALUE; }
+// A node of the class that was made without a value is found by its name like any other.
+bool is_value(const jt_node &child) { return child.node_class == JT_NODE_VALUE && child.value != nullptr; }
 
-Key key_of_name(std::string_view name) { return {name_hash(name), false, name, nullptr, nullptr}; }
+Key key_of_name(std::string_view name) { return {false, name, nullptr, nullptr}; }
 
-Key key_of_pending(std::string_view text) { return {name_hash(text), true, text, nullptr, nullptr}; }
+Key key_of_pending(std::string_view text) { return {true, text, nullptr, nullptr}; }
 
-bool has_key(const jt_node &child) {
-  return is_value(child) ? child.value != nullptr : child.name != nullptr;
-}
+bool has_key(const jt_node &child) { return is_value(child) || child.name != nullptr; }
 
-// The hash is not asked for: it is stored with the child once that is known to have a table.
 Key key_of(const jt_node &child) {
-  if (!is_value(child)) return {child.key_hash, false, child.name, nullptr, nullptr};
-  if (!has_known_type(child)) return {child.key_hash, true, view_of(child.pending_value), nullptr, nullptr};
-  return {child.key_hash, true, {}, child.type, child.value};
+  if (!is_value(child)) return key_of_name(child.name);
+  if (!has_known_type(child)) return key_of_pending(view_of(child.pending_value));
+  return {true, {}, child.type, child.value};
 }
 
-bool is_worth(const Key &key, const jt_node &child) {
+bool key_equals(const Key &key, const jt_node &child) {
   if (key.of_value != is_value(child)) return false;
   if (key.type == nullptr) return has_key(child) && same_name(key_of(child).text, key.text);
   return key.type->cmp(nullptr, key.value, child.value) == 0;
 }
 
-bool matches(const Key &key, const jt_node &child) {
-  return child.key_hash == key.hash && is_worth(key, child);
+// False where there is no hash: of values of a client's own type, and of a real that is no number.
+bool hash_key(const HashKey *secret, const Key &key, std::uint32_t &hash) {
+  if (key.type == nullptr) {
+    hash = hash_name(secret, key.text);
+    return true;
+  }
+  const ValueFamily *const family = family_of(key.type);
+  return family != nullptr && key.value != nullptr && family->operations->hash(secret, key.value, hash);
 }
 
-// The hash of a value is only wanted by a table; false when its type has none.
-bool set_key_hash(jt_node &child) {
-  if (!is_value(child)) return true;
-  if (has_known_type(child)) return hash_value(*child.type, child.value, child.key_hash);
-  child.key_hash = name_hash(view_of(child.pending_value));
+const HashKey &secret_of(jt_parser_space &space) {
+  if (!space.has_hash_key) space.hash_key = make_hash_key(&space);
+  space.has_hash_key = true;
+  return space.hash_key;
+}
+
+// Makes the secret hash that of the index, if it is not yet; without memory for it the plain one stays.
+void use_secret_hash(jt_node &parent);
+
+// The same for a child that has no entry yet, and whose name has been hashed already; one without a key has
+// any.
+bool hash_child(const HashKey *secret, const jt_node &child, std::uint32_t &hash) {
+  if (is_value(child) || (secret != nullptr && child.name != nullptr))
+    return hash_key(secret, key_of(child), hash);
+  hash = child.key_hash;
   return true;
 }
 
-// The entry with that key, or the empty one where it belongs.
-Entry &entry_of(const ChildIndex &index, const Key &key) {
-  std::uint32_t at = key.hash & index.mask;
-  for (; index.entries[at].child != nullptr; at = (at + 1) & index.mask) {
-    const Entry &entry = index.entries[at];
-    if (entry.hash == key.hash && is_worth(key, *entry.child)) break;
-  }
-  return index.entries[at];
-}
+// ---- The table --------------------------------------------------------------------------------------------
 
-// The record takes the place of the first entries.
-constexpr std::size_t kHead = (sizeof(ChildIndex) + sizeof(Entry) - 1) / sizeof(Entry);
+EntryNumber max_entries(std::uint32_t mask) { return (mask + 1) / 2; }
 
 // Blocks of the plain heap: nothing is reported when there are none.
-ChildIndex *open_index(std::uint32_t size) {
-  void *const block = std::calloc(kHead + size, sizeof(Entry));
-  if (block == nullptr) return nullptr;
-  auto *const index = static_cast<ChildIndex *>(block);
-  index->mask = size - 1;
-  index->entries = static_cast<Entry *>(block) + kHead;
+ChildIndex *open_index(std::uint32_t slots) {
+  const std::size_t children = max_entries(slots - 1) + std::size_t{1};
+  auto *const index = static_cast<ChildIndex *>(
+      std::calloc(1, sizeof(ChildIndex) + children * sizeof(ChildIndex::Entry) + slots * sizeof(Slot)));
+  if (index == nullptr) return nullptr;
+  index->mask = slots - 1;
+  index->children = reinterpret_cast<ChildIndex::Entry *>(index + 1);
+  index->slots = reinterpret_cast<Slot *>(index->children + children);
   return index;
 }
 
-bool comes_before(const jt_node &child, const jt_node &other) {
-  const jt_node *next = child.next_sibling;
-  while (next != nullptr && next != &other) next = next->next_sibling;
-  return next != nullptr;
-}
-
-void insert(ChildIndex &index, jt_node &child) {
-  const Key key = key_of(child);
-  Entry &entry = entry_of(index, key);
-  if (entry.child == nullptr) {
-    entry = {&child, key.hash};
-    ++index.used;
-    return;
+bool open_places(ChildIndex &index) {
+  if (index.places == nullptr) {
+    index.places = static_cast<SiblingPlace *>(
+        std::calloc(max_entries(index.mask) + std::size_t{1}, sizeof(SiblingPlace)));
   }
-  ++index.hidden;
-  if (child.next_sibling != nullptr && comes_before(child, *entry.child)) entry.child = &child;
+  return index.places != nullptr;
 }
 
-// Moves every later entry of the run into the gap when that brings it closer to its home.
-void close_gap(ChildIndex &index, std::uint32_t gap) {
-  for (std::uint32_t at = (gap + 1) & index.mask; index.entries[at].child != nullptr;
-       at = (at + 1) & index.mask) {
-    const std::uint32_t home = index.entries[at].hash & index.mask;
+void close_index(ChildIndex *index) {
+  if (index != nullptr) std::free(index->places);
+  std::free(index);
+}
+
+// Where a walk through the slots ended, and whether it was longer than it should be.
+struct Probe {
+  Slot *slot;
+  bool too_long;
+};
+
+// The slot of that key, or the empty one where it belongs.
+Probe probe_for(const ChildIndex &index, const Key &key, std::uint32_t hash) {
+  std::uint32_t steps = 0;
+  for (std::uint32_t at = hash & index.mask;; at = (at + 1) & index.mask, ++steps) {
+    Slot &slot = index.slots[at];
+    const bool found =
+        slot.entry == kNoEntry || (slot.hash == hash && key_equals(key, *index.children[slot.entry].child));
+    if (found) return {&slot, steps > kMaxRun};
+  }
+}
+
+// Puts the slot of another table where it belongs in this one. Keys of slots differ, so no child is looked
+// at.
+bool is_placed_too_far(ChildIndex &index, const Slot &slot) {
+  std::uint32_t steps = 0;
+  std::uint32_t at = slot.hash & index.mask;
+  for (; index.slots[at].entry != kNoEntry; at = (at + 1) & index.mask) ++steps;
+  index.slots[at] = slot;
+  return steps > kMaxRun;
+}
+
+// Moves every later slot of the run into the gap when that brings it closer to its home. How long the run is.
+std::uint32_t close_gap(ChildIndex &index, std::uint32_t gap) {
+  std::uint32_t steps = 0;
+  for (std::uint32_t at = (gap + 1) & index.mask; index.slots[at].entry != kNoEntry;
+       at = (at + 1) & index.mask, ++steps) {
+    const std::uint32_t home = index.slots[at].hash & index.mask;
     if (((at - home) & index.mask) < ((at - gap) & index.mask)) continue;
-    index.entries[gap] = index.entries[at];
+    index.slots[gap] = index.slots[at];
     gap = at;
   }
-  index.entries[gap] = {};
-  --index.used;
+  index.slots[gap] = {};
+  return steps;
 }
 
-// With this many children or more a table would need more entries than can be counted.
-constexpr std::uint32_t kMostIndexed = 1U << 28U;
+// Gives a child an entry, and a place before `after` where children have places.
+void take_entry(ChildIndex &index, jt_node &child, const jt_node *after) {
+  EntryNumber number = index.released;
+  if (number != kNoEntry) {
+    index.released = index.children[number].next_released;
+  } else {
+    number = ++index.entries;
+  }
+  index.children[number].child = &child;
+  child.entry = number;
+  if (index.places != nullptr) {
+    index.places[number] = {};
+    number_sibling(index.places, child, after);
+  }
+}
+
+// The child has no entry any more.
+void restore_hash(jt_node &child) { child.key_hash = name_hash(view_of(child.name)); }
+
+void release_entry(ChildIndex &index, jt_node &child) {
+  index.children[child.entry].next_released = index.released;
+  index.released = child.entry;
+  restore_hash(child);
+}
+
+// ---- Tables of another size or another hash ---------------------------------------------------------------
+
+ChildIndex *copy_entries(const ChildIndex &old, std::uint32_t slots, const HashKey *secret) {
+  ChildIndex *const index = open_index(slots);
+  if (index == nullptr || (old.places != nullptr && !open_places(*index))) {
+    close_index(index);
+    return nullptr;
+  }
+  index->entries = old.entries;
+  index->released = old.released;
+  index->secret = secret;
+  std::copy_n(old.children, old.entries + std::size_t{1}, index->children);
+  if (old.places != nullptr) std::copy_n(old.places, old.entries + std::size_t{1}, index->places);
+  return index;
+}
+
+// An index with other slots and perhaps another hash takes the place of the parent's. False without memory;
+// then the old one stays.
+bool rebuild(jt_node &parent, std::uint32_t slots, const HashKey *secret) {
+  ChildIndex &old = *parent.index;
+  ChildIndex *const index = copy_entries(old, slots, secret);
+  if (index == nullptr) return false;
+  bool too_far = false;
+  for (std::uint32_t i = 0; i <= old.mask; ++i) {
+    Slot slot = old.slots[i];
+    if (slot.entry == kNoEntry) continue;
+    if (secret != old.secret) hash_key(secret, key_of(*old.children[slot.entry].child), slot.hash);
+    if (is_placed_too_far(*index, slot)) too_far = true;
+  }
+  close_index(&old);
+  parent.index = index;
+  if (too_far) use_secret_hash(parent);
+  return true;
+}
+
+void use_secret_hash(jt_node &parent) {
+  if (parent.index->secret == nullptr) {
+    rebuild(parent, parent.index->mask + 1, &secret_of(session_of(parent)));
+  }
+}
+
+// Room for one more entry; false when the parent has no index any more.
+bool reserve_entry(jt_node &parent) {
+  const ChildIndex &index = *parent.index;
+  if (index.released != kNoEntry || index.entries < max_entries(index.mask)) return true;
+  if (index.mask < kMaxIndexed && rebuild(parent, (index.mask + 1) * 2, index.secret)) return true;
+  drop_index(parent);
+  return false;
+}
+
+// Gives a child that has its entry the slot of its key, or a place among those that have the same key. `last`
+// is the last child that has an entry.
+void enter(jt_node &parent, const jt_node &child, std::uint32_t hash, const jt_node &last) {
+  ChildIndex &index = *parent.index;
+  const Probe probe = probe_for(index, key_of(child), hash);
+  if (probe.slot->entry == kNoEntry) {
+    *probe.slot = {child.entry, hash};
+  } else {
+    if (index.places == nullptr) {
+      if (!open_places(index)) return drop_index(parent);
+      number_siblings(index.places, parent.first_child, last);
+    }
+    probe.slot->entry = join_heaps(index.places, probe.slot->entry, child.entry);
+  }
+  if (probe.too_long) use_secret_hash(parent);
+}
 
 // A quarter full or more, so that the number of children can double before the index grows.
 void build_index(jt_node &parent) {
   drop_index(parent);
   std::uint32_t children = 0;
-  for (jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
-    if (!set_key_hash(*child) || ++children > kMostIndexed) return;
+  std::uint32_t hash = 0;
+  for (const jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
+    const bool indexable = ++children < kMaxIndexed && hash_child(nullptr, *child, hash);
+    if (!indexable) return;
   }
   parent.index = open_index(std::bit_ceil(children * 2));
   if (parent.index == nullptr) return;
   mark_owner(parent);
-  // From the last to the first: whoever comes later is hidden by whoever comes before, without a search.
-  for (jt_node *child = parent.last_child; child != nullptr; child = child->previous_sibling) {
-    if (!has_key(*child)) continue;
-    const Key key = key_of(*child);
-    Entry &entry = entry_of(*parent.index, key);
-    ++(entry.child == nullptr ? parent.index->used : parent.index->hidden);
-    entry = {child, key.hash};
+  for (jt_node *child = parent.first_child; child != nullptr && parent.index != nullptr;
+       child = child->next_sibling) {
+    hash_child(parent.index->secret, *child, hash);
+    take_entry(*parent.index, *child, nullptr);
+    if (has_key(*child)) enter(parent, *child, hash, *child);
   }
 }
 
-// Moves the entries into an index of twice the size. Their keys differ, so no child is looked at.
-void grow_index(jt_node &parent) {
-  const ChildIndex &old = *parent.index;
-  ChildIndex *const index = old.mask < kMostIndexed ? open_index((old.mask + 1) * 2) : nullptr;
-  for (std::uint32_t i = 0; index != nullptr && i <= old.mask; ++i) {
-    if (old.entries[i].child == nullptr) continue;
-    std::uint32_t at = old.entries[i].hash & index->mask;
-    while (index->entries[at].child != nullptr) at = (at + 1) & index->mask;
-    index->entries[at] = old.entries[i];
-  }
-  if (index != nullptr) {
-    index->used = old.used;
-    index->hidden = old.hidden;
-  }
-  drop_index(parent);
-  parent.index = index;
+// ---- Finding ----------------------------------------------------------------------------------------------
+
+jt_node *find_in_index(jt_node &parent, const Key &key, std::uint32_t hash) {
+  const ChildIndex &index = *parent.index;
+  const Probe probe = probe_for(index, key, hash);
+  jt_node *const found = probe.slot->entry != kNoEntry ? index.children[probe.slot->entry].child : nullptr;
+  if (probe.too_long) use_secret_hash(parent);
+  return found;
 }
 
-jt_node *find_in_list(jt_node &parent, const Key &key, bool hashed) {
+// Where there is no index. A long way makes one for the next search.
+template <typename Matches>
+jt_node *find_in_list(jt_node &parent, Matches matches) {
   jt_node *child = parent.first_child;
   int passed = 0;
-  for (; child != nullptr && !(hashed ? matches(key, *child) : is_worth(key, *child));
-       child = child->next_sibling) {
-    ++passed;
-  }
+  for (; child != nullptr && !matches(*child); child = child->next_sibling) ++passed;
   if (passed > kShortList) build_index(parent);
   return child;
 }
 
-jt_node *find_by_name(jt_node &parent, const Key &key) {
-  return parent.index != nullptr ? entry_of(*parent.index, key).child : find_in_list(parent, key, true);
+// The hash is the plain one of the name.
+jt_node *find_by_name(jt_node &parent, std::string_view name, std::uint32_t hash) {
+  const Key key = key_of_name(name);
+  if (parent.index == nullptr) {
+    return find_in_list(
+        parent, [&](const jt_node &child) { return child.key_hash == hash && key_equals(key, child); });
+  }
+  const HashKey *const secret = parent.index->secret;
+  return find_in_index(parent, key, secret == nullptr ? hash : hash_name(secret, name));
+}
+
+jt_node *find_by_value(jt_node &attribute, const Key &key) {
+  std::uint32_t hash = 0;
+  const bool indexed = attribute.index != nullptr && hash_key(attribute.index->secret, key, hash);
+  return indexed ? find_in_index(attribute, key, hash)
+                 : find_in_list(attribute, [&](const jt_node &child) { return key_equals(key, child); });
 }
 
 }  // namespace
 
 jt_node *find_child(jt_node &parent, std::string_view name) {
-  return find_by_name(parent, key_of_name(name));
+  return find_by_name(parent, name, name_hash(name));
 }
 
-jt_node *find_namesake(jt_node &parent, const jt_node &node) { return find_by_name(parent, key_of(node)); }
+jt_node *find_namesake(jt_node &parent, const jt_node &node) {
+  return find_by_name(parent, node.name, node.key_hash);
+}
 
 jt_node *find_value(jt_node &attribute, const jt_value *value) {
-  Key key = {0, true, {}, attribute.type, value};
-  const bool hashed = hash_value(*attribute.type, value, key.hash);
-  return attribute.index != nullptr && hashed ? entry_of(*attribute.index, key).child
-                                              : find_in_list(attribute, key, false);
+  return find_by_value(attribute, {true, {}, attribute.type, value});
 }
 
 jt_node *find_pending_value(jt_node &attribute, std::string_view text) {
-  const Key key = key_of_pending(text);
-  return attribute.index != nullptr ? entry_of(*attribute.index, key).child
-                                    : find_in_list(attribute, key, false);
+  return find_by_value(attribute, key_of_pending(text));
 }
 
+// ---- Keeping the index ------------------------------------------------------------------------------------
+
 void index_child(jt_node &parent, jt_node &child) {
-  if (parent.index == nullptr || !has_key(child)) return;
-  if (!set_key_hash(child)) {
-    drop_index(parent);
-  } else {
-    if (parent.index->used > parent.index->mask / 2) grow_index(parent);
-    if (parent.index != nullptr) insert(*parent.index, child);
-  }
+  if (parent.index == nullptr || !reserve_entry(parent)) return;
+  ChildIndex &index = *parent.index;
+  std::uint32_t hash = 0;
+  if (!hash_child(index.secret, child, hash)) return drop_index(parent);
+  take_entry(index, child, child.next_sibling);
+  if (has_key(child)) enter(parent, child, hash, *parent.last_child);
 }
 
 void unindex_child(jt_node &parent, jt_node &child) {
-  if (parent.index == nullptr || !has_key(child)) return;
+  if (parent.index == nullptr) return;
   ChildIndex &index = *parent.index;
-  const Key key = key_of(child);
-  Entry &entry = entry_of(index, key);
-  if (entry.child != &child) {
-    --index.hidden;
-    return;
+  bool too_long = false;
+  if (has_key(child)) {
+    std::uint32_t hash = 0;
+    hash_key(index.secret, key_of(child), hash);
+    Slot &slot = *probe_for(index, key_of(child), hash).slot;
+    slot.entry = index.places != nullptr ? leave_heap(index.places, slot.entry, child.entry) : kNoEntry;
+    if (slot.entry == kNoEntry) {
+      too_long = close_gap(index, static_cast<std::uint32_t>(&slot - index.slots)) > kMaxRun;
+    }
   }
-  jt_node *next = index.hidden > 0 ? child.next_sibling : nullptr;
-  while (next != nullptr && !matches(key, *next)) next = next->next_sibling;
-  if (next != nullptr) {
-    entry.child = next;
-    --index.hidden;
-  } else {
-    close_gap(index, static_cast<std::uint32_t>(&entry - index.entries));
-  }
+  release_entry(index, child);
+  if (too_long) use_secret_hash(parent);
 }
 
-void drop_index(jt_node &node) {
-  std::free(node.index);
-  node.index = nullptr;
+void drop_index(jt_node &parent) {
+  if (parent.index == nullptr) return;
+  for (jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
+    restore_hash(*child);
+  }
+  release_index(parent);
 }
 
-}  // namespace jt
+void release_index(jt_node &parent) {
+  close_index(parent.index);
+  parent.index = nullptr;
+}
+
+}  // namespace jt_core

@@ -1,7 +1,11 @@
-// The children of a node by their key: blocks and attributes by name, values by what they are worth. A short
-// list of children is searched one by one; a long one gets a hash table, which is kept through every edit and
-// goes with the node. Both find the same child: the first with that key in the order of the list. A table
-// that cannot be had only costs time.
+// The children of a node by their key: blocks and attributes by name, values by equality under their type. A
+// list is searched one by one until a search has passed more than a dozen children; then it gets a hash
+// table, which is kept through every edit and goes with the node. Both find the same child: the first with
+// that key in the order of the list. A table that cannot be had only costs time.
+//
+// The cost of a search or an edit does not grow with the number of children, however their keys were chosen
+// (child_index.cpp says how), but for a logarithm where many of them are equal.
+// tests/tree/child_lookup_test.cpp and equal_values_test.cpp compare every answer with a plain list.
 #ifndef JT_TREE_CHILD_INDEX_H
 #define JT_TREE_CHILD_INDEX_H
 
@@ -9,18 +13,17 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
-// The first child of that name, letters folded, or null. Average cost does not depend on the number of
-// children.
+// The first child of that name, letters folded, or null.
 jt_node *find_child(jt_node &parent, std::string_view name);
 
-// The first child whose name is that of a node that has one.
+// The first child whose name is that of a node that has one and hangs nowhere yet.
 jt_node *find_namesake(jt_node &parent, const jt_node &node);
 
 // The first value of an attribute that its type calls equal to the given one, or null. The type is known and
-// can compare. The cost is that of find_child() for every type but "real" and types of the client's own,
-// whose values are compared one by one.
+// can compare. Values of a client's own type are compared one by one, and so are reals where one of them is
+// no number.
 jt_node *find_value(jt_node &attribute, const jt_value *value);
 
 // The first value of an attribute of unknown type that was written like this, letters folded, or null.
@@ -32,8 +35,12 @@ void index_child(jt_node &parent, jt_node &child);
 // The child is about to leave its place, or to lose its name or value.
 void unindex_child(jt_node &parent, jt_node &child);
 
-void drop_index(jt_node &node);
+// Does without an index; the children stay.
+void drop_index(jt_node &parent);
 
-}  // namespace jt
+// Releases the index of a node whose children have gone or are about to.
+void release_index(jt_node &parent);
+
+}  // namespace jt_core
 
 #endif

@@ -3,12 +3,12 @@
 #include <cstring>
 #include <utility>
 
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // Stands in front of the text that the node points to.
@@ -26,7 +26,7 @@ char *text_of(CommentBlock *block) { return reinterpret_cast<char *>(block + 1);
 CommentBlock *roomy_block(jt_parser_space &space, const jt_node &node, std::size_t length) {
   if (node.comment != nullptr && block_of(node)->room > length) return block_of(node);
   const std::size_t room = node.comment == nullptr ? length + 1 : length * 2;
-  auto *const block = static_cast<CommentBlock *>(take_unset_block(&space, sizeof(CommentBlock) + room));
+  auto *const block = static_cast<CommentBlock *>(allocate_unset_block(&space, sizeof(CommentBlock) + room));
   if (block == nullptr) return nullptr;
   block->room = room;
   if (node.comment != nullptr) std::memcpy(text_of(block), node.comment, block_of(node)->length);
@@ -62,4 +62,4 @@ void release_comment(jt_node &node) {
   node.comment = nullptr;
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -7,7 +7,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // Appends to the node's comment, without a separator; false after a report.
 bool append_comment(jt_parser_space &space, jt_node &node, std::string_view text);
@@ -17,6 +17,6 @@ void move_comment(jt_node &from, jt_node &to);
 
 void release_comment(jt_node &node);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

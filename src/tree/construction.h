@@ -7,8 +7,9 @@
 #include <string_view>
 
 #include "jt.h"
+#include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 // A node of a type that has been looked up already. The type name is kept only for the unknown type; a null
 // one leaves the node without.
@@ -19,18 +20,18 @@ jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char
 jt_node *make_header_attribute(jt_parser_space &space, std::string_view name, std::string_view text);
 
 // Whether a value node was made; a text that its type refuses is not a failure of the session.
-enum class Making { kMade, kRefused, kNoMemory };
+enum class CreateStatus { kMade, kRefused, kNoMemory };
 
-struct MadeValue {
-  Making result;
+struct ValueResult {
+  CreateStatus status;
   jt_node *node;
 };
 
-// A value node from a text, which its type may write into; the type is the library's or a client's own.
-// Reports about the node show the other text, which stays as it is.
-MadeValue make_value_node(jt_parser_space &space, const jt_type *type, char *text, std::string_view shown,
-                          bool of_library);
+// A value node from a text. The type is unknown, or one of the library's with its family; a type without a
+// family (a kind of block) refuses every text.
+ValueResult make_value_node(jt_parser_space &space, const jt_type *type, const ValueFamily *family,
+                            std::string_view text);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "foundation/parser_space.h"
+#include "base/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // Whether the node's slot holds this very node.
@@ -151,39 +151,39 @@ void destroy_registered_nodes(jt_parser_space &space) {
   }
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 int32_t destroy_node(jt_parser_space *space, jt_node *node) {
-  if (space == nullptr || node == nullptr || !jt::is_registered(*space, *node)) return 0;
-  jt::destroy(*space, *node);
+  if (space == nullptr || node == nullptr || !jt_core::is_registered(*space, *node)) return 0;
+  jt_core::destroy(*space, *node);
   return 1;
 }
 
 int32_t destroy_children(jt_parser_space *space, jt_node *node) {
-  if (space == nullptr || node == nullptr || !jt::is_registered(*space, *node)) return 0;
-  if (jt::is_header_attribute(*node)) {
-    jt::destroy(*space, *node->first_child);
+  if (space == nullptr || node == nullptr || !jt_core::is_registered(*space, *node)) return 0;
+  if (jt_core::is_header_attribute(*node)) {
+    jt_core::destroy(*space, *node->first_child);
     return 1;
   }
-  jt::drop_index(*node);
-  jt::release_below<jt::Strangers::kReleased>(*space, *node);
+  jt_core::release_index(*node);
+  jt_core::release_below<jt_core::Strangers::kReleased>(*space, *node);
   node->last_child = nullptr;
-  if (node->cursor != jt::not_started()) node->cursor = nullptr;
+  if (node->cursor != jt_core::not_started()) node->cursor = nullptr;
   return 1;
 }
 
 int32_t delete_index_child(jt_parser_space *space, jt_node *parent) {
   if (space == nullptr || parent == nullptr) return 0;
-  jt::start_cursor(*parent);
+  jt_core::start_cursor(*parent);
   return destroy_node(space, parent->cursor);
 }
 
 int32_t destroy_all_nodes(jt_parser_space *space, jt_node *node) {
-  if (space == nullptr || node == nullptr || !jt::is_registered(*space, *node)) return 0;
-  jt::ReachedNodes nodes(*space);
-  nodes.reach(jt::top_of(*space, node));
+  if (space == nullptr || node == nullptr || !jt_core::is_registered(*space, *node)) return 0;
+  jt_core::ReachedNodes nodes(*space);
+  nodes.reach(jt_core::top_of(*space, node));
   nodes.reach_neighbours();
   nodes.release();
   return 1;

@@ -6,11 +6,11 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // Destroys every node of the session, whatever its links say.
 void destroy_registered_nodes(jt_parser_space &space);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -1,6 +1,6 @@
 // Opaque handles: what clients hold instead of nodes. A handle is computed from the bookmark, so it is never
 // a valid pointer, never positive, and resolves in constant time.
-#include "foundation/parser_space.h"
+#include "base/parser_space.h"
 #include "tree/node.h"
 
 namespace {
@@ -18,9 +18,9 @@ jt_node *opaque_to_node(jt_parser_space *space, int32_t handle) {
   const std::int64_t bookmark = kFirstHandle - handle;
   if (bookmark >= 0 && bookmark < space->table.count) {
     jt_node *const node = space->table.slots[bookmark];
-    if (node != jt::released_slot()) return node;
+    if (node != jt_core::released_slot()) return node;
   }
-  jt::report(space, jt::message::kBadHandle);
+  jt_core::report(space, jt_core::message::kBadHandle);
   return nullptr;
 }
 

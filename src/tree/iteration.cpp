@@ -1,11 +1,11 @@
 // Walking the children of a node with the cursor that the node keeps. A read returns a copy that the caller
 // owns; whether it moves the cursor on depends on how far it came.
-#include "foundation/error_store.h"
-#include "foundation/memory.h"
+#include "base/error_store.h"
+#include "base/memory.h"
 #include "tree/links.h"
 #include "tree/node.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // What was read, and whether the read came far enough to move on.
@@ -35,7 +35,7 @@ Read<jt_value> read_value(jt_parser_space *space, const jt_node &parent, const j
 }
 
 Read<char> read_pending_value(jt_parser_space *space, const jt_node &child) {
-  if (child.node_class != JT_NODE_VALUE || child.pending_value == nullptr) return {nullptr, false};
+  if (!has_pending_value(child)) return {nullptr, false};
   char *const copy = copy_plain_text(child.pending_value);
   if (copy == nullptr) report(space, message::kNoPendingCopy, child.pending_value);
   return {copy, copy != nullptr};
@@ -67,63 +67,63 @@ Result *read_at_cursor(jt_parser_space *space, jt_node *parent, Reader<Result> r
 jt_node *first_of(jt_node *parent) { return parent != nullptr ? parent->first_child : nullptr; }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 char *index_child_name(jt_parser_space *space, jt_node *parent) {
-  return jt::read_at_cursor(space, parent, jt::read_name);
+  return jt_core::read_at_cursor(space, parent, jt_core::read_name);
 }
 
 jt_value *index_child_value(jt_parser_space *space, jt_node *parent) {
-  return jt::read_at_cursor(space, parent, jt::read_value);
+  return jt_core::read_at_cursor(space, parent, jt_core::read_value);
 }
 
 char *index_child_value_string(jt_parser_space *space, jt_node *parent) {
-  return jt::read_at_cursor(space, parent, jt::read_value_text);
+  return jt_core::read_at_cursor(space, parent, jt_core::read_value_text);
 }
 
 char *first_child_name(jt_parser_space *space, jt_node *parent) {
-  const jt_node *const first = jt::first_of(parent);
+  const jt_node *const first = jt_core::first_of(parent);
   if (first == nullptr) return nullptr;
-  const jt::Read<char> read = jt::read_name(space, *parent, *first);
+  const jt_core::Read<char> read = jt_core::read_name(space, *parent, *first);
   if (read.moves) parent->cursor = first->next_sibling;
   return read.result;
 }
 
 // Unlike the read at the cursor, this one moves first and asks for the type of the parent before the child's.
 jt_value *first_child_value(jt_parser_space *space, jt_node *parent) {
-  const jt_node *const first = jt::first_of(parent);
+  const jt_node *const first = jt_core::first_of(parent);
   if (first == nullptr) return nullptr;
   parent->cursor = first->next_sibling;
-  if (!jt::has_known_type(*parent)) {
-    jt_error(space, jt::message::kUntypedValue, parent->unresolved_type_name);
+  if (!jt_core::has_known_type(*parent)) {
+    jt_error(space, jt_core::message::kUntypedValue, parent->unresolved_type_name);
     return nullptr;
   }
-  return jt::read_value(space, *parent, *first).result;
+  return jt_core::read_value(space, *parent, *first).result;
 }
 
 char *first_child_value_string(jt_parser_space *space, jt_node *parent) {
-  jt_node *const first = jt::first_of(parent);
+  jt_node *const first = jt_core::first_of(parent);
   if (first == nullptr) return nullptr;
-  const jt::Read<char> read = jt::read_value_text(space, *parent, *first);
+  const jt_core::Read<char> read = jt_core::read_value_text(space, *parent, *first);
   parent->cursor = read.result != nullptr ? first->next_sibling : first;
   return read.result;
 }
 
 int32_t advance_index(jt_parser_space *space, jt_node *parent) {
   if (parent == nullptr) {
-    jt::report(space, jt::message::kNullNode);
+    jt_core::report(space, jt_core::message::kNullNode);
     return 0;
   }
-  jt::start_cursor(*parent);
+  jt_core::start_cursor(*parent);
   if (parent->cursor != nullptr) parent->cursor = parent->cursor->next_sibling;
   return parent->cursor != nullptr ? 1 : 0;
 }
 
 int32_t reset_index(jt_parser_space *space, jt_node *parent) {
   if (parent == nullptr) {
-    jt::report(space, jt::message::kNullNode);
+    jt_core::report(space, jt_core::message::kNullNode);
     return 0;
   }
   parent->cursor = parent->first_child;

@@ -1,13 +1,13 @@
 // The checked operations that put nodes into a tree: add_child, add_unique_child, add_index_child; and the
 // two that only touch one node or look for one, add_comment and get_child.
-#include "foundation/parser_space.h"
+#include "base/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/comment.h"
 #include "tree/links.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // A node must not come to hang below itself. A node without children cannot, so the walk is rare and short.
@@ -48,41 +48,40 @@ std::int32_t add(jt_parser_space *space, jt_node *parent, jt_node *child, Link l
 }
 
 }  // namespace
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 int32_t add_child(jt_parser_space *space, jt_node *parent, jt_node *child) {
-  return jt::add(space, parent, child, jt::append_child);
+  return jt_core::add(space, parent, child, jt_core::append_child);
 }
 
 int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child) {
   if (space == nullptr || parent == nullptr) return 0;
   if (child == nullptr) return 1;
-  if (!jt::fits(space, *parent, *child)) return 0;
-  const jt_node *const found = child->name != nullptr ? jt::find_child(*parent, child->name) : nullptr;
-  if (found != nullptr && found != child) {
-    jt::report(space, jt::message::kDuplicateName, child->name);
+  if (!jt_core::fits(space, *parent, *child)) return 0;
+  if (child->name != nullptr && jt_core::find_child(*parent, child->name) != nullptr) {
+    jt_core::report(space, jt_core::message::kDuplicateName, child->name);
     return 0;
   }
-  jt::note_strangers(*space, *parent, *child);
-  jt::unlink(*space, *child);
-  jt::append_child(*space, *parent, *child);
+  jt_core::note_strangers(*space, *parent, *child);
+  jt_core::unlink(*space, *child);
+  jt_core::append_child(*space, *parent, *child);
   return 1;
 }
 
 int32_t add_index_child(jt_parser_space *space, jt_node *parent, jt_node *child) {
-  return jt::add(space, parent, child, jt::insert_at_cursor);
+  return jt_core::add(space, parent, child, jt_core::insert_at_cursor);
 }
 
 int32_t add_comment(jt_parser_space *space, jt_node *node, const char *text) {
   if (space == nullptr || node == nullptr || text == nullptr) return 0;
-  return jt::append_comment(*space, *node, text) ? 1 : 0;
+  return jt_core::append_comment(*space, *node, text) ? 1 : 0;
 }
 
 jt_node *get_child(jt_parser_space *space, jt_node *parent, const char *name) {
   const bool searchable = space != nullptr && parent != nullptr && parent->node_class != JT_NODE_VALUE;
-  return searchable && name != nullptr ? jt::find_child(*parent, name) : nullptr;
+  return searchable && name != nullptr ? jt_core::find_child(*parent, name) : nullptr;
 }
 
 }  // extern "C"

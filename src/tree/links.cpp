@@ -1,11 +1,11 @@
 #include "tree/links.h"
 
-#include "foundation/parser_space.h"
+#include "base/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 void link_between(jt_parser_space &space, jt_node &parent, jt_node *before, jt_node &child, jt_node *after) {
@@ -125,4 +125,4 @@ void rename(jt_node &node, char *name) {
   index_child(*node.parent, node);
 }
 
-}  // namespace jt
+}  // namespace jt_core

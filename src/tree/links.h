@@ -11,7 +11,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // Links the child at the end. The cursor of a parent that is not started or exhausted moves to the new child.
 void append_child(jt_parser_space &space, jt_node &parent, jt_node &child);
@@ -33,6 +33,6 @@ void link_section(jt_node &root, jt_node &section);
 // Gives a child a name, or takes it away (null); the text is the node's own from now on.
 void rename(jt_node &node, char *name);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -7,22 +7,25 @@
 
 #include <cstdint>
 
-#include "foundation/markers.h"
-#include "foundation/piece_pool.h"
-#include "foundation/text.h"
+#include "base/markers.h"
+#include "base/piece_pool.h"
+#include "base/text.h"
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 struct ChildIndex;
 }
 
 struct jt_node {
-  jt::PieceHead piece;  // the node's storage
+  jt_core::PieceHead piece;  // the node's storage
   std::int16_t node_class;
   bool non_compulsory;
   bool may_own_blocks;  // beside its piece; set by mark_owner()
   std::int32_t bookmark;
-  std::uint32_t key_hash;  // of the name or, once it is wanted, of the value
+  union {
+    std::uint32_t key_hash;  // of the name
+    std::uint32_t entry;     // in the index of the parent, while that has one
+  };
   const jt_type *type;
   char *comment;
   char *name;
@@ -41,19 +44,22 @@ struct jt_node {
   jt_node *previous_sibling;
   jt_node *next_sibling;
   jt_node *cursor;
-  jt::ChildIndex *index;  // of the children, by name or value; null until it pays
+  jt_core::ChildIndex *index;  // of the children, by name or value; null until it pays
 };
 
 static_assert(sizeof(jt_node) == 16 + 14 * sizeof(void *));
 
-namespace jt {
+namespace jt_core {
 
 inline bool has_known_type(const jt_node &node) { return node.type != unknown_type(); }
+
+// A node of the class of values that was made with a name has neither a value nor a text for one.
+inline bool has_pending_value(const jt_node &node) { return node.value == untyped_value(); }
 
 // The type's name as it is written: the descriptor's, or the one that no look-up knew. May be null.
 inline const char *type_name_of(const jt_node &node) {
   if (has_known_type(node)) return node.type->name;
-  return node.node_class != JT_NODE_VALUE ? node.unresolved_type_name : nullptr;
+  return has_pending_value(node) ? nullptr : node.unresolved_type_name;
 }
 
 // The classes of headers are the last ones.
@@ -64,6 +70,6 @@ inline bool is_header_attribute(const jt_node &node) {
   return node.first_child != nullptr && is_header(*node.first_child);
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -2,16 +2,19 @@
 
 #include <cstring>
 
-#include "foundation/parser_space.h"
+#include "base/memory.h"
+#include "base/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/comment.h"
 #include "tree/node.h"
 #include "types/status.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 static_assert(alignof(jt_node) == kPieceUnit);
+
+constexpr std::size_t kMaxInline = kMaxPiece - sizeof(jt_node);
 
 bool is_block_of_its_own(const jt_node &node, const void *address) {
   return address != nullptr && !in_piece(&node, address);
@@ -26,9 +29,9 @@ void release_status(jt_parser_space &space, jt_node &node) {
 
 }  // namespace
 
-jt_node *take_node(jt_parser_space &space, std::size_t bytes) {
-  const std::size_t room = bytes <= kMaxPiece - sizeof(jt_node) ? bytes : 0;
-  auto *const node = static_cast<jt_node *>(take_piece(space, sizeof(jt_node) + room));
+jt_node *allocate_node(jt_parser_space &space, std::size_t bytes) {
+  const std::size_t inline_bytes = bytes <= kMaxInline ? bytes : 0;
+  auto *const node = static_cast<jt_node *>(take_piece(space, sizeof(jt_node) + inline_bytes));
   if (node == nullptr) return nullptr;
   static constexpr jt_node kEmpty = {};
   const PieceHead head = node->piece;
@@ -37,10 +40,10 @@ jt_node *take_node(jt_parser_space &space, std::size_t bytes) {
   return node;
 }
 
-NodeRoom::NodeRoom(jt_parser_space &space, jt_node &node)
+InlineStorage::InlineStorage(jt_parser_space &space, jt_node &node)
     : space_(space), node_(node), used_(sizeof(jt_node)) {}
 
-char *NodeRoom::place(std::string_view text) {
+char *InlineStorage::place(std::string_view text) {
   if (node_.piece.units() * kPieceUnit < used_ + text.size() + 1) {
     mark_owner(node_);
     return copy_text(&space_, text);
@@ -52,30 +55,18 @@ char *NodeRoom::place(std::string_view text) {
   return place;
 }
 
-ValuePlacement::ValuePlacement(jt_parser_space &space, bool of_library, std::string_view evaluated)
-    : BlockSource{take, evaluated}, space_(space) {
-  if (of_library) {
-    space_.block_source = this;
-  } else {
-    space_.must_visit = true;
-  }
+namespace {
+
+void *allocate_behind_node(ValueSink &sink, jt_parser_space *space, std::size_t bytes) {
+  if (bytes > kMaxInline) return allocate_unset_block(space, bytes);
+  jt_node *const node = allocate_node(*space, bytes);
+  static_cast<NodeSink &>(sink).node = node;
+  return node != nullptr ? node + 1 : nullptr;
 }
 
-ValuePlacement::~ValuePlacement() { space_.block_source = nullptr; }
+}  // namespace
 
-// A value that does not fit behind a record is a block of its own.
-void *ValuePlacement::take(BlockSource &source, jt_parser_space &space, std::size_t bytes) {
-  auto &self = static_cast<ValuePlacement &>(source);
-  void *block = nullptr;
-  if (bytes > kMaxPiece - sizeof(jt_node)) {
-    block = take_unset_block(&space, bytes);
-  } else {
-    self.node_ = take_node(space, bytes);
-    if (self.node_ != nullptr) block = self.node_ + 1;
-  }
-  self.failed_ = block == nullptr;
-  return block;
-}
+NodeSink::NodeSink() : ValueSink{allocate_behind_node} {}
 
 void mark_owner(jt_node &node) {
   node.may_own_blocks = true;
@@ -110,7 +101,7 @@ namespace {
   }
   release_value(space, node);
   release_status(space, node);
-  drop_index(node);
+  release_index(node);
 }
 
 }  // namespace
@@ -128,4 +119,4 @@ void release_all_nodes(jt_parser_space &space) {
   });
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -8,19 +8,19 @@
 #include <cstdint>
 #include <string_view>
 
-#include "foundation/memory.h"
 #include "jt.h"
+#include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
-// A zeroed node with room (not zeroed) for so many bytes behind its record, or without any room when they are
-// too many. It is not in the node table yet. Null after "allocation error".
-jt_node *take_node(jt_parser_space &space, std::size_t bytes);
+// A zeroed node with space (not zeroed) for so many bytes behind its record, or without any when they are too
+// many. It is not in the node table yet. Null after "allocation error".
+jt_node *allocate_node(jt_parser_space &space, std::size_t bytes);
 
-// Fills the room behind a node's record, text by text; a text that does not fit becomes a block.
-class NodeRoom {
+// Fills the space behind a node's record, text by text; a text that does not fit becomes a block.
+class InlineStorage {
  public:
-  NodeRoom(jt_parser_space &space, jt_node &node);
+  InlineStorage(jt_parser_space &space, jt_node &node);
 
   // A terminated copy that the node owns; null after "allocation error".
   char *place(std::string_view text);
@@ -31,28 +31,12 @@ class NodeRoom {
   std::size_t used_;
 };
 
-// Makes eval and copy of the library's types lay their value out behind the record of a new node, for as long
-// as it lives. `evaluated` is the text that eval is about to read, empty for copy. A client's type may make
-// and release whatever values it likes before it gives one, so its values are blocks of their own.
-class ValuePlacement : private BlockSource {
- public:
-  ValuePlacement(jt_parser_space &space, bool of_library, std::string_view evaluated);
-  ~ValuePlacement();
-  ValuePlacement(const ValuePlacement &) = delete;
-  ValuePlacement &operator=(const ValuePlacement &) = delete;
+// Lays the value of a new node out behind the record of that node, which is made along with it; a value that
+// is too long becomes a block of its own and the node stays null.
+struct NodeSink : ValueSink {
+  NodeSink();
 
-  // The node that was taken along with the value; null when the value is a block of its own.
-  jt_node *node() const { return node_; }
-
-  // Storage for the value was wanted and could not be had.
-  bool failed() const { return failed_; }
-
- private:
-  static void *take(BlockSource &source, jt_parser_space &space, std::size_t bytes);
-
-  jt_parser_space &space_;
-  jt_node *node_ = nullptr;
-  bool failed_ = false;
+  jt_node *node = nullptr;
 };
 
 // Must be called for a node that comes to own a block (a comment, a text, a value, a status, an index): no
@@ -77,6 +61,6 @@ void release_node(jt_parser_space &space, jt_node *node);
 // Releases all nodes of the session in that way.
 void release_all_nodes(jt_parser_space &space);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -1,6 +1,7 @@
-// Opening and closing a session. The parser space itself belongs to the foundation; a session is closed here,
+// Opening and closing a session. The parser space itself belongs to base; a session is closed here,
 // because closing it destroys the nodes that are still alive.
-#include "foundation/parser_space.h"
+#include "base/memory.h"
+#include "base/parser_space.h"
 #include "tree/destruction.h"
 
 extern "C" {
@@ -9,10 +10,11 @@ char *g_szCurrentLocale = nullptr;
 
 jt_parser_space *create_parser_space(const char *label) {
   if (label == nullptr) return nullptr;
-  auto *const space = static_cast<jt_parser_space *>(jt::take_block(nullptr, sizeof(jt_parser_space)));
+  auto *const space =
+      static_cast<jt_parser_space *>(jt_core::allocate_block(nullptr, sizeof(jt_parser_space)));
   if (space == nullptr) return nullptr;
-  space->label = jt::copy_text(nullptr, label);
-  if (space->label != nullptr && jt::open_node_table(*space)) return space;
+  space->label = jt_core::copy_text(nullptr, label);
+  if (space->label != nullptr && jt_core::open_node_table(*space)) return space;
   er_free(space->label);
   er_free(space);
   return nullptr;
@@ -20,9 +22,9 @@ jt_parser_space *create_parser_space(const char *label) {
 
 int32_t delete_parser_space(jt_parser_space *space) {
   if (space == nullptr) return 1;
-  jt::destroy_registered_nodes(*space);
-  jt::close_piece_pool(*space);
-  jt::close_node_table(*space);
+  jt_core::destroy_registered_nodes(*space);
+  jt_core::close_piece_pool(*space);
+  jt_core::close_node_table(*space);
   er_free(space->label);
   return er_free(space);
 }

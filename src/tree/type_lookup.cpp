@@ -1,10 +1,10 @@
 #include "tree/type_lookup.h"
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "tree/node.h"
 #include "types/type_tables.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 // What a failed look-up means for the class of node.
@@ -19,12 +19,12 @@ struct Answer {
 // those of its service's type. The service's name then stands for that type.
 const jt_type *find_invocation_type(const jt_node &service, std::string_view type_name) {
   if (const TypeTable *const table = find_service_table(view_of(service.name)))
-    return find_type_in_scope(table, type_name);
+    return find_type_in_scope(table, type_name).type;
   const TypeTable *const table = find_service_table(view_of(type_name_of(service)));
   if (table == nullptr) return find_base_type(type_name);
   const bool named_after_service =
       type_name.data() != nullptr && service.name != nullptr && same_name(type_name, service.name);
-  return named_after_service ? service.type : find_type_in_scope(table, type_name);
+  return named_after_service ? service.type : find_type_in_scope(table, type_name).type;
 }
 
 const jt_type *find_service_type(std::string_view type_name) {
@@ -35,7 +35,8 @@ const jt_type *find_service_type(std::string_view type_name) {
 // The types of an invocation were settled when its own type was looked up.
 Answer find_attribute_type(const jt_node &enclosing, std::string_view type_name) {
   if (enclosing.node_class == JT_NODE_INVOCATION) {
-    return {find_type_in_scope(find_table_of_row(enclosing.type), type_name), Missing::kUnknownAttribute};
+    return {find_type_in_scope(find_table_of_row(enclosing.type), type_name).type,
+            Missing::kUnknownAttribute};
   }
   if (enclosing.name == nullptr || !same_name(enclosing.name, "header")) return {nullptr, Missing::kRefused};
   return {find_base_type(type_name), Missing::kUnknownAttribute};
@@ -91,9 +92,9 @@ const jt_type *look_up_type(jt_parser_space *space, std::string_view type_name, 
   return unknown_type();
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" const jt_type *jt_get_type(jt_parser_space *space, const char *type_name, int32_t node_class,
                                       const jt_node *enclosing) {
-  return jt::look_up_type(space, jt::view_of(type_name), node_class, enclosing);
+  return jt_core::look_up_type(space, jt_core::view_of(type_name), node_class, enclosing);
 }

@@ -8,7 +8,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // The look-up behind jt_get_type(). A view of nothing at all (null) stands for a name that is not there: it
 // is the type of no node, and is shown as "(null)".
@@ -19,6 +19,6 @@ const jt_type *look_up_type(jt_parser_space *space, std::string_view type_name, 
 // warns when its node is made and again when it is linked.
 void report_unknown_type(jt_parser_space *space, std::int32_t node_class, std::string_view type_name);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

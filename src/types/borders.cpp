@@ -4,14 +4,14 @@
 #include <array>
 #include <utility>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/enumeration.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr char kSeparator = '/';
@@ -30,7 +30,7 @@ struct Flip {
 constexpr std::array<Flip, 3> kFlips = {
     {{scan::kFlipV, true, false}, {scan::kFlipH, false, true}, {scan::kFlipB, true, true}}};
 
-const Flip *evaluate_flip(jt_parser_space *space, const char *text) {
+const Flip *evaluate_flip(jt_parser_space *space, std::string_view text) {
   const auto number = static_cast<std::int32_t>(evaluate_name(space, kScanValues, text));
   const auto *const found =
       std::find_if(kFlips.begin(), kFlips.end(), [&](const Flip &flip) { return flip.number == number; });
@@ -44,19 +44,17 @@ Borders::Side flipped(Borders::Side side, const Flip &flip) {
   return side;
 }
 
-bool refuse(jt_parser_space *space, const char *text) {
-  report_bad_value(space, "struct_borders", text);
-  return false;
+bool refuse(jt_parser_space *space, std::string_view text) {
+  return refuse_value(space, "struct_borders", text);
 }
 
 // Reads one side, up to the separator behind its unit or the end. `text` is the whole value, for the report.
-bool read_side(jt_parser_space *space, const char *text, const char *&at, Borders::Side &side) {
+bool read_side(jt_parser_space *space, std::string_view text, std::string_view &rest, Borders::Side &side) {
   for (std::int32_t &margin : side.margins) {
-    if (!read_field(at, kSeparator, margin)) return refuse(space, text);
+    if (!read_field(rest, kSeparator, margin)) return refuse(space, text);
   }
-  const std::string_view rest = at;
   const std::string_view unit_name = rest.substr(0, rest.find(kSeparator));
-  at += unit_name.size();
+  rest.remove_prefix(unit_name.size());
   return read_unit(space, kLimits, unit_name, side.margins, side.unit);
 }
 
@@ -67,20 +65,20 @@ bool add_side(jt_parser_space *space, const Borders::Side &side, ShortText &text
 
 }  // namespace
 
-bool Borders::parse(jt_parser_space *space, const char *text, Value &value) {
-  const char *at = text;
-  if (!read_side(space, text, at, value.first)) return false;
-  if (*at == '\0') {
+bool Borders::parse(jt_parser_space *space, std::string_view text, Value &value) {
+  std::string_view rest = text;
+  if (!read_side(space, text, rest, value.first)) return false;
+  if (rest.empty()) {
     value.second = value.first;
     return true;
   }
-  ++at;
-  if (const Flip *const flip = evaluate_flip(space, at)) {
+  rest.remove_prefix(1);
+  if (const Flip *const flip = evaluate_flip(space, rest)) {
     value.second = flipped(value.first, *flip);
     return true;
   }
-  if (!read_side(space, text, at, value.second)) return false;
-  return *at == '\0' || refuse(space, text);
+  if (!read_side(space, text, rest, value.second)) return false;
+  return rest.empty() || refuse(space, text);
 }
 
 bool Borders::format(jt_parser_space *space, const Value &value, ShortText &text) {
@@ -89,10 +87,10 @@ bool Borders::format(jt_parser_space *space, const Value &value, ShortText &text
   return add_side(space, value.second, text);
 }
 
-std::int32_t Borders::compare(const Value &a, const Value &b) {
+std::int32_t Borders::order(const Value &a, const Value &b) {
   const auto &left = a.first.margins;
   const auto &right = b.first.margins;
   return left[0] == right[0] && left[1] == right[1] && left[3] == right[3] ? 0 : kDifferent;
 }
 
-}  // namespace jt
+}  // namespace jt_core

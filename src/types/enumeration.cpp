@@ -1,29 +1,34 @@
 // Reading and writing names of a value list, and the names that no list knows.
 #include "types/enumeration.h"
 
-#include <algorithm>
+#include <array>
+#include <cstdlib>
 #include <cstring>
 
-#include "foundation/error_store.h"
-#include "foundation/markers.h"
-#include "foundation/memory.h"
-#include "foundation/text.h"
-#include "types/type_operations.h"
+#include "base/markers.h"
+#include "base/text.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
+
+std::uint32_t number_in(const jt_value *value) {
+  std::uint32_t number = 0;
+  std::memcpy(&number, value, sizeof(number));
+  return number;
+}
 
 const char *unknown_name_in(const jt_value *value) {
   return reinterpret_cast<const char *>(value) + sizeof(std::uint32_t);
 }
 
-jt_value *store_unknown_name(jt_parser_space *space, std::string_view name) {
-  auto *const block = static_cast<char *>(take_value_block(space, sizeof(kUnknownName) + name.size() + 1));
-  if (block == nullptr) return nullptr;
-  std::memcpy(block, &kUnknownName, sizeof(kUnknownName));
-  char *const end = std::copy(name.begin(), name.end(), block + sizeof(kUnknownName));
-  *end = '\0';
-  return reinterpret_cast<jt_value *>(block);
+jt_value *store_unknown_name(jt_parser_space *space, ValueSink &sink, std::string_view name) {
+  auto *const storage =
+      static_cast<char *>(sink.allocate(sink, space, sizeof(kUnknownName) + name.size() + 1));
+  if (storage == nullptr) return nullptr;
+  std::memcpy(storage, &kUnknownName, sizeof(kUnknownName));
+  std::memcpy(storage + sizeof(kUnknownName), name.data(), name.size());
+  storage[sizeof(kUnknownName) + name.size()] = '\0';
+  return reinterpret_cast<jt_value *>(storage);
 }
 
 }  // namespace
@@ -40,49 +45,51 @@ std::string_view encode_number(jt_parser_space *space, const ValueList &list, st
   return name;
 }
 
-std::uint32_t enumerated_number(const jt_value *value) {
-  std::uint32_t number = 0;
-  std::memcpy(&number, value, sizeof(number));
-  return number;
-}
-
-jt_value *eval_enumerated(jt_parser_space *space, const ValueList &list, const char *text) {
-  if (text == nullptr) return nullptr;
-  const std::string_view name = measured(space, text);
-  const std::uint32_t number = evaluate_name(space, list, name);
-  if (number != kUnknownName) return store_value(space, &number, sizeof(number));
-  jt_value *const value = store_unknown_name(space, name);
-  if (value == nullptr) report(space, message::kNoEnumeratedValue, name);
-  return value;
-}
-
-jt_value *copy_enumerated(jt_parser_space *space, const jt_value *value) {
-  if (value == nullptr) return nullptr;
-  const std::uint32_t number = enumerated_number(value);
-  return number == kUnknownName ? store_unknown_name(space, unknown_name_in(value))
-                                : store_value(space, &number, sizeof(number));
-}
-
 // A name that was kept is given back, although it counts as an error that the list has no name to write.
 std::string_view enumerated_text(jt_parser_space *space, const ValueList &list, const jt_value *value) {
-  const std::uint32_t number = enumerated_number(value);
+  const std::uint32_t number = number_in(value);
   const std::string_view name = encode_number(space, list, number);
   return number == kUnknownName ? std::string_view(unknown_name_in(value)) : name;
 }
 
-char *deval_enumerated(jt_parser_space *space, const ValueList &list, const jt_value *value) {
-  if (value == nullptr) return nullptr;
-  const std::string_view text = enumerated_text(space, list, value);
-  if (text.data() == nullptr) return nullptr;
-  if (offered_room(space, text.size() + 1) != nullptr) return copy_value_text(space, text);
-  char *const copy = copy_plain_text(text);
-  if (copy == nullptr) report(space, message::kNoEnumeratedText, text);
-  return copy;
+ReadResult Enumeration::read(jt_parser_space *space, const ValueList *names, std::string_view text,
+                             ValueSink &sink) {
+  const std::uint32_t number = evaluate_name(space, *names, text);
+  if (number != kUnknownName) return made_if_there(store_value(space, sink, &number, sizeof(number)));
+  jt_value *const value = store_unknown_name(space, sink, text);
+  if (value == nullptr) report(space, message::kNoEnumeratedValue, text);
+  return made_if_there(value);
 }
 
-std::int32_t cmp_enumerated(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {
-  if (a == nullptr || b == nullptr) return order_of_nulls(a, b);
-  return order(enumerated_number(a), enumerated_number(b));
+bool Enumeration::write(jt_parser_space *space, const ValueList *names, const jt_value *value,
+                        ValueText &text) {
+  text.pieces[0] = enumerated_text(space, *names, value);
+  return text.pieces[0].data() != nullptr;
 }
 
-}  // namespace jt
+jt_value *Enumeration::copy(jt_parser_space *space, const jt_value *value, ValueSink &sink) {
+  const std::uint32_t number = number_in(value);
+  return number == kUnknownName ? store_unknown_name(space, sink, unknown_name_in(value))
+                                : store_value(space, sink, &number, sizeof(number));
+}
+
+bool Enumeration::hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash) {
+  hash = hash_numbers(secret, std::array{static_cast<std::int32_t>(number_in(value))});
+  return true;
+}
+
+std::int32_t Enumeration::compare(const jt_value *a, const jt_value *b) {
+  return order_of(number_in(a), number_in(b));
+}
+
+char *Enumeration::copy_text(jt_parser_space *space, const ValueText &text) {
+  auto *const block = static_cast<char *>(std::malloc(text.size() + 1));
+  if (block == nullptr) {
+    report(space, message::kNoEnumeratedText, text.pieces[0]);
+  } else {
+    join_pieces(text, block);
+  }
+  return block;
+}
+
+}  // namespace jt_core

@@ -1,8 +1,9 @@
-// The five operations of a type whose value is one flat record. A family states what is its own:
+// A family of values that are one flat record. What it has to state is its own:
 //   Value      the record
 //   parse      text, not empty, to record; false, after its own reports, when the text is refused
 //   format     record to text; false, after its own reports, when the record has none
-//   compare    the order of two records
+//   order      of two records
+//   compared   the numbers that the order of two records looks at, or fewer
 //   kOfNulls   what comparing with a null answers
 // and everything else follows from the record's size.
 #ifndef JT_TYPES_FLAT_TYPE_H
@@ -11,47 +12,56 @@
 #include <cstdint>
 #include <cstring>
 
-#include "foundation/memory.h"
 #include "jt.h"
-#include "types/short_text.h"
 #include "types/type_operations.h"
+#include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
-template <typename Family>
-struct FlatType {
-  using Value = typename Family::Value;
+template <typename Rules>
+struct FlatType : Rules {
+  using Value = typename Rules::Value;
+  static constexpr bool kQuoted = false;
+  static constexpr auto copy_text = copy_value_text;
 
-  static Value read(const jt_value *value) {
+  static Value record_of(const jt_value *value) {
     Value record;
     std::memcpy(&record, value, sizeof(record));
     return record;
   }
 
-  static jt_value *eval(jt_parser_space *space, char *text) {
+  static ReadResult read(jt_parser_space *space, const ValueList * /*names*/, std::string_view text,
+                         ValueSink &sink) {
     Value record{};
-    if (is_absent(text) || !Family::parse(space, text, record)) return nullptr;
-    return store_value(space, &record, sizeof(record));
+    if (text.empty() || !Rules::parse(space, text, record)) return kRefusedText;
+    return made_if_there(store_value(space, sink, &record, sizeof(record)));
   }
 
-  static jt_value *copy(jt_parser_space *space, const jt_value *value) {
-    return value != nullptr ? store_value(space, value, sizeof(Value)) : nullptr;
+  static jt_value *copy(jt_parser_space *space, const jt_value *value, ValueSink &sink) {
+    return store_value(space, sink, value, sizeof(Value));
   }
 
-  static char *deval(jt_parser_space *space, const jt_value *value) {
-    ShortText text;
-    if (value == nullptr || !Family::format(space, read(value), text)) return nullptr;
-    return copy_value_text(space, text.view());
+  static bool write(jt_parser_space *space, const ValueList * /*names*/, const jt_value *value,
+                    ValueText &text) {
+    if (!Rules::format(space, record_of(value), text.digits)) return false;
+    text.pieces[0] = text.digits.view();
+    return true;
   }
 
-  static std::int32_t cmp(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {
-    if (a == nullptr || b == nullptr) return Family::kOfNulls(a, b);
-    return Family::compare(read(a), read(b));
+  static bool hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash) {
+    const Value record = record_of(value);
+    if constexpr (requires { Rules::is_comparable(record); }) {
+      if (!Rules::is_comparable(record)) return false;
+    }
+    hash = hash_numbers(secret, Rules::compared(record));
+    return true;
   }
 
-  static constexpr auto kill = kill_block;
+  static std::int32_t compare(const jt_value *a, const jt_value *b) {
+    return Rules::order(record_of(a), record_of(b));
+  }
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -1,13 +1,14 @@
 // struct_gutter, and its five operations under their exported names.
 #include <array>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
+#include "types/exported_operations.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr WarningLimits kLimits = {{{unit::kMm, 25, message::kGutterRangeMm},
@@ -16,14 +17,13 @@ constexpr WarningLimits kLimits = {{{unit::kMm, 25, message::kGutterRangeMm},
 
 }  // namespace
 
-bool Gutter::parse(jt_parser_space *space, const char *text, Value &value) {
-  const char *at = text;
-  if (!read_field(at, '/', value.first_width) || !read_field(at, '/', value.second_width)) {
-    report_bad_value(space, "struct_gutter", text);
-    return false;
+bool Gutter::parse(jt_parser_space *space, std::string_view text, Value &value) {
+  std::string_view rest = text;
+  if (!read_field(rest, '/', value.first_width) || !read_field(rest, '/', value.second_width)) {
+    return refuse_value(space, "struct_gutter", text);
   }
   const std::array widths = {value.first_width, value.second_width};
-  return read_unit(space, kLimits, at, widths, value.unit);
+  return read_unit(space, kLimits, rest, widths, value.unit);
 }
 
 bool Gutter::format(jt_parser_space *space, const Value &value, ShortText &text) {
@@ -32,33 +32,37 @@ bool Gutter::format(jt_parser_space *space, const Value &value, ShortText &text)
   return add_unit(space, value.unit, text);
 }
 
-std::int32_t Gutter::compare(const Value &a, const Value &b) {
-  return a.first_width != b.first_width ? order(a.first_width, b.first_width)
-                                        : order(a.second_width, b.second_width);
+std::int32_t Gutter::order(const Value &a, const Value &b) {
+  return a.first_width != b.first_width ? order_of(a.first_width, b.first_width)
+                                        : order_of(a.second_width, b.second_width);
 }
 
-}  // namespace jt
+}  // namespace jt_core
+
+namespace {
+
+constexpr jt_core::ValueFamily kGutter = {&jt_core::kOperations<jt_core::FlatType<jt_core::Gutter>>, nullptr};
+
+}  // namespace
 
 extern "C" {
 
 jt_value *eval_gutter(jt_parser_space *space, char *text) {
-  return jt::FlatType<jt::Gutter>::eval(space, text);
+  return jt_core::eval_value(kGutter, space, text);
 }
 
 jt_value *copy_gutter(jt_parser_space *space, const jt_value *value) {
-  return jt::FlatType<jt::Gutter>::copy(space, value);
+  return jt_core::copy_value(kGutter, space, value);
 }
 
 char *deval_gutter(jt_parser_space *space, const jt_value *value) {
-  return jt::FlatType<jt::Gutter>::deval(space, value);
+  return jt_core::deval_value(kGutter, space, value);
 }
 
-int32_t cmp_gutter(jt_parser_space *space, const jt_value *a, const jt_value *b) {
-  return jt::FlatType<jt::Gutter>::cmp(space, a, b);
+int32_t cmp_gutter(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {
+  return jt_core::compare_values(kGutter, a, b);
 }
 
-int32_t kill_gutter(jt_parser_space *space, jt_value *value) {
-  return jt::FlatType<jt::Gutter>::kill(space, value);
-}
+int32_t kill_gutter(jt_parser_space *space, jt_value *value) { return jt_core::kill_block(space, value); }
 
 }  // extern "C"

@@ -5,13 +5,13 @@
 #include <cstring>
 #include <span>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/enumeration.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr char kSeparator = '/';
@@ -41,48 +41,45 @@ struct Percentages {
 };
 
 // False when something else than one or two numbers stands there.
-bool read_percentages(const char *at, Percentages &percentages) {
+bool read_percentages(std::string_view text, Percentages &percentages) {
   percentages.count = 1;
-  if (read_field(at, kSeparator, percentages.numbers[0])) {
-    percentages.numbers[1] = read_number(at);
+  if (read_field(text, kSeparator, percentages.numbers[0])) {
+    percentages.numbers[1] = read_number(text);
     percentages.count = 2;
   }
-  return *at == '\0';
-}
-
-// Cuts the text behind its mode. What follows the mode, or null.
-const char *cut_off_mode(char *text) {
-  char *const separator = std::strchr(text, kSeparator);
-  if (separator == nullptr) return nullptr;
-  *separator = '\0';
-  return separator + 1;
+  return text.empty();
 }
 
 bool is_in_range(std::int32_t percentage) { return percentage >= kLeast && percentage <= kMost; }
 
 }  // namespace
 
-bool Magnification::parse(jt_parser_space *space, char *text, Value &value) {
-  const char *const rest = cut_off_mode(text);
-  value.mode = static_cast<std::int32_t>(evaluate_name(space, kScanValues, text));
+// Reports show the mode alone.
+bool Magnification::parse(jt_parser_space *space, std::string_view text, Value &value) {
+  const std::string_view mode_name = text.substr(0, text.find(kSeparator));
+  value.mode = static_cast<std::int32_t>(evaluate_name(space, kScanValues, mode_name));
   Percentages percentages{};
-  const bool well_formed = rest == nullptr || read_percentages(rest, percentages);
+  const bool well_formed =
+      mode_name.size() == text.size() || read_percentages(text.substr(mode_name.size() + 1), percentages);
   const Mode *const mode = find_mode(value.mode);
   if (!well_formed || mode == nullptr || mode->percentages != percentages.count) {
-    report_bad_value(space, "struct_magnification", text);
-    return false;
+    return refuse_value(space, "struct_magnification", mode_name);
   }
   const auto numbers = percentages.read();
   if (!std::all_of(numbers.begin(), numbers.end(), is_in_range)) {
     report(space, message::kMagnificationRange);
-    report_bad_value(space, "struct_magnification", text);
-    return false;
+    return refuse_value(space, "struct_magnification", mode_name);
   }
   if (!numbers.empty()) {
     value.first = numbers.front();
     value.second = numbers.back();
   }
   return true;
+}
+
+void Magnification::cut(char *text, ReadStatus /*status*/) {
+  char *const separator = std::strchr(text, kSeparator);
+  if (separator != nullptr) *separator = '\0';
 }
 
 bool Magnification::format(jt_parser_space *space, const Value &value, ShortText &text) {
@@ -98,10 +95,10 @@ bool Magnification::format(jt_parser_space *space, const Value &value, ShortText
 }
 
 // With one percentage there is an order; otherwise values are equal or not.
-std::int32_t Magnification::compare(const Value &a, const Value &b) {
+std::int32_t Magnification::order(const Value &a, const Value &b) {
   if (a.mode != b.mode) return kDifferent;
-  if (a.mode == scan::kManIso) return order(a.first, b.first);
+  if (a.mode == scan::kManIso) return order_of(a.first, b.first);
   return a.first == b.first && a.second == b.second ? 0 : kDifferent;
 }
 
-}  // namespace jt
+}  // namespace jt_core

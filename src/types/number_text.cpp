@@ -4,27 +4,31 @@
 #include <algorithm>
 #include <limits>
 
-#include "foundation/text.h"
+#include "base/text.h"
 
-namespace jt {
+namespace jt_core {
 
-std::int64_t read_magnitude(const char *&at) {
-  constexpr std::int64_t kMost = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
+std::int64_t read_magnitude(std::string_view &text) {
+  constexpr std::int64_t kMax = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
   std::int64_t number = 0;
-  for (; is_digit(*at); ++at) number = std::min(number * 10 + (*at - '0'), kMost);
+  std::size_t digits = 0;
+  for (; digits < text.size() && is_digit(text[digits]); ++digits) {
+    number = std::min(number * 10 + (text[digits] - '0'), kMax);
+  }
+  text.remove_prefix(digits);
   return number;
 }
 
-std::int32_t read_number(const char *&at) {
-  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::min(read_magnitude(at), kMost));
+std::int32_t read_number(std::string_view &text) {
+  constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::min(read_magnitude(text), kMax));
 }
 
-bool read_field(const char *&at, char separator, std::int32_t &number) {
-  number = read_number(at);
-  if (*at != separator) return false;
-  ++at;
+bool read_field(std::string_view &text, char separator, std::int32_t &number) {
+  number = read_number(text);
+  if (text.empty() || text.front() != separator) return false;
+  text.remove_prefix(1);
   return true;
 }
 
-}  // namespace jt
+}  // namespace jt_core

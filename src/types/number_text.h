@@ -1,21 +1,22 @@
 // Numbers in the texts of values: decimal digits, saturating where 32 bits end, and never dependent on a
-// locale.
+// locale. Each call takes what it has read off the front of the text.
 #ifndef JT_TYPES_NUMBER_TEXT_H
 #define JT_TYPES_NUMBER_TEXT_H
 
 #include <cstdint>
+#include <string_view>
 
-namespace jt {
+namespace jt_core {
 
-// Passes over the digits that stand at `at`. What they mean, at most 2147483648; no digit means 0.
-std::int64_t read_magnitude(const char *&at);
+// What the digits at the front mean, at most 2147483648; no digit means 0.
+std::int64_t read_magnitude(std::string_view &text);
 
 // The same within a signed number of 32 bits.
-std::int32_t read_number(const char *&at);
+std::int32_t read_number(std::string_view &text);
 
-// Reads a number and passes over the separator behind it; false when something else stands there.
-bool read_field(const char *&at, char separator, std::int32_t &number);
+// A number and the separator behind it; false when something else stands there.
+bool read_field(std::string_view &text, char separator, std::int32_t &number);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -2,14 +2,14 @@
 // that is no unit at all.
 #include <array>
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_list.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr std::string_view kTypeName = "struct_rectangle";
@@ -31,22 +31,19 @@ bool is_within(const Rectangle::Value &value, const Limit &limit) {
          value.height <= limit.most_down;
 }
 
-bool read_numbers(const char *&at, Rectangle::Value &value) {
-  return read_field(at, '/', value.x) && read_field(at, '/', value.y) && read_field(at, '/', value.width) &&
-         read_field(at, '/', value.height);
+bool read_numbers(std::string_view &text, Rectangle::Value &value) {
+  return read_field(text, '/', value.x) && read_field(text, '/', value.y) &&
+         read_field(text, '/', value.width) && read_field(text, '/', value.height);
 }
 
 }  // namespace
 
-bool Rectangle::parse(jt_parser_space *space, const char *text, Value &value) {
-  const char *at = text;
-  if (!read_numbers(at, value)) {
-    report_bad_value(space, kTypeName, text);
-    return false;
-  }
+bool Rectangle::parse(jt_parser_space *space, std::string_view text, Value &value) {
+  std::string_view rest = text;
+  if (!read_numbers(rest, value)) return refuse_value(space, kTypeName, text);
   std::uint32_t unit = 0;
-  if (!find_number(kBaseValues, at, unit)) {
-    report(space, message::kUnknownUnitName, at);
+  if (!find_number(kBaseValues, rest, unit)) {
+    report(space, message::kUnknownUnitName, rest);
     return false;
   }
   value.unit = static_cast<std::int32_t>(unit);
@@ -54,8 +51,7 @@ bool Rectangle::parse(jt_parser_space *space, const char *text, Value &value) {
   if (limit == nullptr) return false;
   if (is_within(value, *limit)) return true;
   report(space, message::kRectangleRange);
-  report_bad_value(space, kTypeName, text);
-  return false;
+  return refuse_value(space, kTypeName, text);
 }
 
 bool Rectangle::format(jt_parser_space *space, const Value &value, ShortText &text) {
@@ -63,8 +59,8 @@ bool Rectangle::format(jt_parser_space *space, const Value &value, ShortText &te
   return add_unit(space, value.unit, text);
 }
 
-std::int32_t Rectangle::compare(const Value &a, const Value &b) {
-  return a.width != b.width ? order(a.width, b.width) : order(a.height, b.height);
+std::int32_t Rectangle::order(const Value &a, const Value &b) {
+  return a.width != b.width ? order_of(a.width, b.width) : order_of(a.height, b.height);
 }
 
-}  // namespace jt
+}  // namespace jt_core

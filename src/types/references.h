@@ -1,5 +1,6 @@
 // References to invocations and to collections. A value is a record of pointers to its texts; the texts
 // follow it in the same block, so that a reference is one block like every other value.
+// tests/types/reference_test.cpp
 #ifndef JT_TYPES_REFERENCES_H
 #define JT_TYPES_REFERENCES_H
 
@@ -7,27 +8,38 @@
 #include <cstdint>
 
 #include "jt.h"
+#include "types/type_operations.h"
+#include "types/value_family.h"
 
-namespace jt {
+namespace jt_core {
 
 template <std::size_t Texts>
 struct Reference {
-  static jt_value *eval(jt_parser_space *space, char *text);
-  static jt_value *copy(jt_parser_space *space, const jt_value *value);
-  static char *deval(jt_parser_space *space, const jt_value *value);
-  static std::int32_t cmp(jt_parser_space *space, const jt_value *a, const jt_value *b);
-  static std::int32_t kill(jt_parser_space *space, jt_value *value);
+  static constexpr auto kOfNulls = equality_of_nulls;
+  static constexpr bool kQuoted = false;
+  static constexpr auto copy_text = copy_value_text;
+  static ReadResult read(jt_parser_space *space, const ValueList *names, std::string_view text,
+                         ValueSink &sink);
+  static jt_value *copy(jt_parser_space *space, const jt_value *value, ValueSink &sink);
+  static bool write(jt_parser_space *space, const ValueList *names, const jt_value *value, ValueText &text);
+  static bool hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash);
+  static std::int32_t compare(const jt_value *a, const jt_value *b);
 };
-
-// "name" or "name:qualifier". Reading cuts the text at its first colon.
-using InvocationReference = Reference<2>;
-
-// A name alone, colons included.
-using CollectionReference = Reference<1>;
 
 extern template struct Reference<1>;
 extern template struct Reference<2>;
 
-}  // namespace jt
+// "name" or "name:qualifier". Reading cuts the text at its first colon.
+struct InvocationReference : Reference<2> {
+  static constexpr const char *kNullToKill = message::kNullInvocationReference;
+  static void cut(char *text, ReadStatus status);
+};
+
+// A name alone, colons included.
+struct CollectionReference : Reference<1> {
+  static constexpr const char *kNullToKill = message::kNullCollectionReference;
+};
+
+}  // namespace jt_core
 
 #endif

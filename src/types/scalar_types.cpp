@@ -2,32 +2,28 @@
 #include "types/scalar_types.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <limits>
 
-#include "foundation/text.h"
+#include "base/text.h"
 #include "types/number_text.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
-
-bool refuse(jt_parser_space *space, std::string_view type_name, const char *text) {
-  report_bad_value(space, type_name, text);
-  return false;
-}
 
 // ---- integer ----
 
 std::int32_t with_sign(std::int64_t magnitude, bool negative) {
-  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(negative ? -magnitude : std::min(magnitude, kMost));
+  constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(negative ? -magnitude : std::min(magnitude, kMax));
 }
 
 // ---- real ----
 
-const char *skip_digits(const char *at) {
-  while (is_digit(*at)) ++at;
-  return at;
+std::size_t count_digits(std::string_view text) {
+  const auto *const end = std::find_if_not(text.begin(), text.end(), is_digit);
+  return static_cast<std::size_t>(end - text.begin());
 }
 
 // The conversion alone is undefined beyond the range of a single; there the nearest single is infinity.
@@ -61,20 +57,19 @@ constexpr char kTimestampSeparator = '/';
 bool has_timestamp_shape(std::string_view text) {
   return std::all_of(kTimestampFields.begin(), kTimestampFields.end(), [&](Field field) {
     const std::size_t end = field.begin + field.width;
-    const std::string_view digits(text.data() + field.begin, field.width);
-    return std::all_of(digits.begin(), digits.end(), is_digit) &&
+    return count_digits(text.substr(field.begin, field.width)) == field.width &&
            (end == kTimestampLength || text[end] == kTimestampSeparator);
   });
 }
 
 }  // namespace
 
-bool Integer::parse(jt_parser_space *space, const char *text, Value &value) {
-  const char *at = text;
-  const bool negative = *at == '-';
-  if (negative || *at == '+') ++at;
-  value = with_sign(read_magnitude(at), negative);
-  return *at == '\0' || refuse(space, "integer", text);
+bool Integer::parse(jt_parser_space *space, std::string_view text, Value &value) {
+  std::string_view rest = text;
+  const bool negative = rest.starts_with('-');
+  if (negative || rest.starts_with('+')) rest.remove_prefix(1);
+  value = with_sign(read_magnitude(rest), negative);
+  return rest.empty() || refuse_value(space, "integer", text);
 }
 
 bool Integer::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
@@ -82,13 +77,19 @@ bool Integer::format(jt_parser_space * /*space*/, Value value, ShortText &text) 
   return true;
 }
 
-bool Real::parse(jt_parser_space *space, const char *text, Value &value) {
-  const char *const point = skip_digits(text);
-  const char *const end = *point == '.' ? skip_digits(point + 1) : point;
-  if (*end != '\0') return refuse(space, "real", text);
-  value =
-      read_real({text, static_cast<std::size_t>(end - text)}, {text, static_cast<std::size_t>(point - text)});
+bool Real::parse(jt_parser_space *space, std::string_view text, Value &value) {
+  const std::string_view before_point = text.substr(0, count_digits(text));
+  const std::string_view rest = text.substr(before_point.size());
+  const bool is_real =
+      rest.empty() || (rest.front() == '.' && count_digits(rest.substr(1)) == rest.size() - 1);
+  if (!is_real) return refuse_value(space, "real", text);
+  value = read_real(text, before_point);
   return true;
+}
+
+// Minus zero equals zero.
+std::array<std::int32_t, 1> Real::compared(Value value) {
+  return {value == 0 ? 0 : std::bit_cast<std::int32_t>(value)};
 }
 
 bool Real::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
@@ -96,9 +97,9 @@ bool Real::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
   return true;
 }
 
-bool Boolean::parse(jt_parser_space *space, const char *text, Value &value) {
+bool Boolean::parse(jt_parser_space *space, std::string_view text, Value &value) {
   value = same_name(text, "true") ? 1 : 0;
-  return value != 0 || same_name(text, "false") || refuse(space, "boolean", text);
+  return value != 0 || same_name(text, "false") || refuse_value(space, "boolean", text);
 }
 
 bool Boolean::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
@@ -107,15 +108,18 @@ bool Boolean::format(jt_parser_space * /*space*/, Value value, ShortText &text) 
 }
 
 // A text of the right length but another shape is refused without a report.
-bool Timestamp::parse(jt_parser_space *space, char *text, Value &value) {
-  if (measured(space, text).size() != kTimestampLength) return refuse(space, "timestamp", text);
+bool Timestamp::parse(jt_parser_space *space, std::string_view text, Value &value) {
+  if (text.size() != kTimestampLength) return refuse_value(space, "timestamp", text);
   if (!has_timestamp_shape(text)) return false;
-  std::replace(text, text + kTimestampLength, kTimestampSeparator, '\0');
   for (std::size_t i = 0; i < value.size(); ++i) {
-    const char *at = text + kTimestampFields[i].begin;
-    value[value.size() - 1 - i] = read_number(at);
+    std::string_view field = text.substr(kTimestampFields[i].begin, kTimestampFields[i].width);
+    value[value.size() - 1 - i] = read_number(field);
   }
   return true;
+}
+
+void Timestamp::cut(char *text, ReadStatus status) {
+  if (status != ReadStatus::kRefused) std::replace(text, text + kTimestampLength, kTimestampSeparator, '\0');
 }
 
 bool Timestamp::format(jt_parser_space * /*space*/, const Value &value, ShortText &text) {
@@ -126,18 +130,19 @@ bool Timestamp::format(jt_parser_space * /*space*/, const Value &value, ShortTex
   return true;
 }
 
-std::int32_t Timestamp::compare(const Value &a, const Value &b) {
+std::int32_t Timestamp::order(const Value &a, const Value &b) {
   const auto different = std::mismatch(a.rbegin(), a.rend(), b.rbegin());
-  return different.first != a.rend() ? order(*different.first, *different.second) : 0;
+  return different.first != a.rend() ? order_of(*different.first, *different.second) : 0;
 }
 
-bool TimeOfDay::parse(jt_parser_space *space, const char *text, Value &value) {
+bool TimeOfDay::parse(jt_parser_space *space, std::string_view text, Value &value) {
   constexpr std::int32_t kLastHour = 23;
   constexpr std::int32_t kLastMinute = 59;
-  const char *at = text;
-  if (!read_field(at, ':', value.hour)) return refuse(space, "struct_timeofday", text);
-  value.minute = read_number(at);
-  return (value.hour <= kLastHour && value.minute <= kLastMinute) || refuse(space, "struct_timeofday", text);
+  std::string_view rest = text;
+  if (!read_field(rest, ':', value.hour)) return refuse_value(space, "struct_timeofday", text);
+  value.minute = read_number(rest);
+  return (value.hour <= kLastHour && value.minute <= kLastMinute) ||
+         refuse_value(space, "struct_timeofday", text);
 }
 
 bool TimeOfDay::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
@@ -147,8 +152,8 @@ bool TimeOfDay::format(jt_parser_space * /*space*/, Value value, ShortText &text
   return true;
 }
 
-std::int32_t TimeOfDay::compare(Value a, Value b) {
-  return a.hour != b.hour ? order(a.hour, b.hour) : order(a.minute, b.minute);
+std::int32_t TimeOfDay::order(Value a, Value b) {
+  return a.hour != b.hour ? order_of(a.hour, b.hour) : order_of(a.minute, b.minute);
 }
 
 namespace {
@@ -157,20 +162,28 @@ const char *string_in(const jt_value *value) { return reinterpret_cast<const cha
 
 }  // namespace
 
-jt_value *StringType::eval(jt_parser_space *space, char *text) {
-  return text != nullptr ? store_text(space, measured(space, text)) : nullptr;
+ReadResult StringType::read(jt_parser_space *space, const ValueList * /*names*/, std::string_view text,
+                            ValueSink &sink) {
+  return made_if_there(store_text(space, sink, text));
 }
 
-jt_value *StringType::copy(jt_parser_space *space, const jt_value *value) {
-  return value != nullptr ? store_text(space, string_in(value)) : nullptr;
+jt_value *StringType::copy(jt_parser_space *space, const jt_value *value, ValueSink &sink) {
+  return store_text(space, sink, string_in(value));
 }
 
-char *StringType::deval(jt_parser_space *space, const jt_value *value) {
-  return value != nullptr ? copy_value_text(space, string_in(value)) : nullptr;
+bool StringType::write(jt_parser_space * /*space*/, const ValueList * /*names*/, const jt_value *value,
+                       ValueText &text) {
+  text.pieces[0] = string_in(value);
+  return true;
 }
 
-std::int32_t StringType::cmp(jt_parser_space * /*space*/, const jt_value *a, const jt_value *b) {
+bool StringType::hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash) {
+  hash = hash_name(secret, string_in(value));
+  return true;
+}
+
+std::int32_t StringType::compare(const jt_value *a, const jt_value *b) {
   return lowercasecmp(string_in(a), string_in(b));
 }
 
-}  // namespace jt
+}  // namespace jt_core

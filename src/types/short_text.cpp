@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace jt {
+namespace jt_core {
 
 void ShortText::add(std::string_view part) {
   const std::size_t taken = std::min(part.size(), text_.size() - length_);
@@ -35,4 +35,4 @@ void ShortText::add_real(float number) {
   add({buffer.data(), static_cast<std::size_t>(end - buffer.data())});
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace jt {
+namespace jt_core {
 
 class ShortText {
  public:
@@ -29,6 +29,6 @@ class ShortText {
   std::size_t length_ = 0;
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -4,13 +4,15 @@
 #include <array>
 #include <functional>
 
-#include "foundation/markers.h"
+#include "base/markers.h"
 #include "types/enumeration.h"
-#include "types/type_operations.h"
+#include "types/exported_operations.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
+
+constexpr ValueFamily kStatuses = {&kOperations<Enumeration>, &kBaseValues};
 
 const jt_value *as_value(const jt_status *status) { return reinterpret_cast<const jt_value *>(status); }
 
@@ -56,23 +58,26 @@ bool is_shared_status(const jt_status *status) {
 const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number) {
   if (number == kUnknownName) return shared_status(kShared - 1);
   if (number < kBaseNumberEnd) return shared_status(number);
-  return as_status(store_value(space, &number, sizeof(number)));
+  ValueSink sink = heap_sink();
+  return as_status(store_value(space, sink, &number, sizeof(number)));
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 extern "C" {
 
 jt_status *get_status(jt_parser_space *space, const char *name) {
-  return jt::as_status(jt::eval_enumerated(space, jt::kBaseValues, name));
+  if (name == nullptr) return nullptr;
+  jt_core::ValueSink sink = jt_core::heap_sink();
+  return jt_core::as_status(jt_core::kStatuses.read(space, name, sink).value);
 }
 
 jt_status *copy_status(jt_parser_space *space, const jt_status *status) {
-  return jt::as_status(jt::copy_enumerated(space, jt::as_value(status)));
+  return jt_core::as_status(jt_core::copy_value(jt_core::kStatuses, space, jt_core::as_value(status)));
 }
 
 char *get_status_string(jt_parser_space *space, const jt_status *status) {
-  return jt::deval_enumerated(space, jt::kBaseValues, jt::as_value(status));
+  return jt_core::deval_value(jt_core::kStatuses, space, jt_core::as_value(status));
 }
 
 int32_t kill_status(jt_parser_space * /*space*/, jt_status *status) { return er_free(status); }

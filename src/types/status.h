@@ -8,7 +8,7 @@
 
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // What get_status_string() gives a copy of, with the same report; it lies in the status or in the list. Empty
 // for a number without a name.
@@ -22,6 +22,6 @@ bool is_shared_status(const jt_status *status);
 // after "allocation error".
 const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -8,7 +8,7 @@
 
 #include "types/flat_type.h"
 
-namespace jt {
+namespace jt_core {
 
 // "width/width/unit". Units are written, but two gutters of the same widths are equal.
 struct Gutter {
@@ -18,9 +18,12 @@ struct Gutter {
     std::int32_t unit;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, const char *text, Value &value);
+  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
-  static std::int32_t compare(const Value &a, const Value &b);
+  static std::int32_t order(const Value &a, const Value &b);
+  static std::array<std::int32_t, 2> compared(const Value &value) {
+    return {value.first_width, value.second_width};
+  }
 };
 
 // "x/y/width/height/unit". Only the sizes are compared.
@@ -33,9 +36,10 @@ struct Rectangle {
     std::int32_t unit;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, const char *text, Value &value);
+  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
-  static std::int32_t compare(const Value &a, const Value &b);
+  static std::int32_t order(const Value &a, const Value &b);
+  static std::array<std::int32_t, 2> compared(const Value &value) { return {value.width, value.height}; }
 };
 
 // "mode", "mode/percentage" or "mode/percentage/percentage": the mode decides which.
@@ -46,9 +50,11 @@ struct Magnification {
     std::int32_t second;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, char *text, Value &value);
+  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
-  static std::int32_t compare(const Value &a, const Value &b);
+  static std::int32_t order(const Value &a, const Value &b);
+  static void cut(char *text, ReadStatus status);
+  static std::array<std::int32_t, 2> compared(const Value &value) { return {value.mode, value.first}; }
 };
 
 // Four margins with their unit for each side of a sheet: "a/b/c/d/unit/e/f/g/h/unit". The second side may be
@@ -64,11 +70,14 @@ struct Borders {
     Side second;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, const char *text, Value &value);
+  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
-  static std::int32_t compare(const Value &a, const Value &b);
+  static std::int32_t order(const Value &a, const Value &b);
+  static std::array<std::int32_t, 3> compared(const Value &value) {
+    return {value.first.margins[0], value.first.margins[1], value.first.margins[3]};
+  }
 };
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -1,24 +1,21 @@
-// What every family of value types shares: the orders that its compare operations answer with, how a value
-// becomes a block, and the report of a text that is no value of its type. A value is one block of the heap
-// whose first bytes are the record of its family; it is taken with take_value_block(), once for each value
-// and after everything that can refuse the text.
+// The orders that comparisons answer with, and the report of a text that is no value of its type.
 #ifndef JT_TYPES_TYPE_OPERATIONS_H
 #define JT_TYPES_TYPE_OPERATIONS_H
 
-#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
+#include "base/error_store.h"
 #include "jt.h"
 
-namespace jt {
+namespace jt_core {
 
 // What comparing two values answers when they differ and their type knows no order, or no order for this
 // pair.
 constexpr std::int32_t kDifferent = -2;
 
 template <typename Number>
-constexpr std::int32_t order(Number a, Number b) {
+constexpr std::int32_t order_of(Number a, Number b) {
   return a > b ? 1 : (a < b ? -1 : 0);
 }
 
@@ -32,20 +29,9 @@ constexpr std::int32_t equality_of_nulls(const jt_value *a, const jt_value *b) {
   return a == nullptr && b == nullptr ? 0 : kDifferent;
 }
 
-constexpr bool is_absent(const char *text) { return text == nullptr || *text == '\0'; }
+// Reports a text that is no value of the named type; false.
+bool refuse_value(jt_parser_space *space, std::string_view type_name, std::string_view text);
 
-// A value whose block holds these bytes; null after "allocation error".
-jt_value *store_value(jt_parser_space *space, const void *bytes, std::size_t count);
-
-// The same for a text and its terminator.
-jt_value *store_text(jt_parser_space *space, std::string_view text);
-
-// Releases a value that is nothing but its block.
-std::int32_t kill_block(jt_parser_space *space, jt_value *value);
-
-// Reports a text that is no value of the named type.
-void report_bad_value(jt_parser_space *space, std::string_view type_name, const char *text);
-
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

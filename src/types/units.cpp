@@ -1,11 +1,11 @@
 // Units of length: their limits and names.
 #include "types/units.h"
 
-#include "foundation/error_store.h"
+#include "base/error_store.h"
 #include "types/enumeration.h"
 #include "types/value_lists.h"
 
-namespace jt {
+namespace jt_core {
 
 bool read_unit(jt_parser_space *space, const WarningLimits &limits, std::string_view name,
                std::span<const std::int32_t> numbers, std::int32_t &unit) {
@@ -30,4 +30,4 @@ bool add_unit(jt_parser_space *space, std::int32_t unit, ShortText &text) {
   return !name.empty();
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -12,7 +12,7 @@
 #include "jt.h"
 #include "types/short_text.h"
 
-namespace jt {
+namespace jt_core {
 
 // The largest number that goes without a warning.
 struct WarningLimit {
@@ -39,6 +39,6 @@ bool read_unit(jt_parser_space *space, const WarningLimits &limits, std::string_
 void add_field(std::int32_t number, ShortText &text);
 bool add_unit(jt_parser_space *space, std::int32_t unit, ShortText &text);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

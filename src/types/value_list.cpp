@@ -1,9 +1,9 @@
 // The two look-ups in a value list.
 #include "types/value_list.h"
 
-#include "foundation/text.h"
+#include "base/text.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 std::string_view name_of_row(const ValueList &list, unsigned row) {
@@ -29,4 +29,4 @@ std::string_view find_name(const ValueList &list, std::uint32_t number) {
   return entry != 0 ? name_of_row(list, entry - 1) : std::string_view();
 }
 
-}  // namespace jt
+}  // namespace jt_core

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace jt {
+namespace jt_core {
 
 struct ValueList {
   const char *characters;        // of all names, in the order of the rows
@@ -25,6 +25,6 @@ bool find_number(const ValueList &list, std::string_view name, std::uint32_t &nu
 // The name that is written for a number; empty when no row has the number.
 std::string_view find_name(const ValueList &list, std::uint32_t number);
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -4,7 +4,7 @@
 #include "types/value_lists.h"
 #include "types/value_packing.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr auto kBase = std::to_array<NamedNumber>({
@@ -218,4 +218,4 @@ constinit const ValueList kMetadataValues = kPackedMetadata.list();
 constinit const ValueList kPrintValues = kPackedPrint.list();
 constinit const ValueList kValidationValues = kPackedValidation.list();
 
-}  // namespace jt
+}  // namespace jt_core

@@ -7,7 +7,7 @@
 
 #include "types/value_list.h"
 
-namespace jt {
+namespace jt_core {
 
 extern const ValueList kBaseValues;
 extern const ValueList kDocumentValues;
@@ -42,6 +42,6 @@ constexpr std::int32_t kFlipH = 121;
 constexpr std::int32_t kFlipB = 122;
 }  // namespace scan
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

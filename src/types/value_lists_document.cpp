@@ -4,7 +4,7 @@
 #include "types/value_lists.h"
 #include "types/value_packing.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr auto kDocument = std::to_array<NamedNumber>({
@@ -178,4 +178,4 @@ constexpr auto kPackedDocument = pack<kDocument>();
 
 constinit const ValueList kDocumentValues = kPackedDocument.list();
 
-}  // namespace jt
+}  // namespace jt_core

@@ -5,7 +5,7 @@
 #include "types/value_lists.h"
 #include "types/value_packing.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr auto kFormats = std::to_array<std::string_view>({
@@ -584,4 +584,4 @@ constexpr auto kPackedOcr = pack<kOcr>();
 
 constinit const ValueList kOcrValues = kPackedOcr.list();
 
-}  // namespace jt
+}  // namespace jt_core

@@ -4,7 +4,7 @@
 #include "types/value_lists.h"
 #include "types/value_packing.h"
 
-namespace jt {
+namespace jt_core {
 namespace {
 
 constexpr auto kScan = std::to_array<NamedNumber>({
@@ -164,4 +164,4 @@ static_assert(number_of(kScan, "FLIPB") == scan::kFlipB);
 
 constinit const ValueList kScanValues = kPackedScan.list();
 
-}  // namespace jt
+}  // namespace jt_core

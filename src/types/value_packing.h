@@ -12,10 +12,10 @@
 #include <span>
 #include <string_view>
 
-#include "foundation/text.h"
+#include "base/text.h"
 #include "types/value_list.h"
 
-namespace jt {
+namespace jt_core {
 
 struct NamedNumber {
   std::string_view name;
@@ -104,6 +104,6 @@ consteval auto pack(NamedNumbers preferred = {}) {
   return packed;
 }
 
-}  // namespace jt
+}  // namespace jt_core
 
 #endif

@@ -25,6 +25,13 @@ class IncompleteType : public JobTest {
     return type;
   }
 
+  // The type "integer", but no value of it has a text. That is not reported.
+  static jt_type integer_without_texts() {
+    jt_type type = *get_type_from_services(nullptr, nullptr, "integer");
+    type.deval = [](jt_parser_space *, const jt_value *) -> char * { return nullptr; };
+    return type;
+  }
+
   template <typename Operation>
   void expect_no_override(Operation jt_type::*operation) {
     const jt_type type = integer_without(operation);
@@ -72,6 +79,33 @@ TEST_F(IncompleteType, IsWrittenWithoutTheValuesThatItCannotWrite) {
   attribute->first_child->type = &type;
   EXPECT_EQ(encoded(), scan_with("    * integer a = 2;\n"));
   EXPECT_TRUE(reports(JT_MEMORY_ERROR, {"MEMORY ERROR: bad value  -- ignored ..."}));
+}
+
+// What the history holds says nothing about this call.
+TEST_F(IncompleteType, IsWrittenWithoutThemWhateverWasReportedBefore) {
+  const jt_type type = integer_without(&jt_type::deval);
+  attribute->first_child->type = &type;
+  jt_error(space, "MEMORY ERROR: allocation error", "");
+  EXPECT_EQ(encoded(), scan_with("    * integer a = 2;\n"));
+  EXPECT_TRUE(reports(JT_MEMORY_ERROR,
+                      {"MEMORY ERROR: allocation error ...", "MEMORY ERROR: bad value  -- ignored ..."}));
+}
+
+TEST_F(IncompleteType, IsWrittenWithoutAValueThatHasNoTextWhateverWasReportedBefore) {
+  const jt_type type = integer_without_texts();
+  attribute->first_child->type = &type;
+  jt_error(space, "MEMORY ERROR: allocation error", "");
+  EXPECT_EQ(encoded(), scan_with("    * integer a = 2;\n"));
+}
+
+TEST_F(IncompleteType, IsOverriddenWhereItsValueHasNoTextWhateverWasReportedBefore) {
+  const jt_type type = integer_without_texts();
+  attribute->type = &type;
+  jt_error(space, "MEMORY ERROR: allocation error", "");
+  EXPECT_EQ(override_value("a", as_value(one), as_value(three)), 1);
+  EXPECT_TRUE(reports(JT_OK, {"MEMORY ERROR: allocation error ..."}));
+  EXPECT_EQ(values("a"), (Texts{"3", "2"}));
+  EXPECT_EQ(encoded(), scan_with("    * integer a = 3, 2;(KMT_STATUS_OVERRIDDEN)\n"));
 }
 
 TEST_F(IncompleteType, OfAnAttributeHasNoNameToGive) {

@@ -364,6 +364,16 @@ TEST_F(CurrentInvocation, ALongNameIsKeptWholeAndCutInReports) {
 
 // ---- Whose types it may use -------------------------------------------------------------------------------
 
+class UnknownService : public JobTest {};
+
+TEST_F(UnknownService, IsNamedInTheWarningAsItIsWrittenNotAsItIsAskedFor) {
+  job = jt_create_template(space);
+  ASSERT_EQ(jt_add_service(space, job, "service", "MyOwn"), 1);
+  ASSERT_EQ(jt_add_invocation(space, job, "mYoWN"), 1);
+  EXPECT_TRUE(
+      reports(JT_WARNING, {"WARNING: unknown service:MyOwn ...", "WARNING: unknown service:MyOwn ..."}));
+}
+
 struct Scope {
   const char *service_type;
   const char *service_name;

@@ -38,7 +38,7 @@ TEST_F(Template, CreatedOneIsAnEmptyTemplateNode) {
   EXPECT_EQ(root->parent, nullptr);
   EXPECT_EQ(root->previous_sibling, nullptr);
   EXPECT_EQ(root->next_sibling, nullptr);
-  EXPECT_EQ(root->cursor, jt::not_started());
+  EXPECT_EQ(root->cursor, jt_core::not_started());
   EXPECT_EQ(status(), JT_OK);
   EXPECT_TRUE(messages().empty());
 }

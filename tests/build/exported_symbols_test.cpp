@@ -140,7 +140,7 @@ TEST(ExportedSymbols, NothingRunsWhenTheLibraryIsLoaded) {
 
 TEST(ExportedSymbols, TheOnlyVariablesAreTheClientsWordAndTheColumnOfEachThread) {
   EXPECT_EQ(sorted(static_symbols_in("bBC")),
-            (Names{"g_szCurrentLocale", "jt::(anonymous namespace)::column"}));
+            (Names{"g_szCurrentLocale", "jt_core::(anonymous namespace)::column"}));
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 using Includes = std::map<std::string, std::set<std::string>>;
 
-constexpr std::array<std::string_view, 5> kFloors = {"foundation", "types", "tree", "sil", "api"};
+constexpr std::array<std::string_view, 5> kFloors = {"base", "types", "tree", "sil", "api"};
 
 // Each source file below a directory, by its path from there, with the files that it includes in quotes.
 Includes includes_below(const fs::path &directory) {

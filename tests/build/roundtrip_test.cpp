@@ -34,6 +34,19 @@ TEST(RoundTrip, FailsWithAMessageWhenTheTemplateDoesNotDecode) {
   EXPECT_EQ(run.err.find("SYNTAX ERROR: unknown or invalid type:nothing"), 0U) << run.err;
 }
 
+TEST(RoundTrip, SaysThatATemplateIsCutOff) {
+  const ProgramRun run = round_trip_of("< SIL 4.2.00 ASCII job1 > < /SIL");
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "the text is cut off\n");
+}
+
+TEST(RoundTrip, SaysThatATemplateIsCutOffBehindItsWarnings) {
+  const ProgramRun run = round_trip_of("< SIL 4.1 ASCII job1 > <");
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.err, "WARNING: version number mismatch\n ...\nthe text is cut off\n");
+}
+
 TEST(RoundTrip, SaysWhyAFileCannotBeRead) {
   const ScratchDirectory scratch;
   const ProgramRun run = round_trip(scratch.file("missing.sil"));

@@ -32,17 +32,17 @@ TEST(Catalogue, HasEveryTableOnce) {
 }
 
 TEST(Catalogue, HasEveryNameOfEveryList) {
-  EXPECT_EQ(names_of(jt::kBaseValues).size(), 24U);
-  EXPECT_EQ(names_of(jt::kDocumentValues).size(), 161U);
-  EXPECT_EQ(names_of(jt::kEmailValues).size(), 6U);
-  EXPECT_EQ(names_of(jt::kFaxValues).size(), 8U);
-  EXPECT_EQ(names_of(jt::kFileValues).size(), 40U);
-  EXPECT_EQ(names_of(jt::kGeneralValues).size(), 49U);
-  EXPECT_EQ(names_of(jt::kMetadataValues).size(), 3U);
-  EXPECT_EQ(names_of(jt::kOcrValues).size(), 544U);
-  EXPECT_EQ(names_of(jt::kPrintValues).size(), 20U);
-  EXPECT_EQ(names_of(jt::kScanValues).size(), 130U);
-  EXPECT_EQ(names_of(jt::kValidationValues).size(), 4U);
+  EXPECT_EQ(names_of(jt_core::kBaseValues).size(), 24U);
+  EXPECT_EQ(names_of(jt_core::kDocumentValues).size(), 161U);
+  EXPECT_EQ(names_of(jt_core::kEmailValues).size(), 6U);
+  EXPECT_EQ(names_of(jt_core::kFaxValues).size(), 8U);
+  EXPECT_EQ(names_of(jt_core::kFileValues).size(), 40U);
+  EXPECT_EQ(names_of(jt_core::kGeneralValues).size(), 49U);
+  EXPECT_EQ(names_of(jt_core::kMetadataValues).size(), 3U);
+  EXPECT_EQ(names_of(jt_core::kOcrValues).size(), 544U);
+  EXPECT_EQ(names_of(jt_core::kPrintValues).size(), 20U);
+  EXPECT_EQ(names_of(jt_core::kScanValues).size(), 130U);
+  EXPECT_EQ(names_of(jt_core::kValidationValues).size(), 4U);
 }
 
 TEST(Catalogue, ShowsEveryNameWithItsNumber) {

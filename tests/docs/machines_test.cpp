@@ -14,8 +14,8 @@
 namespace jt_docs {
 namespace {
 
-using jt::State;
-using jt::TokenKind;
+using jt_core::State;
+using jt_core::TokenKind;
 
 const Drawing &drawing_of(std::string_view name) {
   return *std::find_if(kDrawings.begin(), kDrawings.end(),
@@ -36,7 +36,7 @@ bool is_drawn(const std::string &name, const std::string &part) {
 TEST(Machines, EveryStateOfTheDecoderIsDrawn) {
   std::string pictures;
   for (const Drawing &drawing : kDrawings) pictures += draw(drawing);
-  for (std::size_t state = 0; state < jt::kStateCount; ++state) {
+  for (std::size_t state = 0; state < jt_core::kStateCount; ++state) {
     std::string name = name_of(static_cast<State>(state));
     for (std::size_t blank = name.find(' '); blank != std::string::npos; blank = name.find(' ', blank)) {
       name.replace(blank, 1, "&#160;");
@@ -53,11 +53,11 @@ TEST(Machines, EveryRowIsAnArrow) {
 }
 
 TEST(Machines, TablesHaveAsManyRowsAsTheyAreKnownToHave) {
-  EXPECT_EQ(rows_of(jt::kHeaderMachine).size(), 11U);
-  EXPECT_EQ(rows_of(jt::kHeaderAttributesMachine).size(), 23U);
-  EXPECT_EQ(rows_of(jt::kSectionMachine).size(), 13U);
-  EXPECT_EQ(rows_of(jt::kBodyMachine).size(), 53U);
-  EXPECT_EQ(rows_of(jt::kEndMarkerMachine).size(), 3U);
+  EXPECT_EQ(rows_of(jt_core::kHeaderMachine).size(), 11U);
+  EXPECT_EQ(rows_of(jt_core::kHeaderAttributesMachine).size(), 23U);
+  EXPECT_EQ(rows_of(jt_core::kSectionMachine).size(), 13U);
+  EXPECT_EQ(rows_of(jt_core::kBodyMachine).size(), 53U);
+  EXPECT_EQ(rows_of(jt_core::kEndMarkerMachine).size(), 3U);
 }
 
 TEST(Machines, AnArrowLeadsFromStateToStateWithItsTokens) {
@@ -72,8 +72,8 @@ TEST(Machines, TheEndOfAStatusLeadsToAStandIn) {
 
 TEST(Machines, EveryWordHasAMeaning) {
   for (const Drawing &drawing : kDrawings) {
-    for (const jt::Row &row : rows_of(*drawing.machine)) {
-      if (!jt::contains(row.tokens, TokenKind::kWord)) continue;
+    for (const jt_core::Row &row : rows_of(*drawing.machine)) {
+      if (!jt_core::contains(row.tokens, TokenKind::kWord)) continue;
       EXPECT_NE(meaning_of(row), "") << name_of(row.from) << " -> " << name_of(row.to);
     }
   }
@@ -85,14 +85,14 @@ TEST(Machines, StatesAreNamedInWords) {
 }
 
 TEST(Machines, TokensAreShownAsTheyAreWritten) {
-  const auto shown = [](jt::TokenSet tokens) {
+  const auto shown = [](jt_core::TokenSet tokens) {
     return tokens_of({State::kHeaderBegin, tokens, nullptr, State::kFinished});
   };
-  EXPECT_EQ(shown(jt::one_of(TokenKind::kOpenBracket, TokenKind::kLess)), "[ <");
-  EXPECT_EQ(shown(jt::kWordOrString), "word string");
-  EXPECT_EQ(shown(jt::one_of(TokenKind::kEnd)), "end");
-  EXPECT_EQ(shown(jt::kAnyText), "any");
-  EXPECT_EQ(shown(jt::kAnyToken & ~jt::one_of(TokenKind::kCloseBrace)), "any but }");
+  EXPECT_EQ(shown(jt_core::one_of(TokenKind::kOpenBracket, TokenKind::kLess)), "[ <");
+  EXPECT_EQ(shown(jt_core::kWordOrString), "word string");
+  EXPECT_EQ(shown(jt_core::one_of(TokenKind::kEnd)), "end");
+  EXPECT_EQ(shown(jt_core::kAnyText), "any");
+  EXPECT_EQ(shown(jt_core::kAnyToken & ~jt_core::one_of(TokenKind::kCloseBrace)), "any but }");
 }
 
 TEST(Machines, StatesShowWhatTheDecoderReports) {

@@ -38,13 +38,13 @@ Texts differences_of(const std::string &entries) {
 }
 
 TEST(Messages, EveryMessageOfTheLibraryIsDescribedInItsPlace) {
-  const auto messages = parse_header(jt_test::read_whole(kRoot + "src/foundation/messages.h"));
+  const auto messages = parse_header(jt_test::read_whole(kRoot + "src/base/messages.h"));
   const auto entries = parse_entries(jt_test::read_whole(kRoot + "docs/messages.txt"));
   EXPECT_EQ(differences(messages, entries), Texts());
 }
 
 TEST(Messages, NoMessageOfTheLibraryIsOverlooked) {
-  const std::string header = jt_test::read_whole(kRoot + "src/foundation/messages.h");
+  const std::string header = jt_test::read_whole(kRoot + "src/base/messages.h");
   std::size_t constants = 0;
   for (std::size_t at = header.find("constexpr char k"); at != std::string::npos;
        at = header.find("constexpr char k", at + 1)) {

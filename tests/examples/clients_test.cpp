@@ -41,6 +41,19 @@ TEST(Client, ChangesOneValue) {
                 "\n");
 }
 
+TEST(Client, SaysWhyATextIsRefused) {
+  const ProgramRun run = run_client("client", {"[ kmt_svc_coffee Kitchen ] end"});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.out, "SYNTAX ERROR: while parsing for \"  TYPE  \" at:kmt_svc_coffee Kitchen ] end ...\n");
+}
+
+TEST(Client, SaysThatATextIsCutOff) {
+  const ProgramRun run = run_client("client", {"< SIL 4.2.00 ASCII job > < /SIL"});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.out, "the text is cut off\n");
+  EXPECT_EQ(run.err, "");
+}
+
 // ---- build_scan_to_mail ----
 
 TEST(BuildScanToMail, PrintsTheJob) {
@@ -121,6 +134,11 @@ TEST(Outline, SaysWhyAFileIsRefused) {
                  "SYNTAX ERROR: Trying to save multiple definitions for:SCANNER ...\n");
 }
 
+TEST(Outline, SaysThatAFileIsCutOff) {
+  for (const char *file : {"rejected/end_marker_cut_off.sil", "rejected/section_cut_off.sil"})
+    expect_failure(run_client("outline", {example(file)}), "the text is cut off\n");
+}
+
 TEST(Outline, NeedsAFileThatCanBeRead) {
   expect_failure(run_client("outline", {example("missing.sil")}), "USAGE: outline FILE\n");
   expect_failure(run_client("outline", {JT_SOURCE_DIR}), "USAGE: outline FILE\n");
@@ -192,6 +210,23 @@ TEST(ChangeValue, SaysThatTheAttributeIsMissing) {
                  "no such attribute\n");
 }
 
+TEST(ChangeValue, SaysThatAFileIsCutOff) {
+  expect_failure(
+      run_client("change_value", {example("rejected/section_cut_off.sil"), "Scanner", "Copies", "5"}),
+      "the text is cut off\n");
+}
+
+TEST(ChangeValue, SaysThatAValueIsRefusedWithoutAMessage) {
+  expect_failure(run_client("change_value", {example("print.sil"), "Printer", "Copies", ""}),
+                 "no such value\n");
+}
+
+// The doubts of the decoding are older and not the reason.
+TEST(ChangeValue, DoesNotBlameAnOlderMessage) {
+  expect_failure(run_client("change_value", {example("doubtful_values.sil"), "Scanner", "Colour", "5"}),
+                 "no such attribute\n");
+}
+
 TEST(ChangeValue, NeedsFourArguments) {
   expect_failure(run_client("change_value", {"file"}), "USAGE: change_value FILE SERVICE ATTRIBUTE VALUE\n");
 }
@@ -252,6 +287,18 @@ TEST(FinishJob, SaysWhyAValueIsRefused) {
 TEST(FinishJob, SaysWhichAttributeIsMissing) {
   expect_failure(run_client("finish_job", {example("fax.sil"), "Fax", "Colour", "5"}),
                  "CALL ERROR: does not exist:Colour ...\n");
+}
+
+TEST(FinishJob, SaysThatAFileIsCutOff) {
+  expect_failure(
+      run_client("finish_job", {example("rejected/end_marker_cut_off.sil"), "Scanner", "Sides", "ONE_SIDED"}),
+      "the text is cut off\n");
+}
+
+TEST(FinishJob, SaysThatAnAttributeHasNoValue) {
+  const ScratchDirectory scratch;
+  const std::string file = scratch.write("job.sil", "[ kmt_svc_scan Scan ] { * integer Copies; } end");
+  expect_failure(run_client("finish_job", {file, "Scan", "Copies", "5"}), "the attribute has no value\n");
 }
 
 TEST(FinishJob, NeedsFourArguments) {

@@ -83,10 +83,58 @@ TEST(Check, SaysWhyATemplateIsRefused) {
                 "SYNTAX ERROR: Trying to save multiple definitions for:SCANNER ...\n");
 }
 
+TEST(Check, SaysThatATextIsCutOff) {
+  for (const char *file : {"end_marker_cut_off.sil", "section_cut_off.sil"}) {
+    expect_output(run_client("check", {JT_SOURCE_DIR "/examples/rejected/" + std::string(file)}), 2,
+                  "the text is cut off\n");
+  }
+}
+
+TEST(Check, SaysThatATextIsCutOffBehindItsWarnings) {
+  const ScratchDirectory scratch;
+  const std::string file =
+      scratch.write("job.sil", "< SIL 4.1 ASCII job > [ kmt_svc_scan Scan ] { enum_sided Sides = A; } end <");
+  expect_output(run_client("check", {file}), 2,
+                "WARNING: version number mismatch\n ...\n"
+                "WARNING: trying to evaluate as an 'enumerated' type:A ...\n"
+                "the text is cut off\n");
+}
+
+TEST(Check, PrintsNoMessageOfAnEarlierFile) {
+  const std::string doubtful = JT_SOURCE_DIR "/examples/doubtful_values.sil";
+  const std::string good = JT_SOURCE_DIR "/examples/copy.sil";
+  const std::string refused = JT_SOURCE_DIR "/examples/rejected/service_twice.sil";
+  expect_output(run_client("check", {doubtful, good, refused}), 2,
+                doubtful + ":\n" +
+                    "WARNING: Value outside range (25 MM) ...\n"
+                    "SYNTAX ERROR: trying to evaluate the following value string as -- integer --:\n\n"
+                    "many ...\n" +
+                    good + ":\n" + refused + ":\n" +
+                    "SYNTAX ERROR: Trying to save multiple definitions for:SCANNER ...\n");
+}
+
+// The mark that separates them from the earlier file's has been pushed out of the history.
+TEST(Check, PrintsTheLastFiveMessagesOfAFileWithMore) {
+  const ScratchDirectory scratch;
+  const std::string file =
+      scratch.write("job.sil", "[ kmt_svc_scan Scan ] { enum_sided Sides = A, B, C, D, E, F; } end");
+  const std::string warning = "WARNING: trying to evaluate as an 'enumerated' type:";
+  const std::string last_five = warning + "B ...\n" + warning + "C ...\n" + warning + "D ...\n" + warning +
+                                "E ...\n" + warning + "F ...\n";
+  expect_output(run_client("check", {file, file}), 1, file + ":\n" + last_five + file + ":\n" + last_five);
+}
+
+TEST(Check, SaysWhichFileCannotBeRead) {
+  const ProgramRun run =
+      run_client("check", {JT_SOURCE_DIR "/examples/copy.sil", JT_SOURCE_DIR "/examples/missing.sil"});
+  EXPECT_EQ(run.exit_status, 2);
+  EXPECT_EQ(run.err, "cannot read " JT_SOURCE_DIR "/examples/missing.sil\n");
+}
+
 TEST(Check, NeedsAFile) {
   const ProgramRun run = run_client("check");
   EXPECT_EQ(run.exit_status, 2);
-  EXPECT_EQ(run.err, "USAGE: check FILE\n");
+  EXPECT_EQ(run.err, "USAGE: check FILE...\n");
 }
 
 }  // namespace

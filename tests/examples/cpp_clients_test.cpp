@@ -94,7 +94,9 @@ TEST(CppClients, ChangeTheSameValues) {
   expect_same("change_value", {print, "Fax", "Copies", "5"});
   expect_same("change_value", {kExamples + "metadata.sil", "Metadata", "MinimumLength", "6"});
   expect_same("change_value", {kExamples + "doubtful_values.sil", "Nobody", "Sides", "5"});
+  expect_same("change_value", {kExamples + "doubtful_values.sil", "Scanner", "Colour", "5"});
   expect_same("change_value", {kExamples + "rejected/service_twice.sil", "SCANNER", "Sides", "5"});
+  expect_same("change_value", {kExamples + "rejected/section_cut_off.sil", "Scanner", "Sides", "5"});
 }
 
 TEST(CppClients, FinishTheSameJobs) {
@@ -106,6 +108,27 @@ TEST(CppClients, FinishTheSameJobs) {
   expect_same("finish_job", {mail, "Scanner", "Original", "PHOTOGRAPH"});
   expect_same("finish_job", {mail, "Scanner", "Sides", "ONE_SIDED"});
   expect_same("finish_job", {kExamples + "rejected/service_twice.sil", "SCANNER", "Sides", "5"});
+  expect_same("finish_job", {kExamples + "rejected/end_marker_cut_off.sil", "Scanner", "Sides", "5"});
+  expect_same("finish_job", {kExamples + "doubtful_values.sil", "Scanner", "Colour", "5"});
+  const ScratchDirectory scratch;
+  const std::string empty =
+      scratch.write("empty.sil", "[ kmt_svc_scan Scan ] { * integer Copies; * string Name = x; } end");
+  expect_same("finish_job", {empty, "Scan", "Copies", "5"});
+}
+
+TEST(CppClients, RefuseTheSameTexts) {
+  expect_same("client", {"[ kmt_svc_coffee Kitchen ] end"});
+  expect_same("client", {"< SIL 4.2.00 ASCII job > < /SIL"});
+}
+
+TEST(CppClients, CheckTheSameFiles) {
+  const std::string doubtful = kExamples + "doubtful_values.sil";
+  const std::string cut_off = kExamples + "rejected/end_marker_cut_off.sil";
+  expect_same("check", {doubtful, kExamples + "copy.sil", doubtful, cut_off});
+  expect_same("check", {kExamples + "copy.sil", kExamples + "missing.sil"});
+  const ScratchDirectory scratch;
+  const std::string warned = scratch.write("warned.sil", "< SIL 4.1 ASCII job > <");
+  for (const char *client : {"check", "roundtrip"}) expect_same(client, {warned});
 }
 
 TEST(CppClients, ListTheSameTypes) {

@@ -1,9 +1,10 @@
 // What README.md shows is what there is: the clients in its fenced blocks are examples/client.c and its
-// counterpart in C++, and every file
-// and folder that it leads to exists.
+// counterpart in C++, the message is one that a client prints, its figures are no better than those that were
+// measured, and every file and folder that it leads to exists.
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -43,8 +44,30 @@ TEST(Readme, ShowsTheSameClientInCpp) {
             read_whole(kRoot + "examples/cpp/client.cpp"));
 }
 
-TEST(Readme, ShowsAClientOfFifteenLines) {
-  EXPECT_EQ(lines_of(read_whole(kRoot + "examples/client.c")).size(), 15U);
+TEST(Readme, ShowsAClientOfSixteenLines) {
+  EXPECT_EQ(lines_of(read_whole(kRoot + "examples/client.c")).size(), 16U);
+}
+
+TEST(Readme, ShowsAMessageAsItIs) {
+  const ProgramRun run = run_built_program({JT_EXAMPLES_BIN_DIR "/client", "[ kmt_svc_coffee Kitchen ] end"});
+  EXPECT_EQ(run.out, "SYNTAX ERROR: while parsing for \"  TYPE  \" at:kmt_svc_coffee Kitchen ] end ...\n");
+  EXPECT_NE(read_whole(kRoot + "README.md").find("  " + run.out), std::string::npos);
+}
+
+// In the tables of times each row of jt's says: name, parse, MB/s, save, destroy, two of a cold process,
+// mallocs, heap bytes.
+TEST(Readme, PromisesNoMoreThanWasMeasured) {
+  static const std::regex kTimes(
+      R"(\| jt +\| +[\d.]+ \| +([\d.]+) \|(?: +[\d.]+ \|){5} +([\d.]+) \| +[\d.]+ \|)");
+  int rows = 0;
+  for (const std::string &line : lines_of(read_whole(kRoot + "docs/performance.md"))) {
+    std::smatch match;
+    if (!std::regex_match(line, match, kTimes)) continue;
+    ++rows;
+    EXPECT_GT(std::stod(match[1]), 300) << line;
+    EXPECT_LT(std::stod(match[2]), 600) << line;
+  }
+  EXPECT_EQ(rows, 5);
 }
 
 TEST(Readme, LeadsToWhatExists) {

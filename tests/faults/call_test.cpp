@@ -303,18 +303,12 @@ std::vector<Scenario> text_scenarios(const std::string &name, TextCall call) {
                                 "MEMORY ERROR: allocating for a value nodenew ..."};
   const Messages no_pending = {kNoMemory, cut_message("MEMORY ERROR: allocating pending value:" + kLong)};
   return {
-      {name, with("Copies", "4"), {no_value_node("4"), no_value_node("4")}, fill_pages},
-      {name + "InAFullTable", with("Copies", "4"), {no_value_node("4"), kFullTable}, fill_table},
-      {name + "OfAnOddName", with("Size", "new"), {no_value_node("new"), no_odd_name}, fill_pages},
-      {name + "OfALongText",
-       with("Title", kLong),
-       {no_value_node(kLong), no_value_node(kLong), no_value_node(kLong)},
-       fill_pages},
-      {name + "OfUnknownType", with("Odd", "x"), {no_value_node("x"), no_value_node("x")}, odd_and_full},
-      {name + "OfUnknownTypeAndLong",
-       with("Odd", kLong),
-       {no_value_node(kLong), no_value_node(kLong), no_pending},
-       odd_and_full},
+      {name, with("Copies", "4"), {no_value_node("4")}, fill_pages},
+      {name + "InAFullTable", with("Copies", "4"), {kFullTable}, fill_table},
+      {name + "OfAnOddName", with("Size", "new"), {no_odd_name}, fill_pages},
+      {name + "OfALongText", with("Title", kLong), {no_value_node(kLong), no_value_node(kLong)}, fill_pages},
+      {name + "OfUnknownType", with("Odd", "x"), {no_value_node("x")}, odd_and_full},
+      {name + "OfUnknownTypeAndLong", with("Odd", kLong), {no_value_node(kLong), no_pending}, odd_and_full},
   };
 }
 
@@ -395,6 +389,22 @@ std::vector<Scenario> status_scenarios() {
   };
 }
 
+// Only a number without a name needs a block of its own.
+std::vector<Scenario> setting_statuses_without_names() {
+  static constexpr uint32_t kUnnamed = 1000;
+  const jt_status *const status = as_status(&kUnnamed);
+  const std::vector<Messages> failures = {{kNoMemory, "MEMORY ERROR: allocating for status. ..."}};
+  return {
+      {"OfAService", [=](World &w) -> Result { return jt_set_service_status(w.space, w.job, "Own", status); },
+       failures},
+      {"OfAnInvocation",
+       [=](World &w) -> Result { return jt_set_invocation_status(w.space, w.job, "Own", status); }, failures},
+      {"OfAnAttribute",
+       [=](World &w) -> Result { return jt_set_attribute_status(w.space, w.job, "Scan", "Title", status); },
+       failures},
+  };
+}
+
 // ---- Long lists
 // ---------------------------------------------------------------------------------------------
 
@@ -405,7 +415,7 @@ std::vector<Scenario> long_list_scenarios() {
       const std::string name = "a" + std::to_string(i);
       jt_add_attribute(w.space, w.job, "Scan", "integer", name.c_str());
     }
-    jt::drop_index(*w.invocation());
+    jt_core::drop_index(*w.invocation());
   };
   const auto add_many_values = [](World &w) {
     for (int i = 10; w.live() < 60; ++i) {
@@ -456,6 +466,8 @@ INSTANTIATE_TEST_SUITE_P(SettingValues, Call,
                          scenario_name);
 INSTANTIATE_TEST_SUITE_P(Removing, Call, ::testing::ValuesIn(deleting_and_overriding()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(Statuses, Call, ::testing::ValuesIn(status_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(SettingStatusesWithoutNames, Call,
+                         ::testing::ValuesIn(setting_statuses_without_names()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(LongLists, Call, ::testing::ValuesIn(long_list_scenarios()), scenario_name);
 
 }  // namespace

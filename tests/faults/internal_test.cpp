@@ -25,7 +25,7 @@ const jt_type *type_named(const char *name) { return get_type_from_services(null
 // ---- Session store and memory
 // -------------------------------------------------------------------------------
 
-std::vector<Scenario> foundation_scenarios() {
+std::vector<Scenario> base_scenarios() {
   return {
       {"MyCalloc", [](World &w) -> Result { return my_calloc(w.space, 2, 8); }, {{kNoMemory}}},
       {"ErFree", [](World &) -> Result { return er_free(nullptr); }, {}},
@@ -87,30 +87,18 @@ std::vector<Scenario> value_node_scenarios() {
   };
   const Messages no_pending = {kNoMemory, cut_message("MEMORY ERROR: allocating pending value:" + kLong)};
   return {
-      {"ValueNode",
-       from_text(type_named("integer"), "4"),
-       {no_value_node("4"), no_value_node("4")},
-       fill_pages},
-      {"ValueNodeInAFullTable",
-       from_text(type_named("integer"), "4"),
-       {no_value_node("4"), kFullTable},
-       fill_table},
+      {"ValueNode", from_text(type_named("integer"), "4"), {no_value_node("4")}, fill_pages},
+      {"ValueNodeInAFullTable", from_text(type_named("integer"), "4"), {kFullTable}, fill_table},
       // The type cuts its text; the report shows all of it.
-      {"ReferenceNode",
-       from_text(type_named("ref_invocation"), "a:b"),
-       {no_value_node("a:b"), no_value_node("a:b")},
-       fill_pages},
+      {"ReferenceNode", from_text(type_named("ref_invocation"), "a:b"), {no_value_node("a:b")}, fill_pages},
       {"LongValueNode",
        from_text(type_named("string"), kLong),
-       {no_value_node(kLong), no_value_node(kLong), no_value_node(kLong)},
+       {no_value_node(kLong), no_value_node(kLong)},
        fill_pages},
-      {"PendingNode",
-       from_text(jt_unknown_type(), "x"),
-       {no_value_node("x"), no_value_node("x")},
-       fill_pages},
+      {"PendingNode", from_text(jt_unknown_type(), "x"), {no_value_node("x")}, fill_pages},
       {"LongPendingNode",
        from_text(jt_unknown_type(), kLong),
-       {no_value_node(kLong), no_value_node(kLong), no_pending},
+       {no_value_node(kLong), no_pending},
        fill_pages},
       {"ValuePtrNode", from_value("integer", &kFour), {kNoCopy}, fill_pages},
       {"ValuePtrNodeInAFullTable", from_value("integer", &kFour), {kFullTable}, fill_table},
@@ -264,7 +252,10 @@ std::vector<Scenario> status_scenarios() {
        {}},
       {"SetStatusOfANumberWithoutAName",
        [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kUnnamed)); },
-       {{kNoMemory}}},
+       {{kNoMemory, "MEMORY ERROR: allocating for status. ..."}}},
+      {"SetStatusOfAnUnknownName",
+       [](World &w) -> Result { return set_status(w.space, w.service("Own"), as_status(&kOdd)); },
+       {}},
   };
 }
 
@@ -298,7 +289,7 @@ std::vector<Scenario> type_scenarios() {
   };
 }
 
-INSTANTIATE_TEST_SUITE_P(Foundation, Internal, ::testing::ValuesIn(foundation_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Base, Internal, ::testing::ValuesIn(base_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(TypedNodes, Internal, ::testing::ValuesIn(typed_node_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(ValueNodes, Internal, ::testing::ValuesIn(value_node_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(Tree, Internal, ::testing::ValuesIn(linking_scenarios()), scenario_name);

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string>
 
-#include "foundation/markers.h"
-#include "foundation/parser_space.h"
+#include "base/markers.h"
+#include "base/parser_space.h"
 #include "support/failing_allocator.h"
 #include "support/session.h"
 #include "tree/node.h"
@@ -44,7 +44,7 @@ struct World {
 
   std::ptrdiff_t live() const {
     const auto &table = space->table;
-    return table.count - std::count(table.slots, table.slots + table.count, jt::released_slot());
+    return table.count - std::count(table.slots, table.slots + table.count, jt_core::released_slot());
   }
 
   // The handle that the next node gets.
@@ -52,7 +52,7 @@ struct World {
     const auto &table = space->table;
     jt_node **const end = table.slots + table.count;
     return bookmark_to_opaque(
-        static_cast<int32_t>(std::find(table.slots, end, jt::released_slot()) - table.slots));
+        static_cast<int32_t>(std::find(table.slots, end, jt_core::released_slot()) - table.slots));
   }
 
   jt_parser_space *space;

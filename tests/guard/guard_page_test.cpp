@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "api/value_types.h"
-#include "foundation/markers.h"
-#include "foundation/parser_space.h"
+#include "base/markers.h"
+#include "base/parser_space.h"
 #include "support/guarded_text.h"
 #include "support/program.h"
 #include "support/readable.h"
@@ -28,7 +28,7 @@ class Guarded : public SessionTest {
   bool nothing_is_left() const {
     const auto &table = space->table;
     return std::all_of(table.slots, table.slots + table.count,
-                       [](const jt_node *node) { return node == jt::released_slot(); });
+                       [](const jt_node *node) { return node == jt_core::released_slot(); });
   }
 
   GuardedText text{kMost};

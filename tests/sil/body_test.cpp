@@ -313,7 +313,7 @@ TEST_F(Body, CursorsStandOnTheFirstChildren) {
   }
   for (jt_node *const childless : {child(root, {"kmt_svc_print"}), child(root, {"kmt_svc_scan", "Y"}),
                                    child(root, {"kmt_svc_scan", "X", "b"})}) {
-    EXPECT_EQ(childless->cursor, jt::not_started()) << childless->name;
+    EXPECT_EQ(childless->cursor, jt_core::not_started()) << childless->name;
   }
 }
 

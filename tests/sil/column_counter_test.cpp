@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <utility>
 
 #include "sil/template_cases.h"
 
@@ -87,6 +88,24 @@ TEST_F(ColumnCounter, CountsAPartThatIsNotWritten) {
               "\n<! SIL 4.2.00 ASCII id >\n\n\n< ! >\n< /! >\n\n\n< /SIL >\n");
     EXPECT_EQ(encoded(service), "\n[service A]\nend\n\n");
   });
+}
+
+TEST_F(ColumnCounter, StaysWhereItWasWhenAnEncodingFails) {
+  const int32_t comment = template_of(times(71, 'c'));
+  const int32_t service = decode("[ service A ] end");
+  jt_node *const root = decoded("< SIL 4.2.00 ASCII id > < /SIL >");
+  ASSERT_NE(root, nullptr);
+  add_comment(space, root->previous_sibling, times(71, 'h').c_str());
+  jt_node *const version = root->previous_sibling->parent;
+  jt_value *const value = std::exchange(version->value, nullptr);
+  on_a_new_thread([&] {
+    EXPECT_EQ(encode_template(space, root), nullptr);
+    EXPECT_EQ(encoded(service), "[service A]\nend\n\n");
+    EXPECT_EQ(encoded(comment), times(71, 'c'));
+    EXPECT_EQ(encode_template(space, root), nullptr);
+    EXPECT_EQ(encoded(service), "\n[service A]\nend\n\n");
+  });
+  version->value = value;
 }
 
 TEST_F(ColumnCounter, IsAtZeroAfterALineFeed) {

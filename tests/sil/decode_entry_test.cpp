@@ -73,7 +73,7 @@ TEST_F(UnknownService, LeavesItsNameOnTheInvocation) {
   jt_node *const root = decoded("[ service Foo ] X { } end");
   ASSERT_NE(root, nullptr);
   const jt_node *const invocation = child(root, {"Foo", "X"});
-  EXPECT_EQ(invocation->type, jt::unknown_type());
+  EXPECT_EQ(invocation->type, jt_core::unknown_type());
   EXPECT_STREQ(invocation->unresolved_type_name, "Foo");
 }
 

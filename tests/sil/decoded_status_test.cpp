@@ -39,6 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
                             ""}),
     case_name<Level>);
 
+class HeaderStatus : public DecodeTest {};
+
 TEST_P(StatusAt, IsAbsentWithoutParentheses) {
   const jt_node *const node = node_with("");
   ASSERT_NE(node, nullptr);
@@ -89,6 +91,35 @@ TEST_P(StatusAt, MayBeAnyTokenButACloseParenthesis) {
               Messages{std::string("WARNING: trying to evaluate as an 'enumerated' type:") + name + " ..."});
     EXPECT_EQ(status_text(*node), name);
   }
+}
+
+// Whatever is no token ends the text or the decoding in its own words. So the expectations of these places,
+// "STATUS or )" and ") or STATUS", are never reported.
+TEST_P(StatusAt, IsNeverReportedAsExpected) {
+  const auto refusal_of = [&](const std::string &inside) {
+    reopen();
+    EXPECT_EQ(decode(GetParam().before + inside), 0) << inside;
+    return messages();
+  };
+  EXPECT_EQ(refusal_of("("), Messages{"SYNTAX ERROR: Illegal end of block at ..."});
+  EXPECT_EQ(refusal_of("( #c\n"), Messages{"SYNTAX ERROR: Illegal end of block at ..."});
+  EXPECT_EQ(refusal_of("( \""), Messages{"SYNTAX ERROR: unexpected EOF at --> ..."});
+  EXPECT_EQ(refusal_of("( \\"), Messages{"SYNTAX ERROR: unexpected EOF at --> ..."});
+  EXPECT_EQ(refusal_of("( a\"b\" )"),
+            Messages{"SYNTAX ERROR: quotes inside a string constant at -->a\"b\" ) ..."});
+  EXPECT_EQ(refusal_of("( \"a\"b )"), Messages{"SYNTAX ERROR: quotes inside a value token at -->\"b ) ..."});
+}
+
+TEST_F(HeaderStatus, IsNeverReportedAsExpected) {
+  const std::string before = "< SIL 4.2.00 ASCII id > integer a ; ( ";
+  const auto refusal_of = [&](const std::string &inside) {
+    reopen();
+    EXPECT_EQ(decode(before + inside), 0) << inside;
+    return messages();
+  };
+  EXPECT_EQ(refusal_of(""), Messages{"SYNTAX ERROR: decoding attribute at:  ..."});
+  EXPECT_EQ(refusal_of("#c\n"), Messages{"SYNTAX ERROR: decoding attribute at:\n ..."});
+  EXPECT_EQ(refusal_of("\""), Messages{"SYNTAX ERROR: unexpected EOF at --> ..."});
 }
 
 TEST_P(StatusAt, MayBeAnEmptyString) {

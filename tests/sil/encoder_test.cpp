@@ -17,7 +17,7 @@ class Encoder : public DecodeTest {
     jt_node *const root = decoded("[ service A ] end");
     jt_node *const service = root->first_child;
     const jt_type *const type = service->type;
-    service->type = jt::unknown_type();
+    service->type = jt_core::unknown_type();
     service->unresolved_type_name = type_name.data();
     const std::string written = take_text(encode_template(space, root));
     service->type = type;
@@ -219,6 +219,22 @@ TEST_F(Encoder, DoesNotFoldWhereNothingIsWritten) {
   EXPECT_EQ(rewritten_attributes("integer " + n54 + " ;"), "      integer " + n54 + " = ;\n");
 }
 
+TEST_F(Encoder, DoesNotFoldBeforeAnEmptyValueOfUnknownType) {
+  const std::string name = times(57, 'n');
+  const int32_t handle = decode("[ service kmt_svc_scan ] { } end");
+  jt_add_attribute(space, handle, "kmt_svc_scan", "nosuch", name.c_str());
+  const std::string before = "[service kmt_svc_scan]\n {\n      nosuch " + name + " = ";
+  const auto add = [&](const char *text) {
+    EXPECT_EQ(jt_add_attribute_value_string(space, handle, "kmt_svc_scan", name.c_str(), text), 1);
+  };
+  add("");
+  EXPECT_EQ(encoded(handle), before + ";\n }\nend\n\n");
+  add("");
+  EXPECT_EQ(encoded(handle), before + ", ;\n }\nend\n\n");
+  add("b");
+  EXPECT_EQ(encoded(handle), before + ", , \n" + kIndent25 + "b;\n }\nend\n\n");
+}
+
 TEST_F(Encoder, FoldsTheNameBehindALongType) {
   const int32_t handle = decode("[ service kmt_svc_scan ] { } end");
   const std::string type = times(64, 't');
@@ -278,6 +294,23 @@ TEST_F(Encoder, WritesHeaderAttributesFromColumnZero) {
       "# h\n\n< SIL 4.2.00 ASCII id >\n\n* integer a = 1;(KMT_STATUS_ERROR{x})\nstring b =               # "
       "c\n" +
           kIndent25 + "\"y\";\n\n< /SIL >\n");
+}
+
+// Only a client makes such a comment: a decoded one ends with a line feed.
+TEST_F(Encoder, BeginsTheLineOfTheHeaderBehindACommentWithoutLineFeed) {
+  const std::string after = "\n< SIL 4.2.00 ASCII id >\n\n\n< /SIL >\n";
+  for (const std::string &comment : {std::string("#c"), times(70, 'c')}) {
+    jt_node *const root = decoded("< SIL 4.2.00 ASCII id > < /SIL >");
+    add_comment(space, root->previous_sibling, comment.c_str());
+    EXPECT_EQ(take_text(encode_template(space, root)), comment + after);
+  }
+}
+
+TEST_F(Encoder, FoldsTheHeaderBehindALongCommentWithoutLineFeed) {
+  jt_node *const root = decoded("< SIL 4.2.00 ASCII id > < /SIL >");
+  add_comment(space, root->previous_sibling, times(71, 'c').c_str());
+  EXPECT_EQ(take_text(encode_template(space, root)),
+            times(71, 'c') + "\n\n< SIL 4.2.00 ASCII id >\n\n\n< /SIL >\n");
 }
 
 TEST_F(Encoder, FoldsHeaderAttributesLikeAnyOther) {

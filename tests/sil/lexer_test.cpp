@@ -9,7 +9,7 @@
 namespace jt_test {
 namespace {
 
-using jt::TokenKind;
+using jt_core::TokenKind;
 
 struct Cut {
   TokenKind kind;
@@ -32,7 +32,7 @@ class Lexer : public SessionTest {
   }
 
   Cut next() {
-    const jt::Token token = jt::next_token(space, cursor);
+    const jt_core::Token token = jt_core::next_token(space, cursor);
     return {token.kind, std::string(token.text)};
   }
 
@@ -50,7 +50,7 @@ class Lexer : public SessionTest {
   }
 
   std::string text;
-  jt::SilCursor cursor{};
+  jt_core::SilCursor cursor{};
 };
 
 const Cut kEndOfText = {TokenKind::kEndOfText, ""};
@@ -259,7 +259,7 @@ TEST_F(Lexer, RestoredTokenIsReadAgain) {
                                   {TokenKind::kEnd, "end"},
                                   kEndOfText}) {
     EXPECT_EQ(next(), expected);
-    jt::restore_token(cursor);
+    jt_core::restore_token(cursor);
     EXPECT_EQ(next(), expected);
   }
 }
@@ -269,7 +269,7 @@ TEST_F(Lexer, RestoringGoesBackToWhereTheCallBegan) {
   next();
   const std::size_t before = position();
   next();
-  jt::restore_token(cursor);
+  jt_core::restore_token(cursor);
   EXPECT_EQ(position(), before);
 }
 
@@ -277,8 +277,8 @@ TEST_F(Lexer, RestoringTwiceIsRestoringOnce) {
   read_from("a b");
   next();
   next();
-  jt::restore_token(cursor);
-  jt::restore_token(cursor);
+  jt_core::restore_token(cursor);
+  jt_core::restore_token(cursor);
   EXPECT_EQ(next(), (Cut{TokenKind::kWord, "b"}));
 }
 

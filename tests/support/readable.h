@@ -15,7 +15,7 @@
 #include <memory>
 #include <string_view>
 
-#include "foundation/text.h"
+#include "base/text.h"
 #include "jt.h"
 #include "tree/node.h"
 
@@ -28,7 +28,7 @@ inline bool is_word_byte(char c) {
   return !is_blank && kPunctuation.find(c) == std::string_view::npos && c != '#' && c != '"' && c != '\\';
 }
 
-inline bool is_end_keyword(std::string_view text) { return jt::same_name(text, "end"); }
+inline bool is_end_keyword(std::string_view text) { return jt_core::same_name(text, "end"); }
 
 inline bool is_word(std::string_view text) {
   return !text.empty() && !is_end_keyword(text) && std::all_of(text.begin(), text.end(), is_word_byte);

@@ -1,5 +1,6 @@
-// Sessions share nothing: what one thread does with its session has the result that it would have alone,
-// whatever another thread does with another session. Meant for the thread sanitizer as well.
+// Sessions on different threads share nothing: what one thread does with its session has the result that it
+// would have alone, whatever another thread does with another session. Meant for the thread sanitizer as
+// well.
 #include <gtest/gtest.h>
 
 #include <barrier>

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "foundation/memory.h"
+#include "base/memory.h"
 #include "support/upper_case.h"
 #include "tree/links.h"
 #include "tree/tree_session.h"
@@ -222,12 +222,12 @@ TEST_F(ChildLookup, ARenamedChildIsFoundByItsNewNameOnly) {
   jt_node *const parent = scan_invocation();
   for (int i = 0; i < 100; ++i) append(parent, "c" + std::to_string(i));
   jt_node *const child = find(parent, "c50");
-  jt::rename(*child, jt::copy_plain_text("renamed"));
+  jt_core::rename(*child, jt_core::copy_plain_text("renamed"));
   EXPECT_EQ(find(parent, "c50"), nullptr);
   EXPECT_EQ(find(parent, "Renamed"), child);
-  jt::rename(*child, nullptr);
+  jt_core::rename(*child, nullptr);
   EXPECT_EQ(find(parent, "renamed"), nullptr);
-  jt::rename(*child, jt::copy_plain_text("c99"));
+  jt_core::rename(*child, jt_core::copy_plain_text("c99"));
   EXPECT_EQ(find(parent, "c99"), child);
 }
 
@@ -251,7 +251,7 @@ TEST_F(ChildLookup, GivesWhatAWalkGives) {
     } else if (action == 4) {
       ASSERT_EQ(add_child(space, parents[random() % 2], some), 1);
     } else if (action == 5) {
-      jt::rename(*some, random() % 8 == 0 ? nullptr : jt::copy_plain_text(some_name()));
+      jt_core::rename(*some, random() % 8 == 0 ? nullptr : jt_core::copy_plain_text(some_name()));
     } else {
       ASSERT_EQ(destroy_node(space, some), 1);
     }

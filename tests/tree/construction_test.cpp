@@ -27,7 +27,7 @@ class Construction : public jt_test::TreeTest {
     EXPECT_EQ(node.first_child, nullptr);
     EXPECT_EQ(node.previous_sibling, nullptr);
     EXPECT_EQ(node.next_sibling, nullptr);
-    EXPECT_EQ(node.cursor, jt::not_started());
+    EXPECT_EQ(node.cursor, jt_core::not_started());
   }
 };
 
@@ -81,7 +81,7 @@ TEST_F(Construction, ANewNodeIsNotLinkedToItsEnclosingNode) {
   const jt_node *const service = make("kmt_svc_scan", "kmt_svc_scan", JT_NODE_SERVICE, root);
   EXPECT_EQ(service->parent, nullptr);
   EXPECT_EQ(root->first_child, nullptr);
-  EXPECT_EQ(root->cursor, jt::not_started());
+  EXPECT_EQ(root->cursor, jt_core::not_started());
 }
 
 TEST_F(Construction, ClassNineIsRefusedByTheLookUp) {

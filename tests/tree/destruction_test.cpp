@@ -169,7 +169,7 @@ TEST_F(Destruction, AnExhaustedOrNotStartedCursorStays) {
   EXPECT_EQ(parent->cursor, nullptr);
   unstart(parent);
   destroy_node(space, parent->first_child);
-  EXPECT_EQ(parent->cursor, jt::not_started());
+  EXPECT_EQ(parent->cursor, jt_core::not_started());
 }
 
 TEST_F(Destruction, EverythingANodeOwnsGoesWithIt) {
@@ -199,7 +199,7 @@ TEST_F(Destruction, AnyOrderOfNodesIsFine) {
     for (int step = 0; step < 13; ++step) {
       const int32_t bookmark = (round + step * 5) % 13;
       jt_node *const node = space->table.slots[bookmark];
-      if (node != jt::released_slot()) {
+      if (node != jt_core::released_slot()) {
         EXPECT_EQ(destroy_node(space, node), 1);
       }
       jt_test::expect_sound(*space);
@@ -223,7 +223,7 @@ TEST_F(Destruction, ChildrenGoAndTheirParentStays) {
 TEST_F(Destruction, ChildrenOfAChildlessNodeAreNone) {
   jt_node *const root = make_template();
   EXPECT_EQ(destroy_children(space, root), 1);
-  EXPECT_EQ(root->cursor, jt::not_started());
+  EXPECT_EQ(root->cursor, jt_core::not_started());
   EXPECT_EQ(messages(), Messages());
 }
 
@@ -358,7 +358,7 @@ TEST_F(Destruction, TheOnlyTemplateTakesAlongWhateverItOwns) {
   jt_node *const riddle = add_attribute(invocation, "mystery", std::string(3000, 'n').c_str());
   add_value(riddle, std::string(3000, 'v').c_str());
   for (int i = 0; i < 100; ++i) add_value(riddle, std::to_string(i).c_str());
-  EXPECT_NE(jt::find_pending_value(*riddle, "99"), nullptr);
+  EXPECT_NE(jt_core::find_pending_value(*riddle, "99"), nullptr);
   EXPECT_NE(riddle->index, nullptr);
   add_comment(space, riddle, std::string(3000, 'c').c_str());
   jt_status *const given = get_status(space, "a status of its own");

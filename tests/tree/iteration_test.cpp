@@ -335,7 +335,7 @@ TEST_F(Iteration, AParentWithoutChildrenGivesNothing) {
   EXPECT_EQ(first_name(parent), "(none)");
   EXPECT_EQ(first_number(parent), "(none)");
   EXPECT_EQ(first_text(parent), "(none)");
-  EXPECT_EQ(parent->cursor, jt::not_started());
+  EXPECT_EQ(parent->cursor, jt_core::not_started());
   EXPECT_EQ(next_name(parent), "(none)");
   EXPECT_EQ(next_number(parent), "(none)");
   EXPECT_EQ(next_text(parent), "(none)");

@@ -45,7 +45,7 @@ TEST_F(Linking, NothingIsAddedToNothing) {
     EXPECT_EQ(add(nullptr, parent, child), 0);
   }
   EXPECT_EQ(parent->first_child, nullptr);
-  EXPECT_EQ(parent->cursor, jt::not_started());
+  EXPECT_EQ(parent->cursor, jt_core::not_started());
   EXPECT_EQ(child->parent, nullptr);
   EXPECT_EQ(messages(), Messages());
 }

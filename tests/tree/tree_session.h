@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "foundation/parser_space.h"
+#include "base/parser_space.h"
 #include "support/session.h"
 #include "tree/node.h"
 
@@ -20,7 +20,7 @@ using Nodes = std::vector<jt_node *>;
 
 inline std::set<const jt_node *> registered_nodes(const jt_parser_space &space) {
   std::set<const jt_node *> nodes(space.table.slots, space.table.slots + space.table.count);
-  nodes.erase(jt::released_slot());
+  nodes.erase(jt_core::released_slot());
   return nodes;
 }
 
@@ -44,13 +44,13 @@ inline bool links_are_alive(const std::set<const jt_node *> &alive, const jt_nod
   const auto is_alive = [&](const jt_node *link) { return link == nullptr || alive.count(link) != 0; };
   return is_alive(node.parent) && is_alive(node.first_child) && is_alive(node.last_child) &&
          is_alive(node.previous_sibling) && is_alive(node.next_sibling) &&
-         (node.cursor == jt::not_started() || is_alive(node.cursor));
+         (node.cursor == jt_core::not_started() || is_alive(node.cursor));
 }
 
 // The list reads the same from both ends, and the cursor is on it.
 inline bool children_are_chained(const jt_node &parent) {
   const jt_node *before = nullptr;
-  bool cursor_found = parent.cursor == nullptr || parent.cursor == jt::not_started();
+  bool cursor_found = parent.cursor == nullptr || parent.cursor == jt_core::not_started();
   for (const jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
     if (child->parent != &parent || child->previous_sibling != before) return false;
     cursor_found = cursor_found || parent.cursor == child;
@@ -60,7 +60,7 @@ inline bool children_are_chained(const jt_node &parent) {
 }
 
 // The parent link of a header holds its first attribute.
-inline bool is_linked(const jt_node *node) { return node->parent != nullptr && !jt::is_header(*node); }
+inline bool is_linked(const jt_node *node) { return node->parent != nullptr && !jt_core::is_header(*node); }
 
 // Bookmarks name their nodes, no link dangles, every list of children is whole, and linked nodes are counted
 // as long as that matters.
@@ -73,7 +73,7 @@ inline void expect_sound(const jt_parser_space &space) {
   for (const jt_node *const node : alive) {
     ASSERT_EQ(space.table.slots[node->bookmark], node);
     ASSERT_TRUE(links_are_alive(alive, *node)) << "bookmark " << node->bookmark;
-    ASSERT_TRUE(jt::is_header_attribute(*node) || children_are_chained(*node))
+    ASSERT_TRUE(jt_core::is_header_attribute(*node) || children_are_chained(*node))
         << "bookmark " << node->bookmark;
   }
 }
@@ -123,7 +123,7 @@ class TreeTest : public SessionTest {
   void forget_messages() { space->errors = {}; }
   void expect_all_released() {
     for (int32_t slot = 0; slot < space->table.count; ++slot)
-      ASSERT_EQ(space->table.slots[slot], jt::released_slot()) << "slot " << slot;
+      ASSERT_EQ(space->table.slots[slot], jt_core::released_slot()) << "slot " << slot;
   }
   bool alive(const jt_node *node) { return registered_nodes(*space).count(node) != 0; }
   std::size_t count_alive() { return registered_nodes(*space).size(); }
@@ -131,7 +131,7 @@ class TreeTest : public SessionTest {
 };
 
 // A cursor that has not started, on a parent with children: only nodes without children are made that way.
-inline void unstart(jt_node *parent) { parent->cursor = jt::not_started(); }
+inline void unstart(jt_node *parent) { parent->cursor = jt_core::not_started(); }
 
 inline void exhaust(jt_parser_space *space, jt_node *parent) {
   while (advance_index(space, parent) != 0) continue;

@@ -21,7 +21,9 @@ class ValueLookup : public TreeTest {
     EXPECT_NE(holder->index, nullptr) << "the names are in a table from here on";
   }
   jt_node *find(const char *name) { return get_child(space, holder, name); }
-  jt_node *find(float number) { return jt::find_value(*holder, reinterpret_cast<const jt_value *>(&number)); }
+  jt_node *find(float number) {
+    return jt_core::find_value(*holder, reinterpret_cast<const jt_value *>(&number));
+  }
 
   jt_node *holder;
 };

@@ -168,16 +168,16 @@ TEST_F(StatusTest, ReleasingSucceeds) {
 
 TEST_F(StatusTest, EveryNameOfTheListHasASharedOne) {
   for (const char *const name : {"KMT_STATUS_ABORTED", "kmt_status_warning", "MM", "PROPRIETARY"}) {
-    const jt_status *const shared = jt::find_shared_status(name);
-    EXPECT_TRUE(jt::is_shared_status(shared)) << name;
-    EXPECT_EQ(shared, jt::find_shared_status(name)) << name;
+    const jt_status *const shared = jt_core::find_shared_status(name);
+    EXPECT_TRUE(jt_core::is_shared_status(shared)) << name;
+    EXPECT_EQ(shared, jt_core::find_shared_status(name)) << name;
   }
-  EXPECT_EQ(jt::find_shared_status("NO_SUCH_STATUS"), nullptr);
+  EXPECT_EQ(jt_core::find_shared_status("NO_SUCH_STATUS"), nullptr);
 }
 
 TEST_F(StatusTest, NullAndAClientsStatusAreNoSharedOnes) {
-  EXPECT_FALSE(jt::is_shared_status(nullptr));
-  EXPECT_FALSE(jt::is_shared_status(named("KMT_STATUS_ABORTED").get()));
+  EXPECT_FALSE(jt_core::is_shared_status(nullptr));
+  EXPECT_FALSE(jt_core::is_shared_status(named("KMT_STATUS_ABORTED").get()));
 }
 
 // ---- Statuses are values of their type ----

@@ -18,7 +18,7 @@ bool round_trip(jt_parser_space *session) {
   return found;
 }
 
-bool comfort() {
+bool use_classes() {
   jt::Session session("client in C++");
   const jt::Result<jt::Template> job = session.decode("[ kmt_svc_scan Scan ] { integer Copies = 2; } end");
   if (!job) return false;
@@ -36,7 +36,7 @@ bool tables(jt_parser_space *session) {
 int main() {
   const std::unique_ptr<jt_parser_space, int32_t (*)(jt_parser_space *)> session(
       jt_open_parsing_utility("client in C++"), jt_close_parsing_utility);
-  const bool all_well = session && round_trip(session.get()) && comfort() && tables(session.get());
+  const bool all_well = session && round_trip(session.get()) && use_classes() && tables(session.get());
   if (!all_well) std::cerr << jt_get_recent_error(session.get()) << '\n';
   return all_well ? 0 : 1;
 }

@@ -1,0 +1,12 @@
+// What the client without exceptions does for its test.
+#ifndef JT_TESTS_CPP_BARE_CLIENT_H
+#define JT_TESTS_CPP_BARE_CLIENT_H
+
+namespace jt_test {
+
+// The sum of the values "Copies" in all invocations; -1 when the text is refused.
+int copies_of(const char *text);
+
+}  // namespace jt_test
+
+#endif
