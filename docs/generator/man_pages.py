@@ -22,6 +22,7 @@ CHAPTERS = {
     "attributes": "read the attributes of a template",
     "changes": "change the attributes of a template",
     "statuses": "statuses of services, invocations and attributes",
+    "elements": "any element of a template by handle",
     "tree": "the tree beneath the calls of jt",
     "types": "types and type tables of jt",
 }

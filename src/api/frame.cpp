@@ -17,14 +17,18 @@ Frame &Frame::needs(bool given, const char *message) {
   return *this;
 }
 
-Frame &Frame::in_template(std::int32_t handle) {
+Frame &Frame::in_element(std::int32_t handle) {
   if (!passed_) return *this;
-  root_ = opaque_to_node(space_, handle);
-  if (root_ == nullptr) {
-    fail(message::kNotAHandle);
-  } else if (root_->node_class != JT_NODE_TEMPLATE) {
-    fail(message::kNotATemplate);
-  }
+  element_ = opaque_to_node(space_, handle);
+  if (element_ == nullptr) fail(message::kNotAHandle);
+  return *this;
+}
+
+Frame &Frame::in_template(std::int32_t handle) {
+  in_element(handle);
+  if (!passed_) return *this;
+  root_ = element_;
+  if (root_->node_class != JT_NODE_TEMPLATE) fail(message::kNotATemplate);
   return *this;
 }
 

@@ -19,6 +19,7 @@ class Frame {
   // The call needs this argument; the message says that it is missing.
   Frame &needs(bool given, const char *message);
   Frame &in_template(std::int32_t handle);
+  Frame &in_element(std::int32_t handle);
   Frame &in_service(const char *name);
   Frame &in_invocation();
   Frame &in_attribute(const char *name);
@@ -27,6 +28,7 @@ class Frame {
   explicit operator bool() const { return passed_; }
 
   jt_node &root() const { return *root_; }
+  jt_node &element() const { return *element_; }
   jt_node &service() const { return *service_; }
   jt_node &invocation() const { return *invocation_; }
   jt_node &attribute() const { return *attribute_; }
@@ -36,6 +38,7 @@ class Frame {
 
   jt_parser_space *space_;
   jt_node *root_ = nullptr;
+  jt_node *element_ = nullptr;
   jt_node *service_ = nullptr;
   jt_node *invocation_ = nullptr;
   jt_node *attribute_ = nullptr;

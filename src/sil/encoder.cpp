@@ -205,14 +205,14 @@ void write_header(Encoder &encoder, const jt_node &header) {
 // ---- The template -----------------------------------------------------------------------------------------
 
 // What surrounds a section, and whether the body follows, by the form of the header.
-struct Frame {
+struct Framing {
   std::string_view open;
   std::string_view close;
   bool section;
   bool body;
 };
 
-Frame frame_of(const jt_node &header, bool has_section) {
+Framing framing_of(const jt_node &header, bool has_section) {
   const bool exclaim = header.node_class == JT_NODE_HEADER_EXCLAIM;
   if (!has_section) return {"", "", false, !exclaim};
   if (header.node_class == JT_NODE_HEADER_QUESTION) return {"\n< ? >\n", "< /? >\n\n", true, true};
@@ -230,14 +230,14 @@ void write_part(Encoder &encoder, const jt_node &container, bool written) {
 
 void write_framed(Encoder &encoder, const jt_node &root, const jt_node &header) {
   const jt_node *const section = root.next_sibling;
-  const Frame frame = frame_of(header, section != nullptr);
+  const Framing framing = framing_of(header, section != nullptr);
   write_header(encoder, header);
   if (section != nullptr) {
-    encoder.out.append_frame(frame.open);
-    write_part(encoder, *section, frame.section);
-    encoder.out.append_frame(frame.close);
+    encoder.out.append_frame(framing.open);
+    write_part(encoder, *section, framing.section);
+    encoder.out.append_frame(framing.close);
   }
-  write_part(encoder, root, frame.body);
+  write_part(encoder, root, framing.body);
   encoder.out.append_frame("\n< /SIL >\n");
 }
 

@@ -9,7 +9,7 @@
 namespace jt_core {
 namespace {
 
-constexpr std::size_t kFirstRoom = 1024;
+constexpr std::size_t kFirstCapacity = 1024;
 constexpr std::size_t kFoldColumn = 70;
 
 thread_local std::size_t column = 0;
@@ -39,7 +39,7 @@ bool Output::append_value(const ValueText &text, Quoting quoting, std::size_t in
   if (size == 0 && quoting == Quoting::kNone) return true;
   fold_long_line();
   indent_line(indent, Layout::kLine);
-  if (!has_room(max_escaped(size)) && !grow(max_escaped(size))) return false;
+  if (!has_capacity(max_escaped(size)) && !grow(max_escaped(size))) return false;
   char *end = text_ + length_;
   if (quoting == Quoting::kQuotes) *end++ = '"';
   for (const std::string_view piece : text.pieces) end = write_escaped(end, piece, quoting);
@@ -59,7 +59,7 @@ void Output::fold_long_line() {
 void Output::indent_line(std::size_t indent, Layout layout) {
   if (column_ >= indent || (column_ > 0 && layout == Layout::kLine)) return;
   const std::size_t blanks = indent - column_;
-  if (!has_room(blanks) && !reserve(blanks)) return;
+  if (!has_capacity(blanks) && !reserve(blanks)) return;
   std::memset(text_ + length_, ' ', blanks);
   length_ += blanks;
   column_ = indent;
@@ -67,16 +67,16 @@ void Output::indent_line(std::size_t indent, Layout layout) {
 
 bool Output::grow(std::size_t more) {
   if (failed_) return false;
-  const std::size_t room = std::max({kFirstRoom, room_ * 2, length_ + more + 1});
-  auto *const text = static_cast<char *>(std::realloc(text_, room));
+  const std::size_t capacity = std::max({kFirstCapacity, capacity_ * 2, length_ + more + 1});
+  auto *const text = static_cast<char *>(std::realloc(text_, capacity));
   if (text == nullptr) return false;
   text_ = text;
-  room_ = room;
+  capacity_ = capacity;
   return true;
 }
 
 bool Output::reserve(std::size_t more) {
-  if (failed_ || has_room(more) || grow(more)) return !failed_;
+  if (failed_ || has_capacity(more) || grow(more)) return !failed_;
   report(space_, message::kNoOutput);
   failed_ = true;
   return false;

@@ -61,12 +61,12 @@ class Output {
   char *take();
 
  private:
-  bool has_room(std::size_t more) const { return room_ - length_ > more && !failed_; }
+  bool has_capacity(std::size_t more) const { return capacity_ - length_ > more && !failed_; }
   bool grow(std::size_t more);
   bool reserve(std::size_t more);
 
   void write(std::string_view text) {
-    if (!has_room(text.size()) && !reserve(text.size())) return;
+    if (!has_capacity(text.size()) && !reserve(text.size())) return;
     text.copy(text_ + length_, text.size());
     length_ += text.size();
   }
@@ -89,7 +89,7 @@ class Output {
   std::size_t column_;
   char *text_ = nullptr;
   std::size_t length_ = 0;
-  std::size_t room_ = 0;
+  std::size_t capacity_ = 0;
   bool failed_ = false;
 };
 

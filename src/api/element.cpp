@@ -1,0 +1,161 @@
+// Calls that read any element of a template by its handle. The state of a walk is the caller's handle: no
+// cursor moves. tests/api/element_test.cpp
+#include "api/frame.h"
+#include "base/memory.h"
+#include "tree/iteration.h"
+#include "tree/node.h"
+
+namespace jt_core {
+namespace {
+
+std::int32_t handle_of(const jt_node *node) {
+  return node != nullptr ? bookmark_to_opaque(node->bookmark) : 0;
+}
+
+bool is_template(const jt_node &node) { return node.node_class == JT_NODE_TEMPLATE; }
+
+// The section's and the header's previous sibling is the root; a root's is its header, or there is none.
+bool is_section(const jt_node &node) {
+  return is_template(node) && node.previous_sibling != nullptr && is_template(*node.previous_sibling);
+}
+
+// Templates, headers and sections are linked in a ring of their own: their links are no parents or siblings.
+const jt_node *parent_of(const jt_node &node) {
+  if (is_header(node) || is_section(node)) return node.previous_sibling;
+  if (is_header_attribute(node)) return node.first_child;
+  return node.parent;
+}
+
+bool has_siblings(const jt_node &node) {
+  return !is_header(node) && !is_template(node) && !is_header_attribute(node);
+}
+
+const jt_node *first_child_of(const jt_node &node) {
+  return is_header_attribute(node) ? nullptr : node.first_child;
+}
+
+// A template, its section and its header have names of the library's own.
+const char *name_of(const jt_node &node) {
+  return is_header(node) || is_template(node) ? nullptr : node.name;
+}
+
+char *copy_if_there(jt_parser_space *space, const char *text) {
+  return text != nullptr ? copy_text(space, text) : nullptr;
+}
+
+// The text of one of the header's three words, by its number.
+char *copy_header_word(jt_parser_space *space, const jt_node &root, int number) {
+  const jt_node *const header = root.previous_sibling;
+  if (header == nullptr || !is_header(*header)) return nullptr;
+  const jt_node *word = header->parent;
+  for (; word != nullptr && number > 0; --number) word = word->next_sibling;
+  return word != nullptr ? copy_if_there(space, reinterpret_cast<const char *>(word->value)) : nullptr;
+}
+
+constexpr int kVersionWord = 0;
+constexpr int kIdentifierWord = 2;
+
+Frame in_element(jt_parser_space *space, std::int32_t handle) { return Frame(space).in_element(handle); }
+
+}  // namespace
+}  // namespace jt_core
+
+extern "C" {
+
+int32_t jt_root(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  if (!at) return 0;
+  const jt_node *node = &at.element();
+  while (const jt_node *const parent = jt_core::parent_of(*node)) node = parent;
+  return jt_core::handle_of(node);
+}
+
+int32_t jt_header(jt_parser_space *space, int32_t handle) {
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
+  return at && !jt_core::is_section(at.root()) ? jt_core::handle_of(at.root().previous_sibling) : 0;
+}
+
+int32_t jt_section(jt_parser_space *space, int32_t handle) {
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
+  return at ? jt_core::handle_of(at.root().next_sibling) : 0;
+}
+
+char *jt_header_version(jt_parser_space *space, int32_t handle) {
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
+  return at ? jt_core::copy_header_word(space, at.root(), jt_core::kVersionWord) : nullptr;
+}
+
+char *jt_header_identifier(jt_parser_space *space, int32_t handle) {
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
+  return at ? jt_core::copy_header_word(space, at.root(), jt_core::kIdentifierWord) : nullptr;
+}
+
+int32_t jt_parent(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? jt_core::handle_of(jt_core::parent_of(at.element())) : 0;
+}
+
+int32_t jt_first_child(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? jt_core::handle_of(jt_core::first_child_of(at.element())) : 0;
+}
+
+int32_t jt_next_sibling(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at && jt_core::has_siblings(at.element()) ? jt_core::handle_of(at.element().next_sibling) : 0;
+}
+
+int32_t jt_find_child(jt_parser_space *space, int32_t element, const char *name) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  if (!at || jt_core::first_child_of(at.element()) == nullptr) return 0;
+  return jt_core::handle_of(get_child(space, &at.element(), name));
+}
+
+int32_t jt_element_kind(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? at.element().node_class : -1;
+}
+
+char *jt_element_name(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? jt_core::copy_if_there(space, jt_core::name_of(at.element())) : nullptr;
+}
+
+char *jt_element_type(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  if (!at) return nullptr;
+  const jt_node &node = at.element();
+  const jt_node &typed = jt_core::has_pending_value(node) && node.parent != nullptr ? *node.parent : node;
+  return jt_core::copy_if_there(space, jt_core::type_name_of(typed));
+}
+
+char *jt_element_value_text(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? jt_core::copy_text_of_value(space, at.element()) : nullptr;
+}
+
+char *jt_element_comment(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? jt_core::copy_if_there(space, at.element().comment) : nullptr;
+}
+
+jt_status *jt_element_status(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? copy_status(space, at.element().status) : nullptr;
+}
+
+char *jt_element_status_text(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  return at ? jt_core::copy_if_there(space, at.element().overridden_value) : nullptr;
+}
+
+int32_t jt_element_flags(jt_parser_space *space, int32_t element) {
+  const jt_core::Frame at = jt_core::in_element(space, element);
+  if (!at) return -1;
+  const jt_node &node = at.element();
+  return (node.non_compulsory ? JT_ELEMENT_NON_COMPULSORY : 0) |
+         (jt_core::has_known_type(node) ? 0 : JT_ELEMENT_TYPE_UNKNOWN) |
+         (node.overridden_value != nullptr ? JT_ELEMENT_OVERRIDDEN : 0);
+}
+
+}  // extern "C"
