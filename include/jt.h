@@ -21,8 +21,8 @@
 
 // The comments are read by people and by Doxygen. `\errors` lists what is recorded, `\owner` who releases
 // a result and how, `\cost` what a call costs where that is not O(1). `\of_template`, `\of_service`,
-// `\of_invocation`, `\of_attribute` and `\of_element` stand for the arguments that a call begins with, and say how deep
-// the frame below resolves; what the frame records is not repeated.
+// `\of_invocation`, `\of_attribute` and `\of_element` stand for the arguments that a call begins with, and
+// say how deep the frame below resolves; what the frame records is not repeated.
 
 /// \defgroup conventions What holds for every call
 ///
@@ -56,7 +56,7 @@
 /// | template | the handle is not live | `SYSTEM ERROR: unknown opaque marker`, then the next |
 /// | | | `CALL ERROR: not a valid handle` |
 /// | template | it is not of a template | `CALL ERROR: not a template` |
-/// | element | the handle is not live | as for a template; any element will do |
+/// | element | the handle is not live | as for a template, of which it need not be the handle |
 /// | service | there is none of that name | `CALL ERROR: does not exist:` + service name |
 /// | invocation | none is current | `CALL ERROR: no current invocation` |
 /// | attribute | there is none of that name | `CALL ERROR: does not exist:` + attribute name |
@@ -324,7 +324,7 @@ JT_API int32_t jt_destroy_status(jt_parser_space *space, jt_status *status);
 ///
 /// Limits in bytes: names and types 1023, values 1024, comments 1023 with their `#`, the name of a service
 /// and the words of the header 2047. Nothing is ever truncated. The services of a section are kept and
-/// written back; the calls act on the others.
+/// written back; the calls act on the others, and on those of the section by the handle of jt_section().
 ///
 /// Decoding stops at the first error of syntax, with one of these and, where the second column says so, the
 /// text at that place behind it:
@@ -878,7 +878,8 @@ JT_API int32_t jt_set_attribute_value(jt_parser_space *space, int32_t handle, co
 /// \errors `CALL ERROR: unknown data type:`; `SYSTEM ERROR: no cmp function for:` + attribute name;
 /// `CALL ERROR:there is no such value`.
 /// \cost O(1) on average, whatever the other values and in whatever order they came and go; O(log values) for
-/// each removal among equal ones. O(values) for a type of the client's own, and for reals while one is no number.
+/// each removal among equal ones. O(values) for a type of the client's own, and for reals while one is no
+/// number.
 JT_API int32_t jt_delete_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                          const char *attribute_name, const jt_value *value);
 
@@ -891,7 +892,8 @@ JT_API int32_t jt_delete_attribute_value(jt_parser_space *space, int32_t handle,
 /// \errors `SYSTEM ERROR: no cmp function for:` + attribute name; `CALL ERROR:there is no such value`;
 /// `CALL ERROR: unparsable value string` + text, after those of the type.
 /// \cost O(1) on average, whatever the other values and in whatever order they came and go; O(log values) for
-/// each removal among equal ones. O(values) for a type of the client's own, and for reals while one is no number.
+/// each removal among equal ones. O(values) for a type of the client's own, and for reals while one is no
+/// number.
 JT_API int32_t jt_delete_attribute_value_string(jt_parser_space *space, int32_t handle,
                                                 const char *service_name, const char *attribute_name,
                                                 const char *text);
@@ -909,7 +911,8 @@ JT_API int32_t jt_delete_attribute_value_string(jt_parser_space *space, int32_t 
 /// `CALL ERROR: it is a compulsory attribute` + attribute name; `CALL ERROR:there is no such value`;
 /// `CALL ERROR: value structure is invalid`.
 /// \cost O(1) on average, whatever the other values and in whatever order they came and go; O(log values) for
-/// each removal among equal ones. O(values) for a type of the client's own, and for reals while one is no number.
+/// each removal among equal ones. O(values) for a type of the client's own, and for reals while one is no
+/// number.
 JT_API int32_t jt_override_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                            const char *attribute_name, const jt_value *old_value,
                                            const jt_value *new_value);
@@ -927,167 +930,6 @@ JT_API int32_t jt_set_attribute_compulsory(jt_parser_space *space, int32_t handl
 /// \return 1; 0 on failure.
 JT_API int32_t jt_set_attribute_non_compulsory(jt_parser_space *space, int32_t handle,
                                                const char *service_name, const char *attribute_name);
-
-/// \}
-
-// ---- Elements ---------------------------------------------------------------------------------------------
-
-/// \defgroup elements Elements
-///
-/// Everything in a template by handle: its header, its section, the services, invocations, attributes and
-/// values of all of them, with their comments, statuses and the texts behind these. Each is an element and has
-/// a handle like a template's. The state of a walk is the handle that the caller holds, so walks do not disturb
-/// each other, and no cursor moves:
-///
-/// ```c
-/// for (int32_t child = jt_first_child(s, job); child != 0; child = jt_next_sibling(s, child)) ...
-/// ```
-///
-/// A handle lives as long as its element: until that, or one that it is in, is deleted or destroyed, or, for a
-/// value, until it is replaced. What a template holds is found below its handle; its header and its section
-/// are asked for by calls of their own. Elements of any depth are told apart by jt_element_kind().
-/// \{
-
-/// What jt_element_flags() adds up.
-enum {
-  JT_ELEMENT_NON_COMPULSORY = 1,  ///< An attribute with a star.
-  JT_ELEMENT_TYPE_UNKNOWN = 2,    ///< Nothing is known of its type but the name.
-  JT_ELEMENT_OVERRIDDEN = 4       ///< There is a text behind its status, see jt_element_status_text().
-};
-
-/// The template that an element belongs to.
-///
-/// \of_element
-/// \return The template's handle, of the template itself too; 0 on failure.
-JT_API int32_t jt_root(jt_parser_space *space, int32_t element);
-
-/// The header of a template: an element of kind #JT_NODE_HEADER_QUESTION, #JT_NODE_HEADER_PLAIN or
-/// #JT_NODE_HEADER_EXCLAIM, whose children are its attributes.
-///
-/// \of_template
-/// \return Its handle; 0 on failure, and without a report when there is no header.
-JT_API int32_t jt_header(jt_parser_space *space, int32_t handle);
-
-/// The section of a template: an element of kind #JT_NODE_TEMPLATE, whose children are its services.
-/// The calls on services, invocations, attributes and statuses take its handle for that of a template.
-///
-/// \of_template
-/// \return Its handle; 0 on failure, and without a report when there is no section.
-JT_API int32_t jt_section(jt_parser_space *space, int32_t handle);
-
-/// The word behind `SIL` in a header.
-///
-/// \of_template
-/// \return A new text; null on failure, and without a report when there is no header.
-/// \errors `MEMORY ERROR: allocation error`.
-/// \owner The caller: jt_destroy_value_string() or `free`.
-/// \cost O(its length).
-JT_API char *jt_header_version(jt_parser_space *space, int32_t handle);
-
-/// The last word of a header.
-///
-/// \of_template
-/// \return A new text; null on failure, and without a report when there is no header.
-/// \errors `MEMORY ERROR: allocation error`.
-/// \owner The caller: jt_destroy_value_string() or `free`.
-/// \cost O(its length).
-JT_API char *jt_header_identifier(jt_parser_space *space, int32_t handle);
-
-/// The element that holds another one: a value's attribute, an attribute's invocation or header, an
-/// invocation's service, a service's template or section, and the template of a section or header.
-///
-/// \of_element
-/// \return Its handle; 0 on failure, and without a report for a template.
-JT_API int32_t jt_parent(jt_parser_space *space, int32_t element);
-
-/// The first of the elements that one holds.
-///
-/// \of_element
-/// \return Its handle; 0 on failure, and without a report when there is none.
-JT_API int32_t jt_first_child(jt_parser_space *space, int32_t element);
-
-/// The element behind another one below the same parent.
-///
-/// \of_element
-/// \return Its handle; 0 on failure, and without a report behind the last one, and for a template, its header
-/// and its section.
-JT_API int32_t jt_next_sibling(jt_parser_space *space, int32_t element);
-
-/// The first child of that name.
-///
-/// \of_element
-/// \param name  The name, letters folded. Null or empty: no child has it.
-/// \return Its handle; 0 on failure, and without a report when there is none.
-JT_API int32_t jt_find_child(jt_parser_space *space, int32_t element, const char *name);
-
-/// What an element is.
-///
-/// \of_element
-/// \return One of the JT_NODE_ numbers; -1 on failure.
-JT_API int32_t jt_element_kind(jt_parser_space *space, int32_t element);
-
-/// The name of a service, an invocation or an attribute.
-///
-/// \of_element
-/// \return A new text; null on failure, and without a report when the element has no name: an unnamed
-/// invocation, a value, a template, its header and its section.
-/// \errors `MEMORY ERROR: allocation error`.
-/// \owner The caller: jt_destroy_name() or `free`.
-/// \cost O(its length).
-JT_API char *jt_element_name(jt_parser_space *space, int32_t element);
-
-/// The name of an element's type, as the type tables spell it or, where it is unknown, as it was written. A value
-/// has that of its attribute, an invocation that of the service whose types its attributes have.
-///
-/// \of_element
-/// \return A new text; null on failure, and without a report where there is no name.
-/// \errors `MEMORY ERROR: allocation error`.
-/// \owner The caller: jt_destroy_value_string() or `free`.
-/// \cost O(its length).
-JT_API char *jt_element_type(jt_parser_space *space, int32_t element);
-
-/// A value as a text, without quotes and escapes: of a known type as it is written, else as it was read.
-///
-/// \of_element
-/// \return A new text; null on failure, and without a report for all other elements.
-/// \errors `SYSTEM ERROR: no deval function for:` + type name; `MEMORY ERROR: allocating for pending value` +
-/// value; those of the type (see \ref values).
-/// \owner The caller: jt_destroy_value_string() or `free`.
-/// \cost O(its length).
-JT_API char *jt_element_value_text(jt_parser_space *space, int32_t element);
-
-/// The comment of an element: lines that begin with `#` and end with a line feed, as they were read.
-///
-/// \of_element
-/// \return A new text; null on failure, and without a report when there is no comment.
-/// \errors `MEMORY ERROR: allocation error`.
-/// \owner The caller: jt_destroy_value_string() or `free`.
-/// \cost O(its length).
-JT_API char *jt_element_comment(jt_parser_space *space, int32_t element);
-
-/// A copy of the status of a service, an invocation or an attribute.
-///
-/// \of_element
-/// \return The copy; null on failure, and without a report when there is no status.
-/// \errors `MEMORY ERROR: allocation error`.
-/// \owner The caller: jt_destroy_status() or `free`.
-JT_API jt_status *jt_element_status(jt_parser_space *space, int32_t element);
-
-/// The text behind a status: what stood in its braces, or the value that jt_override_attribute_value() has
-/// replaced.
-///
-/// \of_element
-/// \return A new text; null on failure, and without a report when there is none.
-/// \errors `MEMORY ERROR: allocation error`.
-/// \owner The caller: jt_destroy_value_string() or `free`.
-/// \cost O(its length).
-JT_API char *jt_element_status_text(jt_parser_space *space, int32_t element);
-
-/// What else there is to know of an element.
-///
-/// \of_element
-/// \return The sum of the JT_ELEMENT_ numbers that hold; -1 on failure.
-JT_API int32_t jt_element_flags(jt_parser_space *space, int32_t element);
 
 /// \}
 
@@ -1174,6 +1016,175 @@ JT_API jt_status *jt_get_invocation_status(jt_parser_space *space, int32_t handl
 /// \owner The caller: jt_destroy_status() or `free`.
 JT_API jt_status *jt_get_attribute_status(jt_parser_space *space, int32_t handle, const char *service_name,
                                           const char *attribute_name);
+
+/// \}
+
+// ---- Elements ---------------------------------------------------------------------------------------------
+
+/// \defgroup elements Elements
+///
+/// Everything in a template by handle: its header, its section, the services, invocations, attributes and
+/// values of all of them, with their comments, statuses and the texts behind these. Each is an element and
+/// has a handle like a template's. These calls change nothing. The state of a walk is the handle that the
+/// caller holds, so walks do not disturb each other, and no cursor moves:
+///
+/// ```c
+/// for (int32_t child = jt_first_child(s, job); child != 0; child = jt_next_sibling(s, child)) ...
+/// ```
+///
+/// A handle lives as long as its element: until that, or one that it is in, is deleted or destroyed, or, for
+/// a value, until it is replaced. Then it fails, until its slot is taken by a new node. A header and a
+/// section are no children of their template; jt_header() and jt_section() find them. Elements of any depth
+/// are told apart by jt_element_kind().
+/// \{
+
+/// What jt_element_flags() adds up.
+enum {
+  JT_ELEMENT_NON_COMPULSORY = 1,  ///< An attribute with a star.
+  JT_ELEMENT_TYPE_UNKNOWN = 2,    ///< Of its type nothing is known but the name.
+  JT_ELEMENT_OVERRIDDEN = 4       ///< There is a text behind its status, see jt_element_status_text().
+};
+
+/// The template that an element belongs to.
+///
+/// \of_element
+/// \return The template's handle, of the template itself too; 0 on failure. Of a node that is linked to no
+/// template, the one at the top.
+JT_API int32_t jt_root(jt_parser_space *space, int32_t element);
+
+/// The header of a template: an element of kind #JT_NODE_HEADER_QUESTION, #JT_NODE_HEADER_PLAIN or
+/// #JT_NODE_HEADER_EXCLAIM, whose children are the attributes that the author gave it. Its version and its
+/// identifier are not among them; its encoding is always `ASCII`.
+///
+/// \of_template
+/// \return Its handle; 0 on failure, and without a report when there is no header, as for every section.
+JT_API int32_t jt_header(jt_parser_space *space, int32_t handle);
+
+/// The section of a template: an element of kind #JT_NODE_TEMPLATE, whose children are its services.
+/// The calls on services, invocations, attributes and statuses take its handle for that of a template. Of the
+/// others, jt_destroy_template() destroys the whole template that it is in, and jt_encode_template() fails
+/// with `SYSTEM ERROR: Language Version is missing`: what is written is the whole.
+///
+/// \of_template
+/// \return Its handle; 0 on failure, and without a report when there is no section, as for every section.
+JT_API int32_t jt_section(jt_parser_space *space, int32_t handle);
+
+/// The version of a header: the word behind `SIL`.
+///
+/// \of_template
+/// \return A new text; null on failure, and without a report when there is no header.
+/// \errors `MEMORY ERROR: allocation error`.
+/// \owner The caller: jt_destroy_value_string() or `free`.
+/// \cost O(its length).
+JT_API char *jt_header_version(jt_parser_space *space, int32_t handle);
+
+/// The identifier of a header: its last word.
+///
+/// \of_template
+/// \return A new text; null on failure, and without a report when there is no header.
+/// \errors `MEMORY ERROR: allocation error`.
+/// \owner The caller: jt_destroy_value_string() or `free`.
+/// \cost O(its length).
+JT_API char *jt_header_identifier(jt_parser_space *space, int32_t handle);
+
+/// The element that holds another one: a value's attribute, an attribute's invocation or header, an
+/// invocation's service, a service's template or section, and the template of a section or header.
+///
+/// \of_element
+/// \return Its handle; 0 on failure, and without a report for a template.
+JT_API int32_t jt_parent(jt_parser_space *space, int32_t element);
+
+/// The first of the elements that one holds.
+///
+/// \of_element
+/// \return Its handle; 0 on failure, and without a report when there is none.
+JT_API int32_t jt_first_child(jt_parser_space *space, int32_t element);
+
+/// The element behind another one below the same parent.
+///
+/// \of_element
+/// \return Its handle; 0 on failure, and without a report behind the last one, and for a template, its header
+/// and its section.
+JT_API int32_t jt_next_sibling(jt_parser_space *space, int32_t element);
+
+/// The first child of that name.
+///
+/// \of_element
+/// \param name  The name. Null or empty: no child has it.
+/// \return Its handle; 0 on failure, and without a report when there is none.
+JT_API int32_t jt_find_child(jt_parser_space *space, int32_t element, const char *name);
+
+/// What an element is.
+///
+/// \of_element
+/// \return One of the JT_NODE_ numbers; -1 on failure.
+JT_API int32_t jt_element_kind(jt_parser_space *space, int32_t element);
+
+/// The name of a service, an invocation or an attribute.
+///
+/// \of_element
+/// \return A new text; null on failure, and without a report when the element has no name: an unnamed
+/// invocation, a value (but for one of create_typed_node()), a template, its header and its section.
+/// \errors `MEMORY ERROR: allocation error`.
+/// \owner The caller: jt_destroy_name() or `free`.
+/// \cost O(its length).
+JT_API char *jt_element_name(jt_parser_space *space, int32_t element);
+
+/// The name of an element's type, as the type tables spell it or, where it is unknown, as it was given. A
+/// value has that of its attribute. An invocation has that of the service whose types its attributes have;
+/// where no such service is known, the name of its own service.
+///
+/// \of_element
+/// \return A new text; null on failure, and without a report where there is no name.
+/// \errors `MEMORY ERROR: allocation error`.
+/// \owner The caller: jt_destroy_value_string() or `free`.
+/// \cost O(its length).
+JT_API char *jt_element_type(jt_parser_space *space, int32_t element);
+
+/// A value as a text, without quotes and escapes: of a known type as it is written, else as it was given.
+///
+/// \of_element
+/// \return A new text; null on failure, and without a report for all other elements and for a value that has
+/// none, see create_typed_node().
+/// \errors `SYSTEM ERROR: no deval function for:` + type name; `MEMORY ERROR: allocating for pending value` +
+/// value; those of the type (see \ref values).
+/// \owner The caller: jt_destroy_value_string() or `free`.
+/// \cost O(its length).
+JT_API char *jt_element_value_text(jt_parser_space *space, int32_t element);
+
+/// The comment of an element, as it was read: lines that begin with `#` and end with a line feed. With what
+/// add_comment() appended.
+///
+/// \of_element
+/// \return A new text; null on failure, and without a report when there is no comment.
+/// \errors `MEMORY ERROR: allocation error`.
+/// \owner The caller: jt_destroy_value_string() or `free`.
+/// \cost O(its length).
+JT_API char *jt_element_comment(jt_parser_space *space, int32_t element);
+
+/// A copy of the status of a service, an invocation or an attribute.
+///
+/// \of_element
+/// \return The copy; null on failure, and without a report when there is no status.
+/// \errors `MEMORY ERROR: allocation error`.
+/// \owner The caller: jt_destroy_status() or `free`.
+JT_API jt_status *jt_element_status(jt_parser_space *space, int32_t element);
+
+/// The text behind a status: what stood in its braces, or the value that jt_override_attribute_value() has
+/// replaced.
+///
+/// \of_element
+/// \return A new text; null on failure, and without a report when there is none.
+/// \errors `MEMORY ERROR: allocation error`.
+/// \owner The caller: jt_destroy_value_string() or `free`.
+/// \cost O(its length).
+JT_API char *jt_element_status_text(jt_parser_space *space, int32_t element);
+
+/// What else there is to know of an element.
+///
+/// \of_element
+/// \return The sum of the JT_ELEMENT_ numbers that hold; -1 on failure.
+JT_API int32_t jt_element_flags(jt_parser_space *space, int32_t element);
 
 /// \}
 

@@ -13,7 +13,7 @@
 ///
 /// What jt.h says about names, texts, cursors, types and messages holds here too; its name stands behind what
 /// is only passed on. The chapters: texts; messages, errors and results; records of values; values; statuses;
-/// services; ranges; templates; sessions.
+/// services; ranges; elements; templates; sessions.
 
 /// \defgroup cpp_conventions What holds for every call in C++
 ///
@@ -24,9 +24,9 @@
 /// each call on it fails. get() shows what jt.h calls it, for use with the calls there; release() gives it
 /// up.
 ///
-/// **Order.** Owners may go in any order. When a Session goes, everything in it goes, as in C; a Template or
-/// a Service that is still there then fails each call with `CALL ERROR: no session ...`, and goes silently.
-/// Values, Statuses and Texts remain good.
+/// **Order.** Owners may go in any order. When a Session goes, everything in it goes, as in C; a Template, a
+/// Service or an Element that is still there then fails each call with `CALL ERROR: no session ...`, and goes
+/// silently. Values, Statuses and Texts remain good.
 ///
 /// **Threads.** What was made in a session belongs to the thread of the session, its destruction included.
 ///
@@ -537,7 +537,7 @@ class Link {
     return *this;
   }
   ~Link() {
-    if (space_ != nullptr && --space_->holders == 0) delete space_;
+    if (space_ != nullptr) leave(*space_);
   }
 
   jt_parser_space *raw() const noexcept { return space_ != nullptr ? space_->raw : nullptr; }
@@ -600,6 +600,11 @@ class Link {
     } else {
       return true;
     }
+  }
+
+  /// Not inlined: a compiler that sees many shares of one space go takes each for the last and warns.
+  [[gnu::noinline]] static void leave(Space &space) noexcept {
+    if (--space.holders == 0) delete &space;
   }
 
   Space *space_ = nullptr;
@@ -1503,6 +1508,188 @@ inline Result<Value> Service::value(const TextArgument &attribute) const noexcep
 
 /// \}
 
+// ---- Elements ---------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_elements Elements
+///
+/// Everything in a template as objects that can be kept and copied: Template::root() gives the first, which
+/// leads to all others. An Element is a session and a handle, and owns nothing; what jt.h says about the life
+/// of a handle holds for it. A walk over children() is the iterator's own, so walks do not disturb each
+/// other, and no cursor moves.
+/// \{
+
+/// What an element is.
+enum class ElementKind : std::int32_t {
+  none = -1,                                  ///< no element
+  template_or_section = JT_NODE_TEMPLATE,     ///< a template, or the section in one
+  service = JT_NODE_SERVICE,                  ///< in a template or a section
+  invocation = JT_NODE_INVOCATION,            ///< in a service
+  attribute = JT_NODE_ATTRIBUTE,              ///< in an invocation or a header
+  value = JT_NODE_VALUE,                      ///< in an attribute
+  unread_header = JT_NODE_HEADER,             ///< a header that no text gave a form
+  question_header = JT_NODE_HEADER_QUESTION,  ///< `<? SIL`
+  plain_header = JT_NODE_HEADER_PLAIN,        ///< `< SIL`
+  exclaim_header = JT_NODE_HEADER_EXCLAIM     ///< `<! SIL`
+};
+
+class Elements;
+
+/// An element of a template. Where there is none to give, an empty one is given.
+class Element {
+ public:
+  /// No element: tests false, and each call on it fails.
+  Element() noexcept = default;
+
+  /// An element of jt.h.
+  Element(const Session &session, std::int32_t handle) noexcept;
+
+  /// What it is; ElementKind::none when there is no such element. jt_element_kind()
+  ElementKind kind() const noexcept {
+    const std::int32_t kind = jt_element_kind(link_.raw(), handle_);
+    link_.answer(kind >= 0);
+    return link_.raw() != nullptr ? static_cast<ElementKind>(kind) : ElementKind::none;
+  }
+
+  /// The name of a service, an invocation or an attribute. Fails with Category::none when there is none.
+  /// jt_element_name()
+  Result<Text> name() const noexcept { return text_of(jt_element_name); }
+  /// The name of its type. Fails with Category::none when there is none. jt_element_type()
+  Result<Text> type() const noexcept { return text_of(jt_element_type); }
+  /// A value as a text. Fails with Category::none for all other elements. jt_element_value_text()
+  Result<Text> value_text() const noexcept { return text_of(jt_element_value_text); }
+  /// Its comment, in lines. Fails with Category::none when there is none. jt_element_comment()
+  Result<Text> comment() const noexcept { return text_of(jt_element_comment); }
+  /// Its status. Fails with Category::none when there is none. jt_element_status()
+  Result<Status> status() const noexcept {
+    return link_.made<Status>(jt_element_status(link_.raw(), handle_), link_);
+  }
+  /// The text behind its status. Fails with Category::none when there is none. jt_element_status_text()
+  Result<Text> status_text() const noexcept { return text_of(jt_element_status_text); }
+
+  /// Whether it is an attribute with a star. jt_element_flags()
+  bool is_non_compulsory() const noexcept { return has_flag(JT_ELEMENT_NON_COMPULSORY); }
+  /// Whether nothing is known of its type but the name. jt_element_flags()
+  bool is_type_unknown() const noexcept { return has_flag(JT_ELEMENT_TYPE_UNKNOWN); }
+  /// Whether there is a text behind its status. jt_element_flags()
+  bool is_overridden() const noexcept { return has_flag(JT_ELEMENT_OVERRIDDEN); }
+
+  /// The template that it belongs to. jt_root()
+  Element root() const noexcept { return found(jt_root); }
+  /// The element that holds it; none of a template. jt_parent()
+  Element parent() const noexcept { return found(jt_parent); }
+  /// The first of the elements that it holds. jt_first_child()
+  Element first_child() const noexcept { return found(jt_first_child); }
+  /// The element behind it below the same parent. jt_next_sibling()
+  Element next_sibling() const noexcept { return found(jt_next_sibling); }
+  /// A walk over the elements that it holds.
+  Elements children() const noexcept;
+  /// The first child of that name. jt_find_child()
+  Element find(const TextArgument &name) const noexcept {
+    if (!link_.admits(name)) return at(0);
+    return at(jt_find_child(link_.raw(), handle_, name.c_str()));
+  }
+
+  /// The header of a template. jt_header()
+  Element header() const noexcept { return found(jt_header); }
+  /// The section of a template. jt_section()
+  Element section() const noexcept { return found(jt_section); }
+  /// The version in the header of a template. Fails with Category::none without a header. jt_header_version()
+  Result<Text> header_version() const noexcept { return text_of(jt_header_version); }
+  /// The identifier in the header of a template. Fails with Category::none without a header.
+  /// jt_header_identifier()
+  Result<Text> header_identifier() const noexcept { return text_of(jt_header_identifier); }
+
+  /// Whether this names an element; no call is made, so it may have died.
+  explicit operator bool() const noexcept { return handle_ != 0; }
+  /// Its handle, 0 when there is none.
+  std::int32_t get() const noexcept { return handle_; }
+  /// The same element of the same session, or none of it.
+  friend bool operator==(const Element &a, const Element &b) noexcept {
+    return a.handle_ == b.handle_ && a.link_.raw() == b.link_.raw();
+  }
+
+ private:
+  friend class Elements;
+  friend class Template;
+
+  Element(detail::Link link, std::int32_t handle) noexcept : link_(std::move(link)), handle_(handle) {}
+
+  Element at(std::int32_t handle) const noexcept {
+    link_.answer(handle);
+    return {link_, handle};
+  }
+  Element found(std::int32_t (*call)(jt_parser_space *, std::int32_t)) const noexcept {
+    return at(call(link_.raw(), handle_));
+  }
+  Result<Text> text_of(char *(*call)(jt_parser_space *, std::int32_t)) const noexcept {
+    return link_.made<Text>(call(link_.raw(), handle_));
+  }
+  bool has_flag(std::int32_t flag) const noexcept {
+    const std::int32_t flags = jt_element_flags(link_.raw(), handle_);
+    return link_.answer(flags >= 0 && (flags & flag) != 0);
+  }
+
+  detail::Link link_;
+  std::int32_t handle_ = 0;
+};
+
+/// The elements that one holds, as a forward range: any number of walks, which may be copied, left and taken
+/// up again. A walk goes on from its element, so that must still be there for the next step; a change of
+/// others ends no walk.
+class Elements {
+ public:
+  /// The children of an element.
+  explicit Elements(Element parent) noexcept : parent_(std::move(parent)) {}
+
+  /// A place in a walk.
+  class Iterator {
+   public:
+    using iterator_concept = std::forward_iterator_tag;  ///< any number of walks
+    using value_type = Element;                          ///< what it stands on
+    using difference_type = std::ptrdiff_t;              ///< as every iterator has it
+
+    /// Behind the last.
+    Iterator() noexcept = default;
+    /// On that element.
+    explicit Iterator(Element at) noexcept : at_(std::move(at)) {}
+
+    /// The element.
+    Element operator*() const noexcept { return at_; }
+    /// A member of the element.
+    const Element *operator->() const noexcept { return &at_; }
+    /// To the next sibling.
+    Iterator &operator++() noexcept {
+      at_.handle_ = at_.next_sibling().get();
+      return *this;
+    }
+    /// To the next sibling; gives the place before.
+    Iterator operator++(int) noexcept {
+      Iterator before = *this;
+      ++*this;
+      return before;
+    }
+    /// The same place.
+    friend bool operator==(const Iterator &a, const Iterator &b) noexcept { return a.at_ == b.at_; }
+    /// Behind the last.
+    friend bool operator==(const Iterator &at, std::default_sentinel_t) noexcept { return !at.at_; }
+
+   private:
+    Element at_;
+  };
+
+  /// On the first. jt_first_child()
+  Iterator begin() const noexcept { return Iterator(parent_.first_child()); }
+  /// Behind the last.
+  std::default_sentinel_t end() const noexcept { return {}; }
+
+ private:
+  Element parent_;
+};
+
+inline Elements Element::children() const noexcept { return Elements(*this); }
+
+/// \}
+
 // ---- Templates --------------------------------------------------------------------------------------------
 
 /// \defgroup cpp_templates Templates
@@ -1550,6 +1737,13 @@ class Template {
     if (!added) return added.error();
     return service(name);
   }
+
+  /// The template as an element, from which all others are reached; no call is made.
+  Element root() const noexcept { return {link_, handle_}; }
+  /// Its header; empty when there is none. jt_header()
+  Element header() const noexcept { return root().header(); }
+  /// Its section; empty when there is none. jt_section()
+  Element section() const noexcept { return root().section(); }
 
   /// Whether there is a template.
   explicit operator bool() const noexcept { return handle_ != 0; }
@@ -1674,6 +1868,7 @@ class Session {
   friend class Value;
   friend class Status;
   friend class Template;
+  friend class Element;
 
   Result<Template> template_of(std::int32_t handle) const noexcept {
     if (handle == 0) return link_.failure();
@@ -1696,6 +1891,9 @@ inline Status::Status(const Session &session, jt_status *owned) noexcept : Statu
 
 inline Template::Template(const Session &session, std::int32_t owned) noexcept
     : Template(session.link_, owned) {}
+
+inline Element::Element(const Session &session, std::int32_t handle) noexcept
+    : Element(session.link_, handle) {}
 
 /// \}
 

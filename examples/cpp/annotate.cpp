@@ -11,8 +11,7 @@ int main() {
   jt_parser_space *const space = session.get();
   jt_node *const service = get_child(space, opaque_to_node(space, job->get()), "Scanner");
   jt_node *const sides = get_child(space, get_child(space, service, "Letter"), "Sides");
-  const bool done = add_comment(space, service, "# Both sides, because paper is dear.\n") &&
-                    add_comment(space, sides, "# Was ONE_SIDED.\n");
-  if (done) std::fputs(job->encode()->c_str(), stdout);
-  return done ? 0 : 1;
+  if (!add_comment(space, service, "# Both sides, because paper is dear.\n")) return 1;
+  if (!add_comment(space, sides, "# Was ONE_SIDED.\n")) return 1;
+  std::fputs(job->encode()->c_str(), stdout);
 }

@@ -14,21 +14,20 @@ std::int32_t handle_of(const jt_node *node) {
 
 bool is_template(const jt_node &node) { return node.node_class == JT_NODE_TEMPLATE; }
 
-// The section's and the header's previous sibling is the root; a root's is its header, or there is none.
+// The previous sibling of a section is the root; that of a root is its header, or there is none.
 bool is_section(const jt_node &node) {
   return is_template(node) && node.previous_sibling != nullptr && is_template(*node.previous_sibling);
 }
 
-// Templates, headers and sections are linked in a ring of their own: their links are no parents or siblings.
+// Root, header and section are linked beside each other: these links are not those of siblings.
 const jt_node *parent_of(const jt_node &node) {
   if (is_header(node) || is_section(node)) return node.previous_sibling;
   if (is_header_attribute(node)) return node.first_child;
   return node.parent;
 }
 
-bool has_siblings(const jt_node &node) {
-  return !is_header(node) && !is_template(node) && !is_header_attribute(node);
-}
+// The parent link of a header holds the first of its three words.
+bool has_siblings(const jt_node &node) { return node.parent != nullptr && !is_header(node); }
 
 const jt_node *first_child_of(const jt_node &node) {
   return is_header_attribute(node) ? nullptr : node.first_child;
@@ -43,7 +42,10 @@ char *copy_if_there(jt_parser_space *space, const char *text) {
   return text != nullptr ? copy_text(space, text) : nullptr;
 }
 
-// The text of one of the header's three words, by its number.
+constexpr int kVersionWord = 0;
+constexpr int kIdentifierWord = 2;
+
+// The text of one of the header's three words, by its number. There are fewer when one was moved away.
 char *copy_header_word(jt_parser_space *space, const jt_node &root, int number) {
   const jt_node *const header = root.previous_sibling;
   if (header == nullptr || !is_header(*header)) return nullptr;
@@ -51,9 +53,6 @@ char *copy_header_word(jt_parser_space *space, const jt_node &root, int number) 
   for (; word != nullptr && number > 0; --number) word = word->next_sibling;
   return word != nullptr ? copy_if_there(space, reinterpret_cast<const char *>(word->value)) : nullptr;
 }
-
-constexpr int kVersionWord = 0;
-constexpr int kIdentifierWord = 2;
 
 Frame in_element(jt_parser_space *space, std::int32_t handle) { return Frame(space).in_element(handle); }
 

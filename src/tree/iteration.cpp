@@ -1,6 +1,7 @@
 // Walking the children of a node with the cursor that the node keeps. A read returns a copy that the caller
 // owns; whether it moves the cursor on depends on how far it came.
 #include "tree/iteration.h"
+
 #include "base/error_store.h"
 #include "base/memory.h"
 #include "tree/links.h"
@@ -70,7 +71,8 @@ jt_node *first_of(jt_node *parent) { return parent != nullptr ? parent->first_ch
 }  // namespace
 
 char *copy_text_of_value(jt_parser_space *space, const jt_node &node) {
-  return node.node_class == JT_NODE_VALUE ? read_value_text(space, node, node).result : nullptr;
+  const bool has_text = node.node_class == JT_NODE_VALUE && node.value != nullptr;
+  return has_text ? read_value_text(space, node, node).result : nullptr;
 }
 
 }  // namespace jt_core

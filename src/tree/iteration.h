@@ -1,5 +1,5 @@
-// Reading children with the cursor of their parent: the exported functions are in iteration.cpp. This is what
-// they share with calls that need no cursor. tests/tree/iteration_test.cpp
+// What the functions that read children at a cursor, all in iteration.cpp and exported, share with calls that
+// need no cursor. tests/api/element_test.cpp
 #ifndef JT_TREE_ITERATION_H
 #define JT_TREE_ITERATION_H
 
@@ -7,8 +7,8 @@
 
 namespace jt_core {
 
-// A copy of the text of a value, or of the text that stands for one of unknown type; null after reports when
-// there is none, and for any other node.
+// A copy of the text of a value, or of the text that stands for one of unknown type. Null after reports where
+// that fails, and without one for a value that has neither and for any other node.
 char *copy_text_of_value(jt_parser_space *space, const jt_node &node);
 
 }  // namespace jt_core

@@ -1,5 +1,6 @@
-// The frame that all calls on a template share, tested as a product: every call with every step that it can
-// fail at. Each case checks the result, the status, all messages, and that the template encodes as before.
+// The frame that all calls on a template or an element share, tested as a product: every call with every step
+// that it can fail at. Each case checks the result, the status, all messages, and that the template encodes
+// as before.
 #include <functional>
 #include <string>
 #include <vector>
@@ -9,8 +10,8 @@
 namespace jt_test {
 namespace {
 
-// How far a call resolves its arguments before its effect.
-enum class Depth { kTemplate, kService, kInvocation, kAttribute };
+// How far a call resolves its arguments before its effect. A call on an element takes any live handle.
+enum class Depth { kElement, kTemplate, kService, kInvocation, kAttribute };
 
 // What a call asks of its own arguments before it resolves anything.
 enum class Own { kNothing, kName, kValue, kBothValues };
@@ -56,6 +57,23 @@ Call call(const char *name, Depth depth, Function function, Own own = Own::kNoth
 const std::vector<Call> &calls() {
   using A = const Arguments &;
   static const std::vector<Call> all = {
+      call("jt_root", Depth::kElement, [](A a) { return jt_root(a.space, a.handle) != 0; }),
+      call("jt_parent", Depth::kElement, [](A a) { return jt_parent(a.space, a.handle) != 0; }),
+      call("jt_first_child", Depth::kElement, [](A a) { return jt_first_child(a.space, a.handle) != 0; }),
+      call("jt_next_sibling", Depth::kElement, [](A a) { return jt_next_sibling(a.space, a.handle) != 0; }),
+      call("jt_find_child", Depth::kElement, [](A a) { return jt_find_child(a.space, a.handle, a.service) != 0; }),
+      call("jt_element_kind", Depth::kElement, [](A a) { return jt_element_kind(a.space, a.handle) >= 0; }),
+      call("jt_element_flags", Depth::kElement, [](A a) { return jt_element_flags(a.space, a.handle) >= 0; }),
+      call("jt_element_name", Depth::kElement, [](A a) { return given(jt_element_name(a.space, a.handle)); }),
+      call("jt_element_type", Depth::kElement, [](A a) { return given(jt_element_type(a.space, a.handle)); }),
+      call("jt_element_value_text", Depth::kElement, [](A a) { return given(jt_element_value_text(a.space, a.handle)); }),
+      call("jt_element_comment", Depth::kElement, [](A a) { return given(jt_element_comment(a.space, a.handle)); }),
+      call("jt_element_status_text", Depth::kElement, [](A a) { return given(jt_element_status_text(a.space, a.handle)); }),
+      call("jt_element_status", Depth::kElement, [](A a) { return given(static_cast<void *>(jt_element_status(a.space, a.handle))); }),
+      call("jt_header", Depth::kTemplate, [](A a) { return jt_header(a.space, a.handle) != 0; }),
+      call("jt_section", Depth::kTemplate, [](A a) { return jt_section(a.space, a.handle) != 0; }),
+      call("jt_header_version", Depth::kTemplate, [](A a) { return given(jt_header_version(a.space, a.handle)); }),
+      call("jt_header_identifier", Depth::kTemplate, [](A a) { return given(jt_header_identifier(a.space, a.handle)); }),
       call("jt_destroy_template", Depth::kTemplate, [](A a) { return jt_destroy_template(a.space, a.handle) != 0; }),
       call("jt_encode_template", Depth::kTemplate, [](A a) { return given(jt_encode_template(a.space, a.handle)); }),
       call("jt_add_service", Depth::kTemplate, [](A a) { return jt_add_service(a.space, a.handle, "service", "New") != 0; }),
@@ -117,8 +135,7 @@ const char *const kBadHandle = "CALL ERROR: not a valid handle ...";
 const char *const kNotATemplate = "CALL ERROR: not a template ...";
 
 Fault bad_handle(const char *name, int32_t handle) {
-  return {
-      name, Depth::kTemplate, [handle](Arguments &a) { a.handle = handle; }, {kUnknownMarker, kBadHandle}};
+  return {name, Depth::kElement, [handle](Arguments &a) { a.handle = handle; }, {kUnknownMarker, kBadHandle}};
 }
 
 Fault inner_node(const char *name, int32_t handle) {
@@ -133,7 +150,7 @@ const std::vector<Fault> &faults() {
       bad_handle("HandleNeverGiven", -5000),
       bad_handle("LowestHandle", INT32_MIN),
       {"DestroyedHandle",
-       Depth::kTemplate,
+       Depth::kElement,
        [](Arguments &a) {
          a.handle = jt_create_template(a.space);
          jt_destroy_template(a.space, a.handle);
@@ -365,6 +382,14 @@ TEST_P(EveryNamingCall, AsksForTheNameBeforeAnyOtherStep) {
 constexpr char kWithSection[] =
     "<? SIL 4.2.00 ASCII job-1 > string Owner = me; < ? > [ service Inside ] end < /? > < /SIL >";
 
+std::vector<Call> calls_on_templates() {
+  std::vector<Call> found;
+  for (const Call &call : calls()) {
+    if (call.depth >= Depth::kTemplate) found.push_back(call);
+  }
+  return found;
+}
+
 class EveryCallAroundAHeader : public SessionTest, public ::testing::WithParamInterface<Call> {};
 
 TEST_P(EveryCallAroundAHeader, RefusesWhatIsNoTemplate) {
@@ -382,7 +407,7 @@ TEST_P(EveryCallAroundAHeader, RefusesWhatIsNoTemplate) {
   EXPECT_EQ(encoded(root), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Frame, EveryCallAroundAHeader, ::testing::ValuesIn(calls()), call_name);
+INSTANTIATE_TEST_SUITE_P(Frame, EveryCallAroundAHeader, ::testing::ValuesIn(calls_on_templates()), call_name);
 
 class FrameOfASection : public SessionTest {};
 

@@ -146,6 +146,99 @@ TEST(Outline, NeedsAFileThatCanBeRead) {
 
 TEST(Outline, NeedsAFile) { expect_failure(run_client("outline", {}), "USAGE: outline FILE\n"); }
 
+// ---- everything ----
+
+TEST(Everything, PrintsHeaderSectionAndServices) {
+  expect_output(run_client("everything", {example("header_question_section.sil")}),
+                "template 4.2.00 ask-first\n"
+                "# The section says what the device should ask for; the body what it does.\n"
+                "  <? sil_header\n"
+                "  template\n"
+                "    service kmt_dscrpt_metadata Questions\n"
+                "      invocation kmt_dscrpt_metadata Invoice\n"
+                "        attribute string Label\n"
+                "          value string Invoice number\n"
+                "  service kmt_svc_scan Scanner\n"
+                "    invocation kmt_svc_scan\n"
+                "      attribute enum_inputsource InputSource\n"
+                "        value enum_inputsource ADH\n");
+}
+
+TEST(Everything, PrintsTheAttributesOfAHeader) {
+  expect_output(run_client("everything", {example("header_exclaim_section.sil")}),
+                "template 4.2.00 settings\n"
+                "# All services stand in the section; there is no body.\n"
+                "  <! sil_header\n"
+                "    attribute string Device\n"
+                "      value string Second floor\n"
+                "  template\n"
+                "    service kmt_svc_paperware Forms\n"
+                "      invocation kmt_svc_paperware\n"
+                "        attribute ref_collection Trays\n"
+                "          value ref_collection Upper\n"
+                "          value ref_collection Lower\n"
+                "        attribute real Weight\n"
+                "          value real 80.000000\n"
+                "          value real 120.500000\n"
+                "    service kmt_svc_docman Store (KMT_STATUS_INSTANTIATED)\n"
+                "      invocation kmt_svc_docman\n"
+                "        attribute integer KeepDays\n"
+                "          value integer 30\n");
+}
+
+TEST(Everything, PrintsStarsStatusesAndTheTextsBehindThem) {
+  expect_output(
+      run_client("everything", {example("finished_job.sil")}),
+      "template 4.2.00 finished-job\n"
+      "# What came back: the mail went out, one folder refused, and the device changed two values.\n"
+      "  < sil_header\n"
+      "  service kmt_svc_scan Scanner (KMT_STATUS_COMPLETED)\n"
+      "    invocation kmt_svc_scan Letter (KMT_STATUS_COMPLETED)\n"
+      "      attribute enum_inputsource InputSource (KMT_STATUS_COMPLETED)\n"
+      "        value enum_inputsource DADH\n"
+      "      attribute * enum_mediasize MediaSize (KMT_STATUS_OVERRIDDEN) {ISO_A3SEF}\n"
+      "        value enum_mediasize ISO_A4SEF\n"
+      "      attribute * integer Pages (KMT_STATUS_OVERRIDDEN) {0}\n"
+      "        value integer 12\n"
+      "      attribute * enum_colormode ColorMode\n"
+      "        value enum_colormode GRAYSCALE\n"
+      "  service kmt_svc_file Archive (KMT_STATUS_ABORTED) {tries:see-log}\n"
+      "    invocation kmt_svc_file Upload (KMT_STATUS_FILING_LOGIN_FAILURE) {wrong-password}\n"
+      "      attribute enum_filingprotocol Protocol\n"
+      "        value enum_filingprotocol FTP\n"
+      "      attribute string Host (KMT_STATUS_FILING_PROTOCOL_NOT_RUNNING)\n"
+      "        value string archive.example.org\n"
+      "    invocation kmt_svc_file Retry (KMT_STATUS_IGNORED)\n"
+      "      attribute enum_filingprotocol Protocol\n"
+      "        value enum_filingprotocol SFTP\n"
+      "  service kmt_svc_email Mail (KMT_STATUS_COMPLETED)\n"
+      "    invocation kmt_svc_email\n"
+      "      attribute enum_emailprotocol Protocol\n"
+      "        value enum_emailprotocol SMTP\n");
+}
+
+TEST(Everything, PrintsACommentInFrontOfItsElement) {
+  const std::vector<std::string> lines = lines_of(run_client("everything", {example("comments.sil")}).out);
+  ASSERT_EQ(lines.size(), 83U);
+  EXPECT_EQ(lines[0], "# 28 between section and body");
+  EXPECT_EQ(lines[15], "template 4.2.00 comments");
+  EXPECT_EQ(lines[28], "  <? sil_header");
+  EXPECT_EQ(lines[31], "# 13");
+  EXPECT_EQ(lines[32], "    attribute string Owner");
+}
+
+TEST(Everything, SaysWhyAFileIsRefused) {
+  expect_failure(run_client("everything", {example("rejected/service_twice.sil")}),
+                 "SYNTAX ERROR: Trying to save multiple definitions for:SCANNER ...\n");
+  expect_failure(run_client("everything", {example("rejected/section_cut_off.sil")}),
+                 "the text is cut off\n");
+}
+
+TEST(Everything, NeedsAFileThatCanBeRead) {
+  expect_failure(run_client("everything", {example("missing.sil")}), "USAGE: everything FILE\n");
+  expect_failure(run_client("everything", {}), "USAGE: everything FILE\n");
+}
+
 // ---- change_value ----
 
 TEST(ChangeValue, ChangesOneAndKeepsTheRest) {

@@ -67,7 +67,7 @@ TEST(CppClients, WithoutArgumentsDoTheSame) {
 }
 
 TEST(CppClients, WithoutAFileDoTheSame) {
-  for (const char *client : {"check", "outline", "roundtrip"}) {
+  for (const char *client : {"check", "everything", "outline", "roundtrip"}) {
     expect_same(client, {kExamples + "missing.sil"});
     expect_same(client, {JT_SOURCE_DIR});
   }
@@ -81,7 +81,7 @@ TEST(CppClients, DoTheSameWithEveryTemplate) {
   const std::vector<std::string> files = templates();
   EXPECT_GT(files.size(), 50U);
   for (const std::string &file : files) {
-    for (const char *client : {"check", "outline", "roundtrip"}) expect_same(client, {file});
+    for (const char *client : {"check", "everything", "outline", "roundtrip"}) expect_same(client, {file});
   }
 }
 

@@ -405,6 +405,74 @@ std::vector<Scenario> setting_statuses_without_names() {
   };
 }
 
+// ---- Elements
+// -----------------------------------------------------------------------------------------------
+
+int32_t handle_of(const jt_node *node) { return bookmark_to_opaque(node->bookmark); }
+
+using ElementText = char *(*)(jt_parser_space *, int32_t);
+
+// One text of an element that is found in the world.
+Scenario element_text(const std::string &name, ElementText call, jt_node *(*find)(World &),
+                      const std::string &message) {
+  return {name,
+          [=](World &w) -> Result { return call(w.space, handle_of(find(w))); },
+          {{message}},
+          [](World &w) {
+            add_odd_attribute(w);
+            if (w.invocation()->comment == nullptr) add_comment(w.space, w.invocation(), "# a comment\n");
+          }};
+}
+
+std::vector<Scenario> element_texts() {
+  const auto root = [](World &w) { return w.root(); };
+  const auto service = [](World &w) { return w.service("Scan"); };
+  const auto invocation = [](World &w) { return w.invocation(); };
+  const auto size = [](World &w) { return w.attribute("Size"); };
+  const auto number = [](World &w) { return w.attribute("Copies")->first_child; };
+  const auto enumerated = [](World &w) { return w.attribute("Size")->first_child; };
+  const auto odd = [](World &w) { return w.attribute("Odd"); };
+  const auto pending = [](World &w) { return w.attribute("Odd")->first_child; };
+  return {
+      element_text("HeaderVersion", jt_header_version, root, kNoMemory),
+      element_text("HeaderIdentifier", jt_header_identifier, root, kNoMemory),
+      element_text("ElementName", jt_element_name, service, kNoMemory),
+      element_text("ElementType", jt_element_type, size, kNoMemory),
+      element_text("ElementOfUnknownType", jt_element_type, odd, kNoMemory),
+      element_text("PendingValueType", jt_element_type, pending, kNoMemory),
+      element_text("ElementComment", jt_element_comment, invocation, kNoMemory),
+      element_text("ElementStatusText", jt_element_status_text, invocation, kNoMemory),
+      element_text("ElementValueText", jt_element_value_text, number, kNoMemory),
+      element_text("EnumeratedValueText", jt_element_value_text, enumerated,
+                   "MEMORY ERROR: allocation error while encodingISO_A4SEF ..."),
+      element_text("PendingValueText", jt_element_value_text, pending,
+                   "MEMORY ERROR: allocating for pending valuepending ..."),
+  };
+}
+
+std::vector<Scenario> element_scenarios() {
+  const auto number = [](World &w) { return handle_of(w.attribute("Copies")->first_child); };
+  return {
+      {"Root", [=](World &w) -> Result { return jt_root(w.space, number(w)); }, {}},
+      {"Header", [](World &w) -> Result { return jt_header(w.space, w.job); }, {}},
+      {"Section", [](World &w) -> Result { return jt_section(w.space, w.job) + 1; }, {}},
+      {"Parent", [=](World &w) -> Result { return jt_parent(w.space, number(w)); }, {}},
+      {"FirstChild", [](World &w) -> Result { return jt_first_child(w.space, w.job); }, {}},
+      {"NextSibling", [=](World &w) -> Result { return jt_next_sibling(w.space, number(w)); }, {}},
+      {"FindChild", [](World &w) -> Result { return jt_find_child(w.space, w.job, "Own"); }, {}},
+      {"Kind", [=](World &w) -> Result { return jt_element_kind(w.space, number(w)); }, {}},
+      {"Flags",
+       [](World &w) -> Result { return jt_element_flags(w.space, handle_of(w.attribute("Copies"))); },
+       {}},
+      {"Status",
+       [](World &w) -> Result { return jt_element_status(w.space, handle_of(w.invocation())); },
+       {{kNoMemory}}},
+      {"OddStatus",
+       [](World &w) -> Result { return jt_element_status(w.space, handle_of(w.attribute("Size"))); },
+       {{kNoMemory}}},
+  };
+}
+
 // ---- Long lists
 // ---------------------------------------------------------------------------------------------
 
@@ -426,6 +494,10 @@ std::vector<Scenario> long_list_scenarios() {
   return {
       {"FindAmongManyAttributes",
        [](World &w) -> Result { return jt_exists_attribute(w.space, w.job, "Scan", "a19"); },
+       {kGoesOn},
+       add_many},
+      {"FindAmongManyElements",
+       [](World &w) -> Result { return jt_find_child(w.space, handle_of(w.invocation()), "a19"); },
        {kGoesOn},
        add_many},
       {"AddToManyAttributes",
@@ -468,6 +540,8 @@ INSTANTIATE_TEST_SUITE_P(Removing, Call, ::testing::ValuesIn(deleting_and_overri
 INSTANTIATE_TEST_SUITE_P(Statuses, Call, ::testing::ValuesIn(status_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(SettingStatusesWithoutNames, Call,
                          ::testing::ValuesIn(setting_statuses_without_names()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(ElementTexts, Call, ::testing::ValuesIn(element_texts()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(Elements, Call, ::testing::ValuesIn(element_scenarios()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(LongLists, Call, ::testing::ValuesIn(long_list_scenarios()), scenario_name);
 
 }  // namespace
