@@ -1,6 +1,7 @@
 #include "machines.h"
 
 #include <algorithm>
+#include <cstring>
 #include <regex>
 #include <set>
 #include <utility>
@@ -169,10 +170,8 @@ std::string expectation(const jt_core::Machine &machine, State state) {
 }
 
 std::string_view ending(const jt_core::Machine &machine, State state) {
-  const bool without = Question(false).may_end(machine, state);
-  const bool with = Question(true).may_end(machine, state);
-  if (with) return "may end here";
-  return without ? "may end here, without a header" : "";
+  if (Question(true).may_end(machine, state)) return "may end here";
+  return Question(false).may_end(machine, state) ? "may end here, without a header" : "";
 }
 
 // ---- The picture ------------------------------------------------------------------------------------------
@@ -180,28 +179,22 @@ std::string_view ending(const jt_core::Machine &machine, State state) {
 std::string escaped(std::string_view text) {
   std::string result;
   for (const char c : text) {
-    const std::string_view entity = c == '&'   ? "&amp;"
-                                    : c == '<' ? "&lt;"
-                                    : c == '>' ? "&gt;"
-                                    : c == ']' ? "&#93;"
-                                    : c == ' ' ? "&#160;"
-                                               : "";
-    if (entity.empty()) result += c;
-    result += entity;
+    if (c == ' ')
+      result += "&#160;";
+    else if (std::strchr("&<>]", c) != nullptr)
+      result += "&#" + std::to_string(c) + ";";
+    else
+      result += c;
   }
   return result;
 }
 
+// What stands behind a semicolon gets a line of its own.
 std::string small(std::string_view text, std::string_view color) {
   if (text.empty()) return {};
-  return "<br/><font point-size=\"9\" color=\"" + std::string(color) + "\">" + escaped(text) + "</font>";
-}
-
-// What stands behind a semicolon gets a line of its own.
-std::string small_meaning(std::string_view text) {
   const std::size_t end = text.find("; ");
-  if (end == text.npos) return small(text, "#1f3f7f");
-  return small(text.substr(0, end + 1), "#1f3f7f") + small_meaning(text.substr(end + 2));
+  if (end != text.npos) return small(text.substr(0, end + 1), color) + small(text.substr(end + 2), color);
+  return "<br/><font point-size=\"9\" color=\"" + std::string(color) + "\">" + escaped(text) + "</font>";
 }
 
 // A machine that reports every wrong token alike need not say so in every state.
@@ -228,18 +221,10 @@ bool leads_back(const jt_core::Row &row) {
   return row.tokens == jt_core::one_of(TokenKind::kCloseParenthesis);
 }
 
-std::string target_of(const jt_core::Row &row) {
-  return std::string(enumerator_of(row.to)) + (leads_back(row) ? "Again" : "");
-}
-
-std::string stand_in_line(State state) {
-  return "  " + std::string(enumerator_of(state)) +
-         "Again [style=\"rounded,dashed\", fillcolor=none, label=\"" + name_of(state) + "\"];\n";
-}
-
 std::string edge_line(const jt_core::Row &row) {
-  return "  " + std::string(enumerator_of(row.from)) + " -> " + target_of(row) + " [label=<<b>" +
-         escaped(tokens_of(row)) + "</b>" + small_meaning(meaning_of(row)) + ">];\n";
+  return "  " + std::string(enumerator_of(row.from)) + " -> " + std::string(enumerator_of(row.to)) +
+         (leads_back(row) ? "Again" : "") + " [label=<<b>" + escaped(tokens_of(row)) + "</b>" +
+         small(meaning_of(row), "#1f3f7f") + ">];\n";
 }
 
 }  // namespace
@@ -284,15 +269,14 @@ std::string draw(const Drawing &drawing) {
   std::string text =
       "digraph " + std::string(drawing.name) +
       " {\n"
-      "  bgcolor=\"transparent\"; rankdir=TB; nodesep=0.2; ranksep=0.42;\n"
-      "  node [shape=box, style=\"rounded,filled\", fillcolor=\"#f4f6fa\", color=\"#5b6b8c\", "
-      "fontname=\"Helvetica\", fontsize=11, margin=\"0.12,0.06\", height=0.3];\n"
-      "  edge [color=\"#5b6b8c\", fontname=\"Helvetica\", fontsize=11, arrowsize=0.7];\n"
       "  begin [shape=circle, label=\"\", width=0.14, height=0.14, fillcolor=\"#5b6b8c\"];\n  begin -> " +
       std::string(enumerator_of(drawing.begin)) + ";\n";
   const bool with_expectation = !always_reports_the_same(*drawing.machine, states);
   for (const State state : states) text += node_line(*drawing.machine, state, with_expectation);
-  for (const State state : stand_ins) text += stand_in_line(state);
+  for (const State state : stand_ins) {
+    text += "  " + std::string(enumerator_of(state)) +
+            "Again [style=\"rounded,dashed\", fillcolor=none, label=\"" + name_of(state) + "\"];\n";
+  }
   for (const jt_core::Row &row : rows) text += edge_line(row);
   return text + "}\n";
 }

@@ -1,4 +1,4 @@
-#!/usr/bin/python3
+#!/usr/bin/python3 -B
 """Looks at the built manual in a browser without a window: no page is wider than a narrow window, light pages are
 light and dark ones dark, and the search finds what readers look for.
 

@@ -62,7 +62,7 @@ TEST(Machines, TablesHaveAsManyRowsAsTheyAreKnownToHave) {
 
 TEST(Machines, AnArrowLeadsFromStateToStateWithItsTokens) {
   EXPECT_TRUE(is_drawn("body", "  InService -> AfterService [label=<<b>end</b>>];"));
-  EXPECT_TRUE(is_drawn("end_marker", "  MarkerEnd -> MarkerRead [label=<<b>&gt;</b>>];"));
+  EXPECT_TRUE(is_drawn("end_marker", "  MarkerEnd -> MarkerRead [label=<<b>&#62;</b>>];"));
 }
 
 TEST(Machines, TheEndOfAStatusLeadsToAStandIn) {
