@@ -1,6 +1,5 @@
-// Counts what the heap is asked for, by any library of the program: the program defines malloc() and its
-// kin itself, above those of the C library. Counting is off unless a measurement switches it on, and costs a
-// test of a flag then.
+// Counts what the heap holds for any library of the program: the program defines malloc() and its kin itself,
+// above those of the C library.
 #ifndef JT_BENCH_HEAP_H
 #define JT_BENCH_HEAP_H
 
@@ -8,16 +7,9 @@
 
 namespace bench {
 
-// Bytes are those that the blocks can hold (malloc_usable_size()); the C library's own eight bytes before
-// each block are not among them.
-struct HeapUse {
-  std::size_t calls = 0;       // blocks asked for, growing an existing one included
-  std::ptrdiff_t live = 0;     // bytes more in use than at the start
-  std::ptrdiff_t highest = 0;  // the largest number that live has been
-};
-
-void start_counting();
-HeapUse stop_counting();
+// Bytes that are in use since this was called the last time, less those that were released. They are those
+// that the blocks can hold; the C library's own bytes before each block are not among them.
+std::ptrdiff_t take_heap_use();
 
 }  // namespace bench
 

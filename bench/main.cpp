@@ -1,209 +1,210 @@
-// The program: takes its own options out of the command line, leaves the rest to Google Benchmark, runs
-// everything, and writes the tables between two marks of a document.
+// jt_bench: jt beside other libraries that keep the same facts in a tree that can be changed. Each step of a
+// tree's life is a benchmark of its own, named shape/library/step; Google Benchmark repeats, filters and
+// writes them. tables.py makes the tables of docs/performance.md of that.
+//
+//   jt_bench [--benchmark_OPTION]...                  times, and heap beside those of the parse
+//   jt_bench --instructions [--benchmark_OPTION]...   instructions of the smaller shapes, by callgrind
+//   jt_bench --first LIBRARY FILE                     nanoseconds of the first parse of a process
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <algorithm>
+#include <chrono>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iostream>
-#include <sstream>
+#include <list>
+#include <optional>
+#include <vector>
 
-#include "api_cost.h"
-#include "figures.h"
-#include "instructions.h"
+#include "callgrind.h"
+#include "heap.h"
+#include "libraries.h"
+#include "shapes.h"
 
 namespace {
 
-using bench::Heap;
-using bench::Step;
-using bench::Task;
+using bench::require;
 
-constexpr char kUsage[] =
-    "usage: jt_bench [OPTION]... [--benchmark_OPTION]...\n"
-    "  --update FILE            replace what is between <!-- figures --> and <!-- end of figures --> in "
-    "FILE\n"
-    "  --instructions           count instructions as well (needs valgrind)\n"
-    "  --heap-32 BYTES          bytes per attribute that jt_footprint printed on a 32-bit target\n"
-    "  --library-x86-64 BYTES   size of the stripped shared library, and of that for powerpc:\n"
-    "  --library-powerpc BYTES\n"
-    "  --callgrind LIBRARY SHAPE STEP   nothing but some lives of one task, for valgrind; STEP is parse, "
-    "save\n"
-    "                           or destroy\n"
-    "The tables go to standard output, progress to standard error; there are no tables when a filter leaves "
-    "out\n"
-    "shapes or libraries.\n";
+enum Step { kParse, kSave, kDestroy };
+constexpr const char *kStepNames[] = {"parse", "save", "destroy"};
 
-struct Options {
-  std::string document;
-  bool instructions = false;
-  std::vector<std::string> callgrind;
-  bench::Sizes sizes;
-  std::vector<char *> rest;
+struct Task {
+  std::string name;
+  const bench::LibraryRow *library;
+  std::string text;
+  std::size_t parts;  // that a figure is divided by: attributes, values or bytes
+  bool is_hostile;
 };
 
-[[noreturn]] void refuse() {
-  std::fputs(kUsage, stderr);
-  std::exit(2);
-}
-
-// What --benchmark_... options on the command line override. About three minutes on an idle machine.
-char kDefaults[][64] = {"--benchmark_repetitions=11", "--benchmark_min_time=0.02",
-                        "--benchmark_enable_random_interleaving=true"};
-
-Options read_options(int count, char **words) {
-  Options options;
-  options.rest.push_back(words[0]);
-  for (char *const word : kDefaults) options.rest.push_back(word);
-  int at = 1;
-  const auto next = [&] {
-    if (at == count) refuse();
-    return words[at++];
-  };
-  const auto size = [&] { return std::strtod(next(), nullptr); };
-  const std::map<std::string, std::function<void()>> known = {
-      {"--update", [&] { options.document = next(); }},
-      {"--instructions", [&] { options.instructions = true; }},
-      {"--heap-32", [&] { options.sizes.heap_32_bits = size(); }},
-      {"--library-x86-64", [&] { options.sizes.library_x86_64 = size() / 1000; }},
-      {"--library-powerpc", [&] { options.sizes.library_powerpc = size() / 1000; }},
-      {"--help", [] { std::exit(std::fputs(kUsage, stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS); }},
-      {"--callgrind",
-       [&] {
-         options.callgrind = {next(), next(), next()};
-       }},
-  };
-  while (at < count) {
-    char *const word = next();
-    const auto option = known.find(word);
-    if (option == known.end()) {
-      options.rest.push_back(word);
-    } else {
-      option->second();
-    }
-  }
-  return options;
-}
-
-// The row of that name; a wrong one ends the program.
-template <typename Rows, typename Name>
-auto find_named(const Rows &rows, const std::string &name, Name name_of) {
-  for (const auto &row : rows) {
-    if (name == name_of(row)) return row;
-  }
-  refuse();
-}
-
-int run_for_callgrind(const std::vector<std::string> &names) {
-  const bench::LibraryRow library =
-      find_named(bench::libraries(), names[0], [](const bench::LibraryRow &row) { return row.name; });
-  const bench::Shape shape =
-      find_named(bench::kShapes, names[1], [](bench::Shape row) { return bench::name_of(row); });
-  const Step step = find_named(bench::kSteps, names[2], [](Step row) { return bench::name_of(row); });
-  const Task task = bench::make_task(library, shape);
-  std::printf("attributes %zu\n", task.counts.attributes);
-  bench::run_for_callgrind(task, step);
-  return EXIT_SUCCESS;
-}
-
-// Shows progress on standard error. Of the repetitions it keeps the lowest median of each time: whatever else
-// a machine does, and a slower clock, only add to it.
-class Collector : public benchmark::BenchmarkReporter {
+class Stopwatch {
  public:
-  bool ReportContext(const Context &context) override {
-    PrintBasicContext(&std::cerr, context);
-    return true;
-  }
-
-  void ReportRuns(const std::vector<Run> &runs) override {
-    for (const Run &run : runs) {
-      if (run.error_occurred || run.run_type != Run::RT_Iteration) continue;
-      const std::string name = run.run_name.function_name;
-      std::fprintf(stderr, "%s:", name.c_str());
-      for (const auto &[counter, value] : run.counters) {
-        std::fprintf(stderr, " %s %.0f", counter.c_str(), value.value);
-        const auto [figure, is_first] = figures_[name].try_emplace(counter, value);
-        if (!is_first) figure->second = std::min(figure->second, value.value);
-      }
-      std::fprintf(stderr, "\n");
-    }
-  }
-
-  const std::map<std::string, std::map<std::string, double>> &figures() const { return figures_; }
-
-  // Not if a filter has left some out.
-  bool has_all(const std::vector<Task> &tasks) const {
-    return std::ranges::all_of(tasks, [this](const Task &task) {
-      return figures_.contains(bench::benchmark_name(task, Heap::kWarm)) &&
-             figures_.contains(bench::benchmark_name(task, Heap::kCold));
-    });
+  double nanoseconds() const {
+    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin_).count();
   }
 
  private:
-  std::map<std::string, std::map<std::string, double>> figures_;
+  std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };
 
-std::map<Step, double> times_of(const Collector &collector, const Task &task, Heap heap) {
-  const std::map<std::string, double> &figures = collector.figures().at(bench::benchmark_name(task, heap));
-  std::map<Step, double> times;
-  for (const Step step : bench::kSteps) times[step] = figures.at(bench::name_of(step));
-  return times;
+// What a library that has just been made holds when it has parsed.
+double heap_of(const Task &task) {
+  bench::take_heap_use();
+  const auto library = task.library->make();
+  require(library->parse(task.text), "parsing " + task.name);
+  const auto bytes = static_cast<double>(bench::take_heap_use());
+  library->destroy();
+  return bytes;
 }
 
-// Callgrind takes some fifty times as long, so the small shapes only.
-std::map<Step, double> instructions_of(const Task &task) {
-  std::map<Step, double> instructions;
-  if (task.shape != bench::Shape::kTypical && task.shape != bench::Shape::kMedium) return instructions;
-  std::fprintf(stderr, "callgrind: %s/%s\n", bench::name_of(task.shape), task.library->name);
-  for (const Step step : bench::kSteps) {
-    const std::optional<double> counted = bench::count_instructions(task, step);
-    bench::require(counted.has_value(), "counting instructions with valgrind");
-    instructions[step] = *counted;
+// A library writes its own text again; so it has understood all of it. That of a hostile shape is not its
+// own.
+void check(const Task &task) {
+  const auto library = task.library->make();
+  require(library->parse(task.text), "parsing " + task.name);
+  require(library->save() == task.text || task.is_hostile, "saving " + task.name);
+  library->release_text();
+  library->destroy();
+}
+
+// One iteration is one life of a tree, of which one step is measured. The first life warms up.
+void run(benchmark::State &state, const Task &task, Step measured) {
+  const auto library = task.library->make();
+  std::optional<bench::InstructionCounter> counter;
+  bool is_warm = false;
+  const auto take = [&](Step step, auto call) {
+    if (step != measured || !is_warm) {
+      require(call(), task.name);
+    } else if (counter) {
+      require((*counter)(call), task.name);
+      state.SetIterationTime(0);
+    } else {
+      const Stopwatch watch;
+      require(call(), task.name);
+      state.SetIterationTime(watch.nanoseconds() / 1e9);
+    }
+  };
+  const auto live = [&] {
+    take(kParse, [&] { return library->parse(task.text); });
+    if (measured == kSave) take(kSave, [&] { return !library->save().empty(); });
+    if (measured == kSave) library->release_text();
+    take(kDestroy, [&] { return library->destroy(), true; });
+  };
+  live();
+  is_warm = true;
+  if (RUNNING_ON_VALGRIND != 0) counter.emplace();
+  for (auto iteration : state) live();
+  if (counter) state.counters["instructions"] = static_cast<double>(counter->take() / state.iterations());
+  if (measured == kParse) state.counters["heap"] = heap_of(task);
+  state.counters["parts"] = static_cast<double>(task.parts);
+}
+
+// ---- The first parse of a process ----
+
+int parse_first(const std::string &name, const char *path) {
+  const auto libraries = bench::libraries();
+  const auto row = std::ranges::find(libraries, name, &bench::LibraryRow::name);
+  require(row != libraries.end(), "finding " + name);
+  std::ifstream file(path);
+  const std::string text(std::istreambuf_iterator<char>(file), {});
+  const Stopwatch watch;
+  const auto library = row->make();
+  require(library->parse(text), "parsing first");
+  std::printf("%.0f\n", watch.nanoseconds());
+  return EXIT_SUCCESS;
+}
+
+void run_first(benchmark::State &state, const Task &task) {
+  const std::string path = std::filesystem::temp_directory_path() / "jt_bench.XXXXXX";
+  std::ofstream(path) << task.text;
+  const std::string program = std::filesystem::read_symlink("/proc/self/exe");
+  const std::string command = program + " --first '" + task.library->name + "' " + path;
+  for (auto iteration : state) {
+    double nanoseconds = 0;
+    FILE *const child = popen(command.c_str(), "r");
+    require(child != nullptr && std::fscanf(child, "%lf", &nanoseconds) == 1, command);
+    pclose(child);
+    state.SetIterationTime(nanoseconds / 1e9);
   }
-  return instructions;
+  std::filesystem::remove(path);
+  state.counters["parts"] = static_cast<double>(task.parts);
 }
 
-bench::Results collect(const std::vector<Task> &tasks, const Collector &collector, const Options &options) {
-  bench::Results results = {{}, collector.figures(), options.sizes};
-  for (const Task &task : tasks) {
-    results.figures.push_back({&task, bench::measure_heap(task), times_of(collector, task, Heap::kWarm),
-                               times_of(collector, task, Heap::kCold),
-                               options.instructions ? instructions_of(task) : std::map<Step, double>()});
+// ---- What is run ----
+
+double lowest(const std::vector<double> &times) { return *std::ranges::min_element(times); }
+
+// Whatever else a machine does only adds to a time: the lowest one counts.
+void add(const std::string &name, const std::function<void(benchmark::State &)> &run, int repetitions,
+         std::size_t iterations) {
+  const bool counts = RUNNING_ON_VALGRIND != 0;
+  benchmark::RegisterBenchmark(name.c_str(), run)
+      ->UseManualTime()
+      ->ComputeStatistics("min", lowest)
+      ->ReportAggregatesOnly(true)
+      ->Repetitions(counts ? 1 : repetitions)
+      ->Iterations(counts ? 3 : static_cast<benchmark::IterationCount>(iterations));
+}
+
+void add_task(const Task &task) {
+  constexpr std::size_t kBytes = 256U << 10U;  // of text in a repetition, or one text
+  check(task);
+  for (const Step step : {kParse, kSave, kDestroy}) {
+    if (task.is_hostile && step == kSave) continue;
+    add(
+        task.name + "/" + kStepNames[step],
+        [&task, step](benchmark::State &state) { run(state, task, step); }, 9, 1 + kBytes / task.text.size());
   }
-  return results;
+  if (task.name.starts_with("typical/") && RUNNING_ON_VALGRIND == 0) {
+    add(
+        task.name + "/first", [&task](benchmark::State &state) { run_first(state, task); }, 41, 1);
+  }
 }
 
-void update(const std::string &path, const std::string &tables) {
-  constexpr std::string_view kBegin = "<!-- figures -->\n";
-  constexpr std::string_view kEnd = "<!-- end of figures -->";
-  std::stringstream content;
-  content << std::ifstream(path).rdbuf();
-  std::string text = content.str();
-  const std::size_t begin = text.find(kBegin);
-  const std::size_t end = text.find(kEnd);
-  bench::require(begin != std::string::npos && end != std::string::npos, "finding the marks in " + path);
-  text.replace(begin + kBegin.size(), end - begin - kBegin.size(), "\n" + tables + "\n");
-  bench::require(bool(std::ofstream(path) << text), "writing " + path);
+// Callgrind takes some fifty times as long, so it gets no shape above this size.
+constexpr std::size_t kLargestCounted = 1U << 20U;
+
+std::list<Task> make_tasks() {
+  std::list<Task> tasks;
+  for (const bench::Shape &shape : bench::shapes()) {
+    const std::string sil = shape.make();
+    if (RUNNING_ON_VALGRIND != 0 && sil.size() > kLargestCounted) continue;
+    const std::string name = std::string(shape.name) + "/";
+    if (shape.is_hostile) {
+      tasks.push_back({name + "jt", bench::libraries().data(), sil, sil.size(), true});
+      continue;
+    }
+    const bench::Texts texts = bench::make_texts(sil);
+    const std::size_t parts = texts.attributes > 1 ? texts.attributes : texts.values;
+    for (const bench::LibraryRow &library : bench::libraries()) {
+      tasks.push_back({name + library.name, &library, texts.*library.text, parts, false});
+    }
+  }
+  return tasks;
 }
 
 }  // namespace
 
-int main(int count, char **words) {
-  Options options = read_options(count, words);
-  bench::keep_freed_memory();
-  if (!options.callgrind.empty()) return run_for_callgrind(options.callgrind);
-  int rest = static_cast<int>(options.rest.size());
-  benchmark::Initialize(&rest, options.rest.data());
-  if (benchmark::ReportUnrecognizedArguments(rest, options.rest.data())) refuse();
-  const std::vector<Task> tasks = bench::make_tasks();
-  for (const Task &task : tasks) bench::register_life_cycles(task);
-  bench::register_api_costs();
-  Collector collector;
-  benchmark::RunSpecifiedBenchmarks(&collector);
-  if (!collector.has_all(tasks)) return EXIT_SUCCESS;
-  const std::string tables = bench::to_markdown(collect(tasks, collector, options));
-  std::fputs(tables.c_str(), stdout);
-  if (!options.document.empty()) update(options.document, tables);
+int main(int count, char **arguments) {
+  const std::string mode = count > 1 ? arguments[1] : "";
+  if (mode == "--first" && count == 4) return parse_first(arguments[2], arguments[3]);
+  if (mode == "--instructions") {
+    if (const std::optional<int> status = bench::run_under_callgrind(arguments)) return *status;
+    std::swap(arguments[1], arguments[0]);
+    ++arguments;
+    --count;
+  }
+  // What is freed stays in the process, so that a tree finds its pages where the last one left them.
+  mallopt(M_MMAP_MAX, 0);
+  mallopt(M_TRIM_THRESHOLD, INT_MAX);
+  benchmark::Initialize(&count, arguments);
+  if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 2;
+  const std::list<Task> tasks = make_tasks();
+  for (const Task &task : tasks) add_task(task);
+  benchmark::RunSpecifiedBenchmarks();
   return EXIT_SUCCESS;
 }

@@ -18,7 +18,7 @@ struct Drawing {
   jt_core::State begin;
 };
 
-extern const std::array<Drawing, 5> kDrawings;
+extern const std::array<Drawing, 6> kDrawings;
 
 // The rows without the one that closes the table.
 std::vector<jt_core::Row> rows_of(const jt_core::Machine &machine);

@@ -2,11 +2,13 @@
 // names become numbers, unknown ones are kept as they are written.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 #include <string>
 
 #include "types/value_cases.h"
 #include "types/value_catalogue.h"
+#include "types/value_lists.h"
 
 namespace jt_test {
 namespace {
@@ -22,6 +24,35 @@ std::string mixed(const std::string &text) {
 std::uint32_t number_read(jt_parser_space *space, const jt_type *type, const std::string &name) {
   const OwnedValue value = evaluated(space, type, name);
   return value != nullptr ? number_of(value.get()) : kMarker;
+}
+
+// The library's own list, which alone can tell every name that is read.
+const jt_core::ValueList &list_of_library(const std::string &name) {
+  static const std::map<std::string, const jt_core::ValueList *> lists = {
+      {"Base", &jt_core::kBaseValues},
+      {"Document", &jt_core::kDocumentValues},
+      {"Email", &jt_core::kEmailValues},
+      {"Fax", &jt_core::kFaxValues},
+      {"File", &jt_core::kFileValues},
+      {"General", &jt_core::kGeneralValues},
+      {"Metadata", &jt_core::kMetadataValues},
+      {"Ocr", &jt_core::kOcrValues},
+      {"Print", &jt_core::kPrintValues},
+      {"Scan", &jt_core::kScanValues},
+      {"Validation", &jt_core::kValidationValues},
+  };
+  return *lists.at(name);
+}
+
+std::map<std::string, std::uint32_t> rows_of_library(const jt_core::ValueList &list) {
+  std::map<std::string, std::uint32_t> rows;
+  for (std::size_t slot = 0; slot <= list.last_slot; ++slot) {
+    if (list.slots[slot] == 0) continue;
+    const std::size_t row = list.slots[slot] - 1U;
+    const char *const name = list.characters + list.begins[row];
+    rows[std::string(name, list.characters + list.begins[row + 1])] = list.numbers[row];
+  }
+  return rows;
 }
 
 class ValueList : public SessionTest, public ::testing::WithParamInterface<Catalogue> {
@@ -43,6 +74,12 @@ class ValueList : public SessionTest, public ::testing::WithParamInterface<Catal
   const Catalogue list;
   const jt_type *const type;
 };
+
+TEST_P(ValueList, IsTheCatalogueNameByName) {
+  std::map<std::string, std::uint32_t> catalogue;
+  for (const ListRow &row : list.rows) catalogue[row.name] = row.number;
+  EXPECT_EQ(rows_of_library(list_of_library(list.name)), catalogue);
+}
 
 TEST_P(ValueList, EveryTypeReadsEveryName) {
   for (const char *type_name : list.types) {

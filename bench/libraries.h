@@ -1,13 +1,16 @@
-// What is measured, seen from the measurement: a library that holds one tree at a time.
-#ifndef JT_BENCH_LIBRARY_H
-#define JT_BENCH_LIBRARY_H
+// What is measured, seen from the measurement: libraries that hold one tree at a time, each with the same
+// facts in its own format.
+#ifndef JT_BENCH_LIBRARIES_H
+#define JT_BENCH_LIBRARIES_H
 
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "facts.h"
+namespace pugi {
+class xml_document;
+}
 
 namespace bench {
 
@@ -22,41 +25,39 @@ class Library {
   // Makes a tree that can be changed. The text is the caller's and only read. Whether it could.
   virtual bool parse(const std::string &text) = 0;
 
-  // Whether the parse just done had nothing to complain of.
-  virtual bool is_clean() { return true; }
-
   // Writes the tree as a text on the heap, which stays until release_text(); empty on failure.
   virtual std::string_view save() = 0;
   virtual void release_text() = 0;
 
   virtual void destroy() = 0;
-
-  // What is in the tree, found by walking it.
-  virtual Counts count() = 0;
 };
+
+// One shape in the three formats, each as the library that reads it writes it.
+struct Texts {
+  std::string sil;
+  std::string xml;
+  std::string json;
+  std::size_t attributes;
+  std::size_t values;
+};
+
+// The SIL need not be in jt's layout yet. Ends the program if it is not clean.
+Texts make_texts(const std::string &sil);
 
 struct LibraryRow {
   const char *name;
-  std::string (*version)();
-  std::string (*write)(const Facts &facts);
+  std::string Texts::*text;
   std::unique_ptr<Library> (*make)();
 };
 
-std::unique_ptr<Library> make_jt();
-std::unique_ptr<Library> make_pugixml();
-std::unique_ptr<Library> make_converting_pugixml();
-std::unique_ptr<Library> make_rapidjson();
-std::unique_ptr<Library> make_cjson();
-std::unique_ptr<Library> make_libxml2();
-
-std::string jt_version();
-std::string pugixml_version();
-std::string rapidjson_version();
-std::string cjson_version();
-std::string libxml2_version();
-
 // jt, then the others.
 std::span<const LibraryRow> libraries();
+
+std::unique_ptr<Library> make_pugixml();
+std::unique_ptr<Library> make_converting_pugixml();
+
+// Writes a document as the measured library does.
+void save_xml(const pugi::xml_document &document, std::string &text);
 
 // Ends the program with a message when a condition does not hold: a figure of anything but the same facts
 // would be worth nothing.
