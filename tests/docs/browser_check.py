@@ -95,16 +95,20 @@ def vain_searches(driver, folder):
             yield f"a search for {words} does not find {page}"
 
 
-def main():
-    folder = Path(sys.argv[1]).resolve()
+def findings(folder):
     with tempfile.TemporaryDirectory() as profile:
         driver = browser(profile)
         try:
-            found = [*faulty_pages(driver, folder), *wrong_colours(driver, folder), *vain_searches(driver, folder)]
+            return [*faulty_pages(driver, folder), *wrong_colours(driver, folder), *vain_searches(driver, folder)]
         finally:
             driver.quit()
+
+
+def main():
+    found = findings(Path(sys.argv[1]).resolve())
     print("\n".join(found), end="\n" if found else "")
     sys.exit(1 if found else 0)
 
 
-main()
+if __name__ == "__main__":
+    main()
