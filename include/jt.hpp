@@ -1,50 +1,57 @@
+/// \defgroup cpp The calls in C++
+///
 /// jt in C++20: owners, results and ranges over the calls of jt.h, in this one header.
 ///
-///     jt::Session session("my program");
-///     jt::Result<jt::Template> job = session.decode(text);
-///     if (!job) return complain(job.error().messages().newest_or("the text is cut off"));
-///     for (const jt::Service &service : job->services()) std::puts(service.c_str());
-///     if (auto set = job->service("Scan").set("Sides", "TWO_SIDED"); !set) ...
-///     jt::Result<jt::Text> result = job->encode();
+/// ```cpp
+/// jt::Session session("my program");
+/// jt::Result<jt::Template> job = session.decode(text);
+/// if (!job) return complain(job.error().messages().newest_or("the text is cut off"));
+/// for (const jt::Service &service : job->services()) std::puts(service.c_str());
+/// if (auto set = job->service("Scan").set("Sides", "TWO_SIDED"); !set) ...
+/// jt::Result<jt::Text> result = job->encode();
+/// ```
 ///
 /// What jt.h says about names, texts, cursors, types and messages holds here too; its name stands behind what
 /// is only passed on. The chapters: texts; messages, errors and results; records of values; values; statuses;
 /// services; ranges; templates; sessions.
+
+/// \defgroup cpp_conventions What holds for every call in C++
 ///
-/// WHAT HOLDS FOR EVERY CALL
+/// Read this once; the single members do not repeat it.
 ///
-/// Owners. Session, Template, Value, Status and Text own one thing each, release it when they go, and can be
-/// moved but not copied. One that was moved from, or made without arguments, is empty: it tests false, and
+/// **Owners.** Session, Template, Value, Status and Text own one thing each, release it when they go, and can
+/// be moved but not copied. One that was moved from, or made without arguments, is empty: it tests false, and
 /// each call on it fails. get() shows what jt.h calls it, for use with the calls there; release() gives it
 /// up.
 ///
-/// Order. Owners may go in any order. When a Session goes, everything in it goes, as in C; a Template or a
-/// Service that is still there then fails each call with "CALL ERROR: no session ...", and goes silently.
+/// **Order.** Owners may go in any order. When a Session goes, everything in it goes, as in C; a Template or
+/// a Service that is still there then fails each call with `CALL ERROR: no session ...`, and goes silently.
 /// Values, Statuses and Texts remain good.
 ///
-/// Threads. What was made in a session belongs to the thread of the session, its destruction included.
+/// **Threads.** What was made in a session belongs to the thread of the session, its destruction included.
 ///
-/// Results. A call that makes or changes something returns a Result, which must be looked at. A question
+/// **Results.** A call that makes or changes something returns a Result, which must be looked at. A question
 /// that is answered by yes or no returns a bool; no is also the answer where the call fails, and
 /// Session::last_report() tells the two apart.
 ///
-/// None. A call that finds nothing to give (no value, no status, an unnamed invocation) fails with
+/// **None.** A call that finds nothing to give (no value, no status, an unnamed invocation) fails with
 /// Category::none and without messages. So does one that refuses silently: Session::decode() of a text that
 /// is cut off in its end marker or in a section, Service::set() with the empty text for a number. So a
 /// message may be missing; Messages::newest_or() says what is to be said then.
 ///
-/// Texts. Every TextArgument may be a C text, a std::string, a std::string_view or a Text. A text with a NUL
-/// inside is refused before the call, never cut: "CALL ERROR: NUL inside the text:" + what stands before it.
+/// **Texts.** Every TextArgument may be a C text, a std::string, a std::string_view or a Text. A text with a
+/// NUL inside is refused before the call, never cut: `CALL ERROR: NUL inside the text:` + what stands before
+/// it.
 ///
-/// Exceptions. None is thrown or needed, but those of the standard library where Text::str() makes a
+/// **Exceptions.** None is thrown or needed, but those of the standard library where Text::str() makes a
 /// std::string. The header compiles with and without exceptions and RTTI.
 ///
-/// Cost. That of the call in jt.h. A text that is given is copied only to put a NUL behind a string_view: on
-/// the stack up to 63 bytes, else on the heap. Messages are copied only where something was reported.
+/// **Cost.** That of the call in jt.h. A text that is given is copied only to put a NUL behind a string_view:
+/// on the stack up to 63 bytes, else on the heap. Messages are copied only where something was reported.
 #ifndef JT_HPP
 #define JT_HPP
 
-#if __cplusplus <= 201703L && !defined(DOXYGEN)
+#if __cplusplus <= 201703L
 #error "jt.hpp needs C++20: compile with -std=c++20, or link the CMake target jt::cpp; jt.h needs neither"
 #else
 
@@ -72,6 +79,7 @@ namespace jt {
 class Session;
 class Service;
 
+/// \cond
 namespace detail {
 
 struct Free {
@@ -79,8 +87,12 @@ struct Free {
 };
 
 }  // namespace detail
+/// \endcond
 
 // ---- Texts ------------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_texts Texts
+/// \{
 
 /// Owns a text that jt handed out: one pointer, no copy. Empty when there is no text.
 class Text {
@@ -96,6 +108,7 @@ class Text {
 
   /// The text as a view, good while this owner is. O(length).
   std::string_view view() const noexcept { return c_str(); }
+  /// As view().
   operator std::string_view() const noexcept { return view(); }
 
   /// A copy. May throw std::bad_alloc.
@@ -115,12 +128,14 @@ class Text {
 
   /// Same bytes. Names, which know no case, compare with lowercasecmp().
   friend bool operator==(const Text &a, const Text &b) noexcept { return a.view() == b.view(); }
+  /// Same bytes.
   friend bool operator==(const Text &a, std::string_view b) noexcept { return a.view() == b; }
 
  private:
   std::unique_ptr<char, detail::Free> block_;
 };
 
+/// \cond
 namespace detail {
 
 inline constexpr const char *kNulInside = "CALL ERROR: NUL inside the text:";
@@ -191,6 +206,7 @@ class Name {
 };
 
 }  // namespace detail
+/// \endcond
 
 /// A text given to a call, made of what the caller has. Lives only as long as the call. What ends with NUL
 /// already is used where it is; null is passed on, and means what jt.h says.
@@ -199,7 +215,7 @@ class TextArgument {
   /// Bytes up to the NUL.
   TextArgument(const char *text) noexcept : text_(text) {}
 
-  /// Used where it is; one with a NUL inside is a problem. O(length).
+  /// The text where it is; one with a NUL inside has a problem().
   TextArgument(const std::string &text) noexcept : text_(text.c_str()) {
     if (std::strlen(text_) != text.size()) problem_ = detail::kNulInside;
   }
@@ -228,7 +244,12 @@ class TextArgument {
   const char *problem_ = nullptr;
 };
 
+/// \}
+
 // ---- Messages, errors and results -------------------------------------------------------------------------
+
+/// \defgroup cpp_results Messages, errors and results
+/// \{
 
 /// What the reports of a call amount to: the category of the last one.
 enum class Category : std::int32_t {
@@ -265,19 +286,24 @@ class Messages {
     }
   }
 
-  /// A copy has a block of its own; without memory it is empty. One that was moved from is empty.
+  /// A copy of the texts; empty without memory.
   Messages(const Messages &other) noexcept : Messages(std::span(other.begin(), other.size())) {}
+  /// Takes the texts over and leaves the other empty.
   Messages(Messages &&) noexcept = default;
+  /// Takes over a copy, or what was moved.
   Messages &operator=(Messages other) noexcept {
     log_.swap(other.log_);
     return *this;
   }
   ~Messages() = default;
 
-  /// The range, newest message first; how many there are, none to JT_HISTORY_LENGTH; whether there are none.
+  /// The newest.
   const std::string_view *begin() const noexcept { return log_ ? log_->texts.data() : nullptr; }
+  /// Behind the oldest.
   const std::string_view *end() const noexcept { return begin() + size(); }
+  /// How many there are.
   std::size_t size() const noexcept { return log_ ? log_->count : 0; }
+  /// Whether there is none.
   bool empty() const noexcept { return size() == 0; }
 
   /// The message that is so many older than the newest; "" where there are not so many.
@@ -311,7 +337,7 @@ class Error {
   /// Nothing was reported.
   Error() noexcept = default;
 
-  /// What a call reported, put together by hand.
+  /// A category with the messages that led to it.
   Error(Category category, Messages messages) noexcept
       : messages_(std::move(messages)), category_(category) {}
 
@@ -337,27 +363,35 @@ class Error {
 template <typename T = void>
 class [[nodiscard]] Result {
  public:
-  /// What is given where the call succeeds.
+  /// What the call gives.
   using value_type = T;
 
-  /// Success with a value; failure with its reason. Both are moved in.
+  /// Success with a value.
   Result(T value) noexcept : value_(std::move(value)) {}
+  /// Failure, and why.
   Result(Error error) noexcept : error_(std::move(error)) {}
 
-  /// Whether the call succeeded.
+  /// Whether there is a value.
   bool has_value() const noexcept { return value_.has_value(); }
+  /// As has_value().
   explicit operator bool() const noexcept { return has_value(); }
 
   /// The value. Aborts when there is none.
   T &value() &noexcept { return *checked(); }
+  /// The value. Aborts when there is none.
   const T &value() const &noexcept { return const_cast<Result *>(this)->value(); }
+  /// The value, to be moved from. Aborts when there is none.
   T &&value() &&noexcept { return std::move(value()); }
 
-  /// The value, as value(); what it has, as value().has. Abort when there is none.
+  /// As value().
   T &operator*() &noexcept { return value(); }
+  /// As value().
   const T &operator*() const &noexcept { return value(); }
+  /// As value().
   T &&operator*() &&noexcept { return std::move(value()); }
+  /// A member of the value. Aborts when there is none.
   T *operator->() noexcept { return &value(); }
+  /// A member of the value. Aborts when there is none.
   const T *operator->() const noexcept { return &value(); }
 
   /// The value, or what is given instead.
@@ -365,6 +399,7 @@ class [[nodiscard]] Result {
   T value_or(Other &&other) const & {
     return value_ ? *value_ : static_cast<T>(std::forward<Other>(other));
   }
+  /// The value, moved, or what is given instead.
   template <typename Other>
   T value_or(Other &&other) && {
     return value_ ? std::move(*value_) : static_cast<T>(std::forward<Other>(other));
@@ -372,6 +407,7 @@ class [[nodiscard]] Result {
 
   /// Why there is no value; Category::none without messages when there is one.
   const Error &error() const &noexcept { return error_; }
+  /// Why there is no value, to be moved from.
   Error &&error() &&noexcept { return std::move(error_); }
 
  private:
@@ -388,25 +424,29 @@ class [[nodiscard]] Result {
 template <>
 class [[nodiscard]] Result<void> {
  public:
-  /// There is nothing to give.
+  /// A call that gives nothing but success.
   using value_type = void;
 
-  /// Success; failure with its reason.
+  /// Success.
   Result() noexcept = default;
+  /// Failure, and why.
   Result(Error error) noexcept : error_(std::move(error)), succeeded_(false) {}
 
   /// Whether the call succeeded.
   bool has_value() const noexcept { return succeeded_; }
+  /// As has_value().
   explicit operator bool() const noexcept { return succeeded_; }
 
   /// Aborts on failure.
   void value() const noexcept {
     if (!succeeded_) std::abort();
   }
+  /// As value().
   void operator*() const noexcept { value(); }
 
-  /// Why it failed; Category::none without messages when it did not.
+  /// Why the call failed; Category::none without messages when it did not.
   const Error &error() const &noexcept { return error_; }
+  /// Why the call failed, to be moved from.
   Error &&error() &&noexcept { return std::move(error_); }
 
  private:
@@ -414,6 +454,7 @@ class [[nodiscard]] Result<void> {
   bool succeeded_ = true;
 };
 
+/// \cond
 namespace detail {
 
 /// What a Session shares with everything made in it: the session itself, null once it is closed, and the
@@ -574,11 +615,21 @@ const Record *plain(const Record *record) noexcept {
 }
 
 }  // namespace detail
+/// \endcond
+
+/// \}
 
 // ---- Records of values ------------------------------------------------------------------------------------
 
+/// \defgroup cpp_records Records of values
+/// \{
+
 /// A unit of the structures.
-enum class Unit : std::int32_t { millimetre = 20, inch = 21, mil = 22 };
+enum class Unit : std::int32_t {
+  millimetre = 20,  ///< MM
+  inch = 21,        ///< IN
+  mil = 22          ///< MIL: a thousandth of an inch
+};
 
 /// How a magnification is meant.
 enum class Scaling : std::int32_t {
@@ -589,10 +640,15 @@ enum class Scaling : std::int32_t {
   manual_ana = 114      ///< MANANA/x/y
 };
 
-/// The type "timestamp".
+/// The type "timestamp". Its members stand in the reverse order of a SIL text, and may be any numbers that a
+/// text had.
 struct Timestamp {
-  /// In this order in memory, which is that of a SIL text backwards; any numbers that a text had.
-  std::int32_t second, minute, hour, day, month, year;
+  std::int32_t second;  ///< Of the minute.
+  std::int32_t minute;  ///< Of the hour.
+  std::int32_t hour;    ///< Of the day.
+  std::int32_t day;     ///< Of the month.
+  std::int32_t month;   ///< Of the year.
+  std::int32_t year;    ///< In full.
 
   /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Timestamp &) const = default;
@@ -600,8 +656,8 @@ struct Timestamp {
 
 /// The type "struct_timeofday".
 struct TimeOfDay {
-  /// 0 to 23, 0 to 59.
-  std::int32_t hour, minute;
+  std::int32_t hour;    ///< 0 to 23.
+  std::int32_t minute;  ///< 0 to 59.
 
   /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const TimeOfDay &) const = default;
@@ -609,9 +665,11 @@ struct TimeOfDay {
 
 /// The type "struct_rectangle".
 struct Rectangle {
-  /// The corner and the size, in units; the limits are in jt.h.
-  std::int32_t x, y, width, height;
-  Unit unit;
+  std::int32_t x;       ///< From the left.
+  std::int32_t y;       ///< From the top.
+  std::int32_t width;   ///< To the right of x.
+  std::int32_t height;  ///< Below y.
+  Unit unit;            ///< Of all four.
 
   /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Rectangle &) const = default;
@@ -619,9 +677,9 @@ struct Rectangle {
 
 /// The type "struct_gutter".
 struct Gutter {
-  /// In units.
-  std::int32_t first_width, second_width;
-  Unit unit;
+  std::int32_t first_width;   ///< The first of the two in the text.
+  std::int32_t second_width;  ///< The second.
+  Unit unit;                  ///< Of both.
 
   /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Gutter &) const = default;
@@ -629,9 +687,9 @@ struct Gutter {
 
 /// The type "struct_magnification", percentages; MANISO has the same twice, the automatic ones have 0.
 struct Magnification {
-  /// What the percentages mean, and these, 25 to 400.
-  Scaling scaling;
-  std::int32_t x, y;
+  Scaling scaling;  ///< How it is meant.
+  std::int32_t x;   ///< Per cent across.
+  std::int32_t y;   ///< Per cent down.
 
   /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Magnification &) const = default;
@@ -639,18 +697,17 @@ struct Magnification {
 
 /// The type "struct_borders": four numbers with their unit, for both sides of a sheet.
 struct Borders {
-  /// One group as it stands in a SIL text.
+  /// The borders of one side of the sheet.
   struct Side {
-    /// The numbers in their order there, in units.
-    std::array<std::int32_t, 4> numbers;
-    Unit unit;
+    std::array<std::int32_t, 4> numbers;  ///< In the order of the text.
+    Unit unit;                            ///< Of all four.
 
     /// Whether all members are equal.
     bool operator==(const Side &) const = default;
   };
 
-  /// The group that was read, and the one that was read or follows from it.
-  Side first, second;
+  Side first;   ///< The first group of the text.
+  Side second;  ///< The second group; where the text has only one, what follows from it.
 
   /// Whether all members are equal, which is more than the type's own comparison may ask for.
   bool operator==(const Borders &) const = default;
@@ -659,22 +716,31 @@ struct Borders {
 /// The name of the jt type that a C++ type stands for; null for all other C++ types.
 template <typename T>
 inline constexpr const char *type_name_of = nullptr;
+/// `boolean`.
 template <>
 inline constexpr const char *type_name_of<bool> = "boolean";
+/// `integer`.
 template <>
 inline constexpr const char *type_name_of<std::int32_t> = "integer";
+/// `real`.
 template <>
 inline constexpr const char *type_name_of<float> = "real";
+/// `timestamp`.
 template <>
 inline constexpr const char *type_name_of<Timestamp> = "timestamp";
+/// `struct_timeofday`.
 template <>
 inline constexpr const char *type_name_of<TimeOfDay> = "struct_timeofday";
+/// `struct_rectangle`.
 template <>
 inline constexpr const char *type_name_of<Rectangle> = "struct_rectangle";
+/// `struct_gutter`.
 template <>
 inline constexpr const char *type_name_of<Gutter> = "struct_gutter";
+/// `struct_magnification`.
 template <>
 inline constexpr const char *type_name_of<Magnification> = "struct_magnification";
+/// `struct_borders`.
 template <>
 inline constexpr const char *type_name_of<Borders> = "struct_borders";
 
@@ -684,6 +750,7 @@ template <typename T>
 concept Typed = type_name_of<T>
 != nullptr;
 
+/// \cond
 namespace detail {
 
 /// What a value of the type holds: a truth is a number there.
@@ -704,6 +771,7 @@ T read(const jt_value *value) noexcept {
 inline bool same_type_name(const char *a, const char *b) noexcept { return lowercasecmp(a, b) == 0; }
 
 }  // namespace detail
+/// \endcond
 
 /// The types that a service has of its own, sorted by name: of one of the fourteen services of jt.h, any
 /// case; none for any other text. The service's own row, a kind of block without operations, is among them.
@@ -737,7 +805,12 @@ inline std::span<const jt_type> types_of(const TextArgument &service) noexcept {
   return {};
 }
 
+/// \}
+
 // ---- Values -----------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_values Values
+/// \{
 
 /// Owns a typed value and knows its type. It is a copy: it may stay when its attribute goes. Made by
 /// Service::value(), Service::parse() and Session::parse().
@@ -749,9 +822,10 @@ class Value {
   /// Takes over a value of jt.h, which must be of that type.
   Value(const Session &session, const jt_type &type, jt_value *owned) noexcept;
 
-  /// The value changes hands; the other owner is empty then. The one that was here is released.
+  /// Takes the value over and leaves the other empty.
   Value(Value &&other) noexcept
       : link_(std::move(other.link_)), type_(other.type_), value_(other.release()) {}
+  /// Releases its value and takes the other one over.
   Value &operator=(Value &&other) noexcept {
     Value taken(std::move(other));
     std::swap(link_, taken.link_);
@@ -775,8 +849,7 @@ class Value {
     return link_.made<Text>(type_->deval(link_.raw(), value_));
   }
 
-  /// Another value equal to it; fails when there is no value. O(its size).
-  /// jt_copy_value()
+  /// Another value equal to it; fails when there is no value. O(its size). jt_copy_value()
   Result<Value> copy() const noexcept {
     reset_error_status(link_.raw());
     if (value_ == nullptr) return link_.failure();
@@ -793,8 +866,9 @@ class Value {
     return detail::read<T>(value_);
   }
 
-  /// Whether there is a value; the value for the calls of jt.h, still this owner's, or null.
+  /// Whether there is a value.
   explicit operator bool() const noexcept { return value_ != nullptr; }
+  /// The value of jt.h; null when there is none.
   jt_value *get() const noexcept { return value_; }
 
   /// Gives the value up; release it with jt_destroy_value() or its type's kill().
@@ -812,6 +886,7 @@ class Value {
     }
     return order <=> 0;
   }
+  /// Whether both are of one type and equal there.
   friend bool operator==(const Value &a, const Value &b) noexcept { return (a <=> b) == 0; }
 
  private:
@@ -828,30 +903,35 @@ class Value {
   jt_value *value_ = nullptr;
 };
 
+/// \}
+
 // ---- Statuses ---------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_statuses Statuses
+/// \{
 
 /// The numbers of statuses.
 enum class StatusCode : std::uint32_t {
-  aborted = 1,
-  unknown = 2,
-  not_instantiated = 3,
-  instantiated = 4,
-  completed = 5,
-  overridden = 6,
-  ignored = 7,
-  undetermined = 8,
-  initialized = 9,
-  uninitialized = 10,
-  filing_protocol_not_running = 11,
-  filing_login_failure = 12,
-  filing_directory_lock_failure = 13,
-  file_delete_replace_failure = 14,
-  hzm_content_file_transfer_failure = 15,
-  file_transfer_failure = 16,
-  misc_filing_error = 17,
-  error = 18,
-  warning = 19,
-  other = UINT32_MAX  ///< a name that no number has
+  aborted = 1,                             ///< KMT_STATUS_ABORTED
+  unknown = 2,                             ///< KMT_STATUS_UNKNOWN
+  not_instantiated = 3,                    ///< KMT_STATUS_NOTINSTANTIATED
+  instantiated = 4,                        ///< KMT_STATUS_INSTANTIATED
+  completed = 5,                           ///< KMT_STATUS_COMPLETED
+  overridden = 6,                          ///< KMT_STATUS_OVERRIDDEN
+  ignored = 7,                             ///< KMT_STATUS_IGNORED
+  undetermined = 8,                        ///< KMT_STATUS_UNDETERMINED
+  initialized = 9,                         ///< KMT_STATUS_INITIALIZED
+  uninitialized = 10,                      ///< KMT_STATUS_UNINITIALIZED
+  filing_protocol_not_running = 11,        ///< KMT_STATUS_FILING_PROTOCOL_NOT_RUNNING
+  filing_login_failure = 12,               ///< KMT_STATUS_FILING_LOGIN_FAILURE
+  filing_directory_lock_failure = 13,      ///< KMT_STATUS_FILING_DIRECTORY_LOCK_FAILURE
+  file_delete_replace_failure = 14,        ///< KMT_STATUS_FILE_DELETE_REPLACE_FAILURE
+  hzm_content_file_transfer_failure = 15,  ///< KMT_STATUS_HZM_CONTENT_FILE_TRANSFER_FAILURE
+  file_transfer_failure = 16,              ///< KMT_STATUS_FILE_TRANSFER_FAILURE
+  misc_filing_error = 17,                  ///< KMT_STATUS_MISC_FILING_ERROR
+  error = 18,                              ///< KMT_STATUS_ERROR
+  warning = 19,                            ///< KMT_STATUS_WARNING
+  other = UINT32_MAX                       ///< a name that no number has
 };
 
 /// Owns a status. Made by the status questions of Service, and by Session::status().
@@ -877,8 +957,9 @@ class Status {
     return link_.made<Text>(get_status_string(link_.raw(), status_.get()));
   }
 
-  /// Whether there is a status; the status for the calls of jt.h, still this owner's, or null.
+  /// Whether there is a status.
   explicit operator bool() const noexcept { return status_ != nullptr; }
+  /// The status of jt.h; null when there is none.
   jt_status *get() const noexcept { return status_.get(); }
 
   /// Gives the status up; release it with free() or a call of jt.h.
@@ -896,8 +977,9 @@ class Status {
 /// A status given to a call: a number, or a status that there is. An empty Status is refused silently.
 class StatusArgument {
  public:
-  /// A number; a status that must outlive the call.
+  /// A status by its number.
   StatusArgument(StatusCode code) noexcept : code_(code) {}
+  /// A status that there is, good as long as that.
   StatusArgument(const Status &status) noexcept : is_code_(false), status_(status.get()) {}
 
   /// What is handed to the call.
@@ -911,8 +993,14 @@ class StatusArgument {
   const jt_status *status_ = nullptr;
 };
 
+/// \}
+
 // ---- Services ---------------------------------------------------------------------------------------------
 
+/// \defgroup cpp_services Services
+/// \{
+
+/// \cond
 namespace detail {
 
 template <typename Steps>
@@ -924,12 +1012,17 @@ struct TextSteps;
 struct ValueSteps;
 
 }  // namespace detail
+/// \endcond
 
-/// Walks over what a template holds; see Ranges below.
+/// A walk over the services of a template.
 using Services = detail::Range<detail::ServiceSteps>;
+/// A walk over the invocations of a service.
 using Invocations = detail::Range<detail::InvocationSteps>;
+/// A walk over the names of the attributes of an invocation.
 using Attributes = detail::Range<detail::AttributeSteps>;
+/// A walk over the values of an attribute as texts.
 using Texts = detail::Range<detail::TextSteps>;
+/// A walk over the values of an attribute.
 using Values = detail::Range<detail::ValueSteps>;
 
 /// A service of a template by its name, which it keeps: up to 63 bytes in itself, else on the heap. Owns
@@ -943,8 +1036,9 @@ class Service {
   /// No service: its name is empty, and each call on it fails.
   Service() noexcept = default;
 
-  /// The name that it was made with; "" when there is none. No call is made.
+  /// Its name; "" when there is none.
   const char *c_str() const noexcept { return name_.c_str() != nullptr ? name_.c_str() : ""; }
+  /// Its name; "" when there is none. The view is good while this Service is.
   std::string_view name() const noexcept { return c_str(); }
 
   /// Whether the template has such a service. jt_exists_service()
@@ -965,9 +1059,10 @@ class Service {
   /// Destroys the current invocation. jt_delete_invocation()
   Result<> remove_invocation() const noexcept { return act(jt_delete_invocation); }
 
-  /// Make the first or the next invocation current; whether there is one. jt_first_invocation(),
-  /// jt_next_invocation()
+  /// Makes the first invocation current; whether there is one. jt_first_invocation()
   bool first_invocation() const noexcept { return ask(jt_first_invocation); }
+
+  /// Makes the next invocation current; whether there is one. jt_next_invocation()
   bool next_invocation() const noexcept { return ask(jt_next_invocation); }
 
   /// Makes the invocation of that name, or else of that number from 1, current. jt_named_invocation()
@@ -1059,23 +1154,26 @@ class Service {
     return act(jt_set_attribute_value_string, attribute, text);
   }
 
-  /// The same with a value, which must be of the attribute's type: "CALL ERROR: value is not of the type:" +
-  /// type of the attribute. The check costs what value() costs. jt_add_attribute_value(),
-  /// jt_set_attribute_value()
+  /// Appends a copy of a value, which must be of the attribute's type: "CALL ERROR: value is not of the
+  /// type:" + type of the attribute. The check costs what value() costs. jt_add_attribute_value()
   Result<> add(const TextArgument &attribute, const Value &value) const noexcept {
     return give(jt_add_attribute_value, attribute, value);
   }
+
+  /// Makes a copy of a value the only one; otherwise as add(). jt_set_attribute_value()
   Result<> set(const TextArgument &attribute, const Value &value) const noexcept {
     return give(jt_set_attribute_value, attribute, value);
   }
 
-  /// The same with what makes a value: set("Copies", 2). The attribute must be of the type that T stands for:
+  /// Appends what makes a value: add("Copies", 2). The attribute must be of the type that T stands for:
   /// "CALL ERROR: value is not of the type:" + type of the attribute. The check costs one look-up for the
-  /// type's name.
+  /// type's name. jt_add_attribute_value()
   template <Typed T>
   Result<> add(const TextArgument &attribute, const T &value) const noexcept {
     return give_record(jt_add_attribute_value, attribute, value);
   }
+
+  /// Makes that the only value: set("Copies", 2). Otherwise as add(). jt_set_attribute_value()
   template <Typed T>
   Result<> set(const TextArgument &attribute, const T &value) const noexcept {
     return give_record(jt_set_attribute_value, attribute, value);
@@ -1094,11 +1192,13 @@ class Service {
     return added ? add(attribute, value) : added;
   }
 
-  /// Destroys the first value that equals the given one. jt_delete_attribute_value_string(),
-  /// jt_delete_attribute_value()
+  /// Destroys the first value that equals the one given as text. jt_delete_attribute_value_string()
   Result<> remove_value(const TextArgument &attribute, const TextArgument &text) const noexcept {
     return act(jt_delete_attribute_value_string, attribute, text);
   }
+
+  /// Destroys the first value that equals the given one, which must be of the attribute's type.
+  /// jt_delete_attribute_value()
   Result<> remove_value(const TextArgument &attribute, const Value &value) const noexcept {
     return give(jt_delete_attribute_value, attribute, value);
   }
@@ -1110,30 +1210,39 @@ class Service {
     return give(jt_override_attribute_value, attribute, old_value, new_value);
   }
 
-  /// Take the star away, or give one. jt_set_attribute_compulsory(), jt_set_attribute_non_compulsory()
+  /// Takes the star away. jt_set_attribute_compulsory()
   Result<> set_compulsory(const TextArgument &attribute) const noexcept {
     return act(jt_set_attribute_compulsory, attribute);
   }
+
+  /// Gives it a star. jt_set_attribute_non_compulsory()
   Result<> set_non_compulsory(const TextArgument &attribute) const noexcept {
     return act(jt_set_attribute_non_compulsory, attribute);
   }
 
-  /// The status of the service, of the current invocation, of an attribute. Fail with Category::none when
-  /// there is none. jt_get_service_status(), jt_get_invocation_status(), jt_get_attribute_status()
+  /// The status of the service. Fails with Category::none when there is none. jt_get_service_status()
   Result<Status> status() const noexcept { return status_of(jt_get_service_status); }
+
+  /// The status of the current invocation. Fails with Category::none when there is none.
+  /// jt_get_invocation_status()
   Result<Status> invocation_status() const noexcept { return status_of(jt_get_invocation_status); }
+
+  /// The status of an attribute. Fails with Category::none when there is none. jt_get_attribute_status()
   Result<Status> attribute_status(const TextArgument &attribute) const noexcept {
     return status_of(jt_get_attribute_status, attribute);
   }
 
-  /// Give the service, the current invocation or an attribute a status. jt_set_service_status(),
-  /// jt_set_invocation_status(), jt_set_attribute_status()
+  /// Gives the service a status. jt_set_service_status()
   Result<> set_status(const StatusArgument &status) const noexcept {
     return act(jt_set_service_status, status.get());
   }
+
+  /// Gives the current invocation a status. jt_set_invocation_status()
   Result<> set_invocation_status(const StatusArgument &status) const noexcept {
     return act(jt_set_invocation_status, status.get());
   }
+
+  /// Gives an attribute a status. jt_set_attribute_status()
   Result<> set_attribute_status(const TextArgument &attribute, const StatusArgument &status) const noexcept {
     return act(jt_set_attribute_status, attribute, status.get());
   }
@@ -1228,46 +1337,44 @@ class Service {
   detail::Name name_;
 };
 
-// ---- Ranges -----------------------------------------------------------------------------------------------
-//
-// Input ranges for a range-based for and for the algorithms of std::ranges. The place of a walk is the cursor
-// in the tree: two walks over the same children disturb each other, within one range as well; and begin()
-// starts again with the first. An element is good until the next step. The last element of a walk that is
-// left early stays under the cursor.
-//
-// A walk that cannot be made is an empty one. Session::last_report(), asked right behind the loop, says why a
-// walk ended: nothing there when it reached the end. An unnamed service or attribute ends its walk, because
-// the calls of jt.h cannot tell it from the end; a value without a text form ends a walk over texts.
+/// \}
 
+// ---- Ranges -----------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_ranges Ranges
+///
+/// Input ranges for a range-based for and for the algorithms of std::ranges. The place of a walk is the
+/// cursor in the tree: two walks over the same children disturb each other, within one range as well; and
+/// begin() starts again with the first. An element is good until the next step. The last element of a walk
+/// that is left early stays under the cursor.
+///
+/// A walk that cannot be made is an empty one. Session::last_report(), asked right behind the loop, says why
+/// a walk ended: nothing there when it reached the end. An unnamed service or attribute ends its walk,
+/// because the calls of jt.h cannot tell it from the end; a value without a text form ends a walk over texts.
+/// \{
+
+/// \cond
 namespace detail {
 
 /// A range made of steps: first() and next() give the address of the element, null behind the last.
 template <typename Steps>
 class Range {
  public:
-  /// An input iterator: one pass, and all copies of it stand where the cursor of the tree stands.
   class Iterator {
    public:
-    /// What the algorithms of the standard library ask for.
     using iterator_concept = std::input_iterator_tag;
     using value_type = typename Steps::Element;
     using difference_type = std::ptrdiff_t;
 
-    /// Stands nowhere; fit only to be assigned to.
     Iterator() noexcept = default;
 
-    /// The element, good until the next step.
     value_type &operator*() const noexcept { return *element_; }
     value_type *operator->() const noexcept { return element_; }
-
-    /// The next step, with the cost of the call that it makes.
     Iterator &operator++() noexcept {
       element_ = steps_->next();
       return *this;
     }
     void operator++(int) noexcept { ++*this; }
-
-    /// Whether the walk has ended.
     friend bool operator==(const Iterator &at, std::default_sentinel_t) noexcept {
       return at.element_ == nullptr;
     }
@@ -1366,6 +1473,7 @@ struct ValueSteps {
 };
 
 }  // namespace detail
+/// \endcond
 
 inline Invocations Service::invocations() const noexcept { return Invocations({*this}); }
 inline Attributes Service::attributes() const noexcept { return Attributes({*this}); }
@@ -1393,7 +1501,12 @@ inline Result<Value> Service::value(const TextArgument &attribute) const noexcep
   return value_of(jt_get_first_attribute_value, row_of(attribute), attribute);
 }
 
+/// \}
+
 // ---- Templates --------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_templates Templates
+/// \{
 
 /// Owns a template: a node tree in its session, under a handle. Made by Session::decode() and
 /// Session::create(). Calls that change the tree are const, as they are through any handle.
@@ -1405,8 +1518,9 @@ class Template {
   /// Takes over a template of jt.h.
   Template(const Session &session, std::int32_t owned) noexcept;
 
-  /// The template changes hands; the other owner is empty then. The one that was here is destroyed.
+  /// Takes the template over and leaves the other empty.
   Template(Template &&other) noexcept : link_(std::move(other.link_)), handle_(other.release()) {}
+  /// Destroys its template and takes the other one over.
   Template &operator=(Template &&other) noexcept {
     Template taken(std::move(other));
     std::swap(link_, taken.link_);
@@ -1455,7 +1569,12 @@ class Template {
   std::int32_t handle_ = 0;
 };
 
+/// \}
+
 // ---- Sessions ---------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_sessions Sessions
+/// \{
 
 /// Owns a session. It may be moved while what was made in it stays.
 class Session {
@@ -1473,9 +1592,9 @@ class Session {
     if (link_.raw() == nullptr) jt_close_parsing_utility(owned);
   }
 
-  /// The session changes hands with all that was made in it; the other owner is empty then. The one that was
-  /// here is closed.
+  /// Takes the session over and leaves the other empty.
   Session(Session &&) noexcept = default;
+  /// Closes its session and takes the other one over.
   Session &operator=(Session &&other) noexcept {
     Session taken(std::move(other));
     std::swap(link_, taken.link_);
@@ -1523,22 +1642,28 @@ class Session {
     return link_.made<Status>(get_status(link_.raw(), name.c_str()), link_);
   }
 
-  /// What the last call through this header reported, be it one that succeeded: its category alone, or with
-  /// its messages. Unlike in jt.h, no question resets it.
+  /// The category of what the last call through this header reported, be it one that succeeded. Unlike in
+  /// jt.h, no question resets it.
   Category last_category() const noexcept { return link_.category(); }
+
+  /// The same with its messages.
   Error last_report() const noexcept { return link_.report(); }
 
   /// All messages that the session remembers. jt_get_previous_error()
   Messages history() const noexcept { return link_.history(); }
 
-  /// The library's texts; "" without a session. jt_get_version(), jt_get_copyright(),
-  /// jt_get_supported_language_version()
+  /// The version of the library, in two lines; "" without a session. jt_get_version()
   std::string_view version() const noexcept { return fixed_text(jt_get_version); }
+
+  /// A notice; "" without a session. jt_get_copyright()
   std::string_view copyright() const noexcept { return fixed_text(jt_get_copyright); }
+
+  /// The version of the language; "" without a session. jt_get_supported_language_version()
   std::string_view language_version() const noexcept { return fixed_text(jt_get_supported_language_version); }
 
-  /// Whether there is a session; the session for the calls of jt.h, still this owner's, or null.
+  /// Whether there is a session.
   explicit operator bool() const noexcept { return get() != nullptr; }
+  /// The session of jt.h; null when there is none.
   jt_parser_space *get() const noexcept { return link_.raw(); }
 
   /// Gives the session up, with every template in it: for their owners it is closed. Close it with
@@ -1571,6 +1696,8 @@ inline Status::Status(const Session &session, jt_status *owned) noexcept : Statu
 
 inline Template::Template(const Session &session, std::int32_t owned) noexcept
     : Template(session.link_, owned) {}
+
+/// \}
 
 }  // namespace jt
 

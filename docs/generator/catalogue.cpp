@@ -40,7 +40,7 @@ const std::array<Service, 16> kServices = {{
 
 namespace {
 
-std::string code(std::string_view text) { return "``" + std::string(text) + "``"; }
+std::string code(std::string_view text) { return "`" + std::string(text) + "`"; }
 
 bool is_block(const jt_type &row) { return row.eval == nullptr; }
 
@@ -53,77 +53,20 @@ std::size_t rows_of(const jt_core::ValueList &list) {
   return *std::max_element(list.slots, list.slots + list.last_slot + 1);
 }
 
-std::string write_name(const Name &name) {
-  const std::string note = name.text == name.written ? "" : " written as " + code(name.written);
-  return "<li><span>" + std::to_string(name.number) + "</span> " + code(name.text) + note + "</li>\n";
-}
-
-std::string write_names(const jt_core::ValueList &list) {
-  std::string text = "<ul class=\"names\">\n";
-  for (const Name &name : names_of(list)) text += write_name(name);
-  return text + "</ul>\n\n";
-}
-
 std::string write_types(const Service &service) {
   std::string text;
   for (std::int32_t i = 0; i < service.count; ++i) {
-    if (!is_block(service.rows[i]))
-      text += (text.empty() ? "" : ", ") + ("`" + std::string(service.rows[i].name) + "`");
+    if (!is_block(service.rows[i])) text += "- " + code(service.rows[i].name) + "\n";
   }
-  return text.empty() ? "No types of its own; the base types serve.\n\n" : "Types: " + text + ".\n\n";
+  if (text.empty()) return "None; the base types serve.\n";
+  return ":::{container} names\n" + text + ":::\n";
 }
 
-std::string write_service(const Service &service) {
-  const std::string name = own_row(service).name;
-  std::string text = "## " + name + " {#" + name + "}\n\n" + std::string(service.purpose) + " Table `" +
-                     std::string(service.table_name) + "`, `" + std::string(service.count_name) + "` " +
-                     std::to_string(service.count) + ".\n\n" + write_types(service);
-  if (service.names != nullptr) {
-    text += "Names of its `enum_` types, with their numbers:\n\n" + write_names(*service.names);
-  }
-  return text;
-}
-
-struct BaseType {
-  std::string_view name;
-  std::string_view text;
-};
-
-// An example of each base type of values.
-constexpr auto kBaseTypes = std::to_array<BaseType>({
-    {"boolean", "TRUE"},
-    {"integer", "-17"},
-    {"real", "0.750000"},
-    {"string", "\"any text\""},
-    {"timestamp", "2030/01/31/23/59/00"},
-    {"struct_timeofday", "20:5"},
-    {"struct_rectangle", "10/10/210/297/MM"},
-    {"ref_invocation", "Scanner:Letter"},
-    {"ref_collection", "Handouts"},
-    {"enum_units", "MM"},
-    {"enum_systemidalgorithm", "PROPRIETARY"},
-    {"kmt_enum_status", "KMT_STATUS_COMPLETED"},
-});
-
-std::string write_base_types() {
-  std::string text = "| type | written |\n|---|---|\n";
-  for (const BaseType &type : kBaseTypes) {
-    text += "| `" + std::string(jt_core::find_base_type(type.name)->name) + "` | `" + std::string(type.text) +
-            "` |\n";
-  }
-  return text + "\nNames of the enumerated ones, which share one list:\n\n" +
-         write_names(jt_core::kBaseValues);
-}
-
-constexpr std::string_view kIntroduction =
-    "# Services, types and value names {#catalogue}\n\n"
-    "What the library knows by name. In all of these names capital and small letters are the same; they are\n"
-    "written back as they stand here. Each service has one list of names that serves all its `enum_` types: "
-    "a\n"
-    "name is not checked against the type that it stands under. A name that is in no list is kept as it is, "
-    "with\na warning. How the texts of the other types look is told in \\ref values.\n\n"
-    "Where two names share a number, one of them is written for both.\n\n[TOC]\n\n"
-    "## Base types {#base_types}\n\nThey may be used in every service and in the header.\n\n";
+constexpr std::string_view kAboutNames =
+    "\n## Value names\n\n"
+    "They serve all `enum_` types of the service alike. Which name is meant for which type is not known, and "
+    "not\n"
+    "checked. Behind each name stands its number.\n\n";
 
 }  // namespace
 
@@ -139,10 +82,25 @@ std::vector<Name> names_of(const jt_core::ValueList &list) {
   return names;
 }
 
-std::string write_catalogue() {
-  std::string text = std::string(kIntroduction) + write_base_types();
-  for (const Service &service : kServices) text += write_service(service);
-  return text;
+std::string write_names(const jt_core::ValueList &list) {
+  std::string text = ":::{container} names\n";
+  for (const Name &name : names_of(list)) {
+    const std::string note = name.text == name.written ? "" : ", written as " + code(name.written);
+    text += "- " + code(name.text) + " " + std::to_string(name.number) + note + "\n";
+  }
+  return text + ":::\n";
+}
+
+std::string name_of(const Service &service) { return own_row(service).name; }
+
+std::string write_service(const Service &service) {
+  const std::string text = "# " + name_of(service) + "\n\n" + std::string(service.purpose) +
+                           " In C its table is " + code(service.table_name) + ", with " +
+                           std::to_string(service.count) + " rows, " + code(service.count_name) +
+                           ".\n\n## Types\n\n" + write_types(service);
+  if (service.names == nullptr)
+    return text + "\nThere are no enumerated types, so there are no value names.\n";
+  return text + std::string(kAboutNames) + write_names(*service.names);
 }
 
 }  // namespace jt_docs

@@ -1,4 +1,5 @@
-// The page of services, types and value names, written from the type tables and value lists of the library.
+// The pages of services with their types and value names, written from the type tables and value lists of the
+// library.
 #ifndef JT_DOCS_GENERATOR_CATALOGUE_H
 #define JT_DOCS_GENERATOR_CATALOGUE_H
 
@@ -33,8 +34,14 @@ struct Name {
 // All names of a list, by number.
 std::vector<Name> names_of(const jt_core::ValueList &list);
 
-// The page in Markdown.
-std::string write_catalogue();
+// The names of a list with their numbers, in Markdown.
+std::string write_names(const jt_core::ValueList &list);
+
+// What the service is called in a template.
+std::string name_of(const Service &service);
+
+// The page of a service, in Markdown.
+std::string write_service(const Service &service);
 
 }  // namespace jt_docs
 

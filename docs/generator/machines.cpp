@@ -1,6 +1,7 @@
 #include "machines.h"
 
 #include <algorithm>
+#include <regex>
 #include <set>
 #include <utility>
 
@@ -12,10 +13,11 @@ namespace jt_docs {
 using jt_core::State;
 using jt_core::TokenKind;
 
-constexpr std::array<Drawing, 5> kDrawings = {{
+constexpr std::array<Drawing, 6> kDrawings = {{
     {"header", &jt_core::kHeaderMachine, State::kHeaderBegin},
     {"header_attributes", &jt_core::kHeaderAttributesMachine, State::kInInvocation},
-    {"section", &jt_core::kSectionMachine, State::kSectionBegin},
+    {"section", &jt_core::kSectionOpeningMachine, State::kSectionBegin},
+    {"section_end", &jt_core::kSectionClosingMachine, State::kSectionFilled},
     {"body", &jt_core::kBodyMachine, State::kBetweenServices},
     {"end_marker", &jt_core::kEndMarkerMachine, State::kMarkerBegin},
 }};
@@ -80,48 +82,11 @@ std::string joined(const std::vector<std::string> &words) {
   return text;
 }
 
-struct Meaning {
-  State from;
-  State to;
-  std::string_view text;
-};
-
-constexpr auto kMeanings = std::to_array<Meaning>({
-    {State::kHeaderBegin, State::kFinished, "no header; read again"},
-    {State::kHeaderForm, State::kHeaderVersion, "SIL"},
-    {State::kHeaderWord, State::kHeaderVersion, "SIL"},
-    {State::kHeaderVersion, State::kHeaderEncoding, "version"},
-    {State::kHeaderEncoding, State::kHeaderIdentifier, "encoding"},
-    {State::kHeaderIdentifier, State::kHeaderEnd, "identifier"},
-    {State::kHeaderSaved, State::kFinished, "header attributes; read again"},
-    {State::kSectionBegin, State::kFinished, "no section; read again"},
-    {State::kSectionForm, State::kSectionOpened, "if the header's"},
-    {State::kSectionForm, State::kFinished, "/SIL; read again"},
-    {State::kSectionContent, State::kSectionFilled, "services; read again"},
-    {State::kSectionSlash, State::kSectionClosingForm, "begins with /"},
-    {State::kSectionClosingForm, State::kSectionClosed, "if the header's"},
-    {State::kBetweenServices, State::kFinished, "after a header; read again"},
-    {State::kServiceType, State::kServiceName, "type of service"},
-    {State::kServiceName, State::kServiceNamed, "name"},
-    {State::kInService, State::kInvocationNamed, "name"},
-    {State::kAfterService, State::kFinished, "after a header; read again"},
-    {State::kServiceStatus, State::kServiceStatusRead, "status"},
-    {State::kServiceText, State::kServiceText, "text"},
-    {State::kInInvocation, State::kAttributeName, "type"},
-    {State::kInInvocation, State::kFinished, "read again"},
-    {State::kAfterInvocation, State::kInvocationNamed, "name of the next"},
-    {State::kInvocationStatus, State::kInvocationStatusRead, "status"},
-    {State::kInvocationText, State::kInvocationText, "text"},
-    {State::kStarredType, State::kAttributeName, "type"},
-    {State::kAttributeName, State::kAttributeNamed, "name"},
-    {State::kFirstValue, State::kAfterValue, "value"},
-    {State::kNextValue, State::kAfterValue, "value"},
-    {State::kAfterAttribute, State::kAttributeName, "type of the next"},
-    {State::kAfterAttribute, State::kFinished, "read again"},
-    {State::kAttributeStatus, State::kAttributeStatusRead, "status"},
-    {State::kAttributeText, State::kAttributeText, "text"},
-    {State::kMarkerWord, State::kMarkerEnd, "/SIL"},
-});
+// By role, in the order of the enumeration; punctuation says itself what it is.
+constexpr auto kRoleNames = std::to_array<std::string_view>(
+    {"", "mark", "version", "encoding", "identifier", "type of service", "name of service",
+     "name of invocation", "", "type", "name", "value", "status", "text", "read again"});
+static_assert(kRoleNames.size() == static_cast<std::size_t>(jt_core::Role::kNextStage) + 1);
 
 // ---- What a state says ------------------------------------------------------------------------------------
 
@@ -196,13 +161,6 @@ std::string small(std::string_view text, std::string_view color) {
   return "<br/><font point-size=\"9\" color=\"" + std::string(color) + "\">" + escaped(text) + "</font>";
 }
 
-// What stands behind a semicolon gets a line of its own.
-std::string small_meaning(std::string_view text) {
-  const std::size_t end = text.find("; ");
-  if (end == text.npos) return small(text, "#1f3f7f");
-  return small(text.substr(0, end + 1), "#1f3f7f") + small_meaning(text.substr(end + 2));
-}
-
 // A machine that reports every wrong token alike need not say so in every state.
 bool always_reports_the_same(const jt_core::Machine &machine, const std::set<State> &states) {
   std::set<std::string> expectations;
@@ -238,7 +196,7 @@ std::string stand_in_line(State state) {
 
 std::string edge_line(const jt_core::Row &row) {
   return "  " + std::string(enumerator_of(row.from)) + " -> " + target_of(row) + " [label=<<b>" +
-         escaped(tokens_of(row)) + "</b>" + small_meaning(meaning_of(row)) + ">];\n";
+         escaped(tokens_of(row)) + "</b>" + small(meaning_of(row), "#1f3f7f") + ">];\n";
 }
 
 }  // namespace
@@ -266,10 +224,7 @@ std::string tokens_of(const jt_core::Row &row) {
 }
 
 std::string_view meaning_of(const jt_core::Row &row) {
-  const auto *const found = std::find_if(kMeanings.begin(), kMeanings.end(), [&row](const Meaning &meaning) {
-    return meaning.from == row.from && meaning.to == row.to;
-  });
-  return found != kMeanings.end() ? found->text : std::string_view();
+  return kRoleNames[static_cast<std::size_t>(row.role)];
 }
 
 std::string draw(const Drawing &drawing) {
@@ -294,6 +249,17 @@ std::string draw(const Drawing &drawing) {
   for (const State state : stand_ins) text += stand_in_line(state);
   for (const jt_core::Row &row : rows) text += edge_line(row);
   return text + "}\n";
+}
+
+std::string tabulate(const Drawing &drawing) {
+  std::string text = "| in the state | token | it is | next state |\n|---|---|---|---|\n";
+  for (const jt_core::Row &row : rows_of(*drawing.machine)) {
+    const std::string tokens = std::regex_replace(tokens_of(row), std::regex(R"(([|*<>\[\]]))"), R"(\$1)");
+    const std::string to = row.to == State::kFinished ? "the end of the stage" : name_of(row.to);
+    text += "| " + name_of(row.from) + " | " + tokens + " | " + std::string(meaning_of(row)) + " | " + to +
+            " |\n";
+  }
+  return text;
 }
 
 }  // namespace jt_docs

@@ -18,7 +18,7 @@ struct Drawing {
   jt_core::State begin;
 };
 
-extern const std::array<Drawing, 5> kDrawings;
+extern const std::array<Drawing, 6> kDrawings;
 
 // The rows without the one that closes the table.
 std::vector<jt_core::Row> rows_of(const jt_core::Machine &machine);
@@ -34,6 +34,9 @@ std::string_view meaning_of(const jt_core::Row &row);
 
 // The picture for Graphviz.
 std::string draw(const Drawing &drawing);
+
+// The rows as a table in Markdown, for those who do not see the picture.
+std::string tabulate(const Drawing &drawing);
 
 }  // namespace jt_docs
 

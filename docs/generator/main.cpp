@@ -1,23 +1,17 @@
-// Writes what the manual takes from the library's own tables into a directory: the pictures of the decoder's
-// machines, for Graphviz, and the pages of types and of messages, in Markdown.
+// Writes what the manual takes from the library's own tables into a directory: pictures of the decoder's
+// machines for Graphviz, and in Markdown their rows, the names of the base types, and a page for each
+// service.
 //
-//   jt-docs SOURCE_DIRECTORY OUTPUT_DIRECTORY
+//   jt-docs OUTPUT_DIRECTORY
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "catalogue.h"
 #include "machines.h"
-#include "messages.h"
 
 namespace {
-
-std::string read_whole(const std::string &path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 bool write_whole(const std::string &path, const std::string &text) {
   std::ofstream file(path, std::ios::binary);
@@ -27,39 +21,29 @@ bool write_whole(const std::string &path, const std::string &text) {
   return !file.fail();
 }
 
-bool write_machines(const std::string &directory) {
-  bool written = true;
-  for (const jt_docs::Drawing &drawing : jt_docs::kDrawings) {
-    const std::string path = directory + "/machine_" + std::string(drawing.name) + ".dot";
-    written = write_whole(path, jt_docs::draw(drawing)) && written;
-  }
-  return written;
+bool write_machine(const std::string &directory, const jt_docs::Drawing &drawing) {
+  const std::string name = "machine_" + std::string(drawing.name);
+  return write_whole(directory + "/pictures/" + name + ".dot", jt_docs::draw(drawing)) &&
+         write_whole(directory + "/tables/" + name + ".md", jt_docs::tabulate(drawing));
 }
 
-// The hand-written beginning of the page, then the messages.
-bool write_message_page(const std::string &source, const std::string &directory) {
-  const auto messages = jt_docs::parse_header(read_whole(source + "/src/base/messages.h"));
-  const auto entries = jt_docs::parse_entries(read_whole(source + "/docs/messages.txt"));
-  const auto differences = jt_docs::differences(messages, entries);
-  for (const std::string &difference : differences) {
-    std::fprintf(stderr, "docs/messages.txt: %s\n", difference.c_str());
-  }
-  return differences.empty() &&
-         write_whole(directory + "/messages.md",
-                     read_whole(source + "/docs/messages.md") + jt_docs::write_messages(messages, entries));
+bool write_service(const std::string &directory, const jt_docs::Service &service) {
+  return write_whole(directory + "/catalogue/" + jt_docs::name_of(service) + ".md",
+                     jt_docs::write_service(service));
 }
 
 }  // namespace
 
 int main(int argc, char **argv) {
-  if (argc != 3) {
-    std::fprintf(stderr, "usage: jt-docs SOURCE_DIRECTORY OUTPUT_DIRECTORY\n");
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: jt-docs OUTPUT_DIRECTORY\n");
     return EXIT_FAILURE;
   }
-  const std::string source = argv[1];
-  const std::string directory = argv[2];
-  const bool written = write_machines(directory) &&
-                       write_whole(directory + "/catalogue.md", jt_docs::write_catalogue()) &&
-                       write_message_page(source, directory);
+  const std::string directory = argv[1];
+  bool written = write_whole(directory + "/tables/base_names.md", jt_docs::write_names(jt_core::kBaseValues));
+  for (const jt_docs::Drawing &drawing : jt_docs::kDrawings)
+    written = write_machine(directory, drawing) && written;
+  for (const jt_docs::Service &service : jt_docs::kServices)
+    written = write_service(directory, service) && written;
   return written ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -46,14 +46,14 @@ struct Token {
   std::string_view text;  // not terminated; that of a kWord lies in the SIL text
 };
 
-// The longest text of a token. In quotes the limit is lower: see kMostQuoted in lexer.cpp.
-constexpr std::size_t kMostTokenText = 2047;
+// The longest text of a token. In quotes the limit is lower: see kMaxQuoted in lexer.cpp.
+constexpr std::size_t kMaxTokenText = 2047;
 
 struct SilCursor {
   const char *position;  // the next unread character
   const char *mark;      // where the last call began
   const char *begin;     // of the whole text; no report points before it
-  std::array<char, kMostTokenText + 1> buffer;
+  std::array<char, kMaxTokenText + 1> buffer;
 };
 
 // The next token; an error has been reported.

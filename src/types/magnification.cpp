@@ -94,6 +94,10 @@ bool Magnification::format(jt_parser_space *space, const Value &value, ShortText
   return !name.empty();
 }
 
+std::array<std::int32_t, 3> Magnification::compared(const Value &value) {
+  return {value.mode, value.first, value.mode == scan::kManIso ? 0 : value.second};
+}
+
 // With one percentage there is an order; otherwise values are equal or not.
 std::int32_t Magnification::order(const Value &a, const Value &b) {
   if (a.mode != b.mode) return kDifferent;

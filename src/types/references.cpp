@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 #include <numeric>
 #include <string_view>
@@ -82,10 +83,12 @@ bool Reference<Texts>::write(jt_parser_space * /*space*/, const ValueList * /*na
   return true;
 }
 
-// Both kinds begin with the name.
 template <std::size_t Texts>
 bool Reference<Texts>::hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash) {
-  hash = hash_name(secret, parts_of<Texts>(value).front());
+  hash = 0;
+  for (const std::string_view part : parts_of<Texts>(value)) {
+    hash = std::rotl(hash, 16) ^ hash_name(secret, part);
+  }
   return true;
 }
 

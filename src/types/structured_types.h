@@ -54,7 +54,7 @@ struct Magnification {
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
   static std::int32_t order(const Value &a, const Value &b);
   static void cut(char *text, ReadStatus status);
-  static std::array<std::int32_t, 2> compared(const Value &value) { return {value.mode, value.first}; }
+  static std::array<std::int32_t, 3> compared(const Value &value);
 };
 
 // Four margins with their unit for each side of a sheet: "a/b/c/d/unit/e/f/g/h/unit". The second side may be

@@ -331,10 +331,9 @@ consteval void enter(TypeTable &table, std::size_t number) {
   table.lengths[number] = static_cast<std::uint8_t>(name.size());
 }
 
-template <const auto &Rows>
-consteval TypeTable table() {
-  constexpr std::size_t kRows = std::size(Rows);
-  TypeTable table = {Rows, kRows, {}, {}, {}};
+template <std::size_t kRows>
+consteval TypeTable table(const jt_type (&rows)[kRows]) {
+  TypeTable table = {rows, kRows, {}, {}, {}};
   static_assert((kRows + kBase.size()) * 2 <= sizeof(table.slots));
   static_assert(kRows + kBase.size() <= sizeof(table.lengths));
   for (std::size_t number = 0; number < kRows + kBase.size(); ++number) {
@@ -344,31 +343,31 @@ consteval TypeTable table() {
   return table;
 }
 
-constexpr TypeTable kBaseTable = table<kBaseTypes>();
+constexpr TypeTable kBaseTable = table(kBaseTypes);
 
-template <const auto &Rows>
-consteval ServiceTypes service(std::string_view name, const ValueList *values = nullptr,
-                               bool in_templates = true) {
-  return {name, name_hash(name), table<Rows>(), values, in_templates};
+template <std::size_t kRows>
+consteval ServiceTypes service(const jt_type (&rows)[kRows], std::string_view name,
+                               const ValueList *values = nullptr, bool in_templates = true) {
+  return {name, name_hash(name), table(rows), values, in_templates};
 }
 
 constexpr std::array<ServiceTypes, 16> kServices = {{
-    service<doc_type_tab>("kmt_document", &kDocumentValues),
-    service<gen_type_tab>("kmt_svc_general", &kGeneralValues),
-    service<fax_type_tab>("kmt_svc_fax", &kFaxValues),
-    service<file_type_tab>("kmt_svc_file", &kFileValues),
-    service<scan_type_tab>("kmt_svc_scan", &kScanValues),
-    service<print_type_tab>("kmt_svc_print", &kPrintValues),
-    service<notif_type_tab>("kmt_svc_notification"),
-    service<email_type_tab>("kmt_svc_email", &kEmailValues),
-    service<ocr_type_tab>("kmt_svc_ocr", &kOcrValues),
-    service<docman_type_tab>("kmt_svc_docman"),
-    service<ppware_type_tab>("kmt_svc_paperware"),
-    service<desksvc_type_tab>("kmt_svc_desktop"),
-    service<validation_type_tab>("kmt_svc_validation", &kValidationValues),
-    service<metadata_type_tab>("kmt_dscrpt_metadata", &kMetadataValues),
-    service<pport_type_tab>("kmt_svc_traikubra", nullptr, false),
-    service<qf_type_tab>("kmt_svc_quillform", nullptr, false),
+    service(doc_type_tab, "kmt_document", &kDocumentValues),
+    service(gen_type_tab, "kmt_svc_general", &kGeneralValues),
+    service(fax_type_tab, "kmt_svc_fax", &kFaxValues),
+    service(file_type_tab, "kmt_svc_file", &kFileValues),
+    service(scan_type_tab, "kmt_svc_scan", &kScanValues),
+    service(print_type_tab, "kmt_svc_print", &kPrintValues),
+    service(notif_type_tab, "kmt_svc_notification"),
+    service(email_type_tab, "kmt_svc_email", &kEmailValues),
+    service(ocr_type_tab, "kmt_svc_ocr", &kOcrValues),
+    service(docman_type_tab, "kmt_svc_docman"),
+    service(ppware_type_tab, "kmt_svc_paperware"),
+    service(desksvc_type_tab, "kmt_svc_desktop"),
+    service(validation_type_tab, "kmt_svc_validation", &kValidationValues),
+    service(metadata_type_tab, "kmt_dscrpt_metadata", &kMetadataValues),
+    service(pport_type_tab, "kmt_svc_traikubra", nullptr, false),
+    service(qf_type_tab, "kmt_svc_quillform", nullptr, false),
 }};
 
 constexpr std::span<const ServiceTypes> kServicesInTemplates = std::span(kServices).first(14);

@@ -1,4 +1,4 @@
-// The page of services, types and value names: everything that the tables have is on it.
+// The pages of services with their types and value names: everything that the tables have is on them.
 #include "catalogue.h"
 
 #include <gtest/gtest.h>
@@ -6,12 +6,18 @@
 #include <algorithm>
 #include <string>
 
+#include "support/program.h"
+
 namespace jt_docs {
 namespace {
 
-bool is_on_page(const std::string &part) {
-  static const std::string kPage = write_catalogue();
-  return kPage.find(part) != std::string::npos;
+bool is_on_page(const Service &service, const std::string &part) {
+  return write_service(service).find(part) != std::string::npos;
+}
+
+const Service &service_of(const jt_type *table) {
+  return *std::find_if(kServices.begin(), kServices.end(),
+                       [table](const Service &service) { return service.rows == table; });
 }
 
 TEST(Catalogue, HasEveryTypeOfEveryTable) {
@@ -19,9 +25,17 @@ TEST(Catalogue, HasEveryTypeOfEveryTable) {
     for (std::int32_t i = 0; i < service.count; ++i) {
       const std::string name = service.rows[i].name;
       const bool is_service = service.rows[i].eval == nullptr;
-      EXPECT_TRUE(is_on_page(is_service ? "## " + name + " {#" : "`" + name + "`")) << name;
+      EXPECT_TRUE(is_on_page(service, is_service ? "# " + name + "\n" : "- `" + name + "`\n")) << name;
     }
   }
+}
+
+TEST(Catalogue, NamesAServiceAsATemplateDoes) { EXPECT_EQ(name_of(service_of(fax_type_tab)), "kmt_svc_fax"); }
+
+TEST(Catalogue, SaysWhereAServiceHasNoTypesOrNames) {
+  const Service &service = service_of(docman_type_tab);
+  EXPECT_TRUE(is_on_page(service, "None; the base types serve.\n"));
+  EXPECT_TRUE(is_on_page(service, "there are no value names"));
 }
 
 TEST(Catalogue, HasEveryTableOnce) {
@@ -49,18 +63,27 @@ TEST(Catalogue, ShowsEveryNameWithItsNumber) {
   for (const Service &service : kServices) {
     if (service.names == nullptr) continue;
     for (const Name &name : names_of(*service.names)) {
-      const std::string number = "<li><span>" + std::to_string(name.number) + "</span> ";
-      EXPECT_TRUE(is_on_page(number + "``" + std::string(name.text) + "``")) << name.text;
+      const std::string item = "- `" + std::string(name.text) + "` " + std::to_string(name.number);
+      EXPECT_TRUE(is_on_page(service, item)) << name.text;
     }
   }
 }
 
 TEST(Catalogue, ShowsWhichOfTwoNamesIsWritten) {
-  EXPECT_TRUE(is_on_page("<li><span>55</span> ``NA_11x9LEF`` written as ``NA_9x11LEF``</li>"));
-  EXPECT_TRUE(is_on_page("<li><span>55</span> ``NA_9x11LEF``</li>"));
+  const Service &service = service_of(scan_type_tab);
+  EXPECT_TRUE(is_on_page(service, "- `NA_11x9LEF` 55, written as `NA_9x11LEF`\n"));
+  EXPECT_TRUE(is_on_page(service, "- `NA_9x11LEF` 55\n"));
 }
 
-TEST(Catalogue, ShowsHowABaseTypeIsWritten) { EXPECT_TRUE(is_on_page("| `struct_timeofday` | `20:5` |\n")); }
+TEST(Catalogue, TellsOfEveryBaseType) {
+  const std::string page = jt_test::read_whole(JT_SOURCE_DIR "/docs/catalogue.md");
+  for (const char *name :
+       {"boolean", "integer", "real", "string", "timestamp", "struct_timeofday", "struct_rectangle",
+        "ref_invocation", "ref_collection", "enum_units", "enum_systemidalgorithm", "kmt_enum_status"}) {
+    EXPECT_NE(get_type_from_services(nullptr, nullptr, name), nullptr) << name;
+    EXPECT_NE(page.find("| `" + std::string(name) + "` |"), std::string::npos) << name;
+  }
+}
 
 }  // namespace
 }  // namespace jt_docs

@@ -1,8 +1,9 @@
-// The page of messages: it describes every message of the library, and no other.
-#include "messages.h"
-
+// The page of messages: it describes every message of the library, in the order of the library's list, and no
+// other. An entry of the page is a line that begins with the text of a message as code, with what varies in
+// it, and the lines below it that say when it is recorded and what to do.
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -13,101 +14,97 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string kRoot = JT_SOURCE_DIR "/";
+// As the source spells them, but for quotes.
+Texts messages_of(const std::string &header) {
+  static const std::regex kConstant(R"re(inline constexpr char k\w+\[\] =\s*"((?:[^"\\]|\\.)*)";)re");
+  Texts messages;
+  for (std::sregex_iterator at(header.begin(), header.end(), kConstant), end; at != end; ++at) {
+    messages.push_back(std::regex_replace((*at)[1].str(), std::regex(R"(\\")"), "\""));
+  }
+  return messages;
+}
 
-constexpr char kHeader[] =
-    "// ---- First ----\n"
-    "inline constexpr char kOne[] = \"WARNING: one\";\n"
-    "inline constexpr char kTwo[] =\n"
-    "    \"CALL ERROR: \\\" \";\n"
-    "// ---- Second ----\n"
-    "inline constexpr char kThree[] = \" \\\" three\\n\";\n";
+Texts entries_of(const std::string &page) {
+  static const std::regex kEntry(R"(`([^`]+)`( \+ .*)?)");
+  Texts entries;
+  for (const std::string &line : jt_test::lines_of(page)) {
+    std::smatch match;
+    if (std::regex_match(line, match, kEntry)) entries.push_back(match[1]);
+  }
+  return entries;
+}
 
-constexpr char kEntries[] =
-    "kOne + the name\n"
-    "when Something\n"
-    "  happens.\n"
-    "do   Nothing.\n"
-    "\n"
-    "kTwo WHAT kThree\n"
-    "when Never.\n"
-    "do   Wait.\n";
+// A message whose text goes on behind what varies is two constants, one behind the other.
+Texts differences(const Texts &messages, const Texts &entries) {
+  Texts found;
+  auto message = messages.begin();
+  for (const std::string &entry : entries) {
+    if (message == messages.end() || entry.find(*message) != 0) {
+      found.push_back("no message in this place: " + entry);
+      continue;
+    }
+    const std::string rest = entry.substr(message++->size());
+    if (rest.empty()) continue;
+    const bool goes_on = message != messages.end() && rest.size() > message->size() &&
+                         rest.compare(rest.size() - message->size(), rest.npos, *message) == 0;
+    if (!goes_on) found.push_back("goes on otherwise: " + entry);
+    if (goes_on) ++message;
+  }
+  for (; message != messages.end(); ++message) found.push_back("not described: " + *message);
+  return found;
+}
 
-Texts differences_of(const std::string &entries) {
-  return differences(parse_header(kHeader), parse_entries(entries));
+std::string library_header() { return jt_test::read_whole(JT_SOURCE_DIR "/src/base/messages.h"); }
+
+std::string messages_page() { return jt_test::read_whole(JT_SOURCE_DIR "/docs/messages.md"); }
+
+std::size_t count(const std::string &text, const std::string &part) {
+  std::size_t times = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++times;
+  return times;
 }
 
 TEST(Messages, EveryMessageOfTheLibraryIsDescribedInItsPlace) {
-  const auto messages = parse_header(jt_test::read_whole(kRoot + "src/base/messages.h"));
-  const auto entries = parse_entries(jt_test::read_whole(kRoot + "docs/messages.txt"));
-  EXPECT_EQ(differences(messages, entries), Texts());
+  EXPECT_EQ(differences(messages_of(library_header()), entries_of(messages_page())), Texts());
 }
 
 TEST(Messages, NoMessageOfTheLibraryIsOverlooked) {
-  const std::string header = jt_test::read_whole(kRoot + "src/base/messages.h");
-  std::size_t constants = 0;
-  for (std::size_t at = header.find("constexpr char k"); at != std::string::npos;
-       at = header.find("constexpr char k", at + 1)) {
-    ++constants;
-  }
-  EXPECT_GE(constants, 90U);
-  EXPECT_EQ(parse_header(header).size(), constants);
+  EXPECT_GE(messages_of(library_header()).size(), 90U);
+  EXPECT_EQ(messages_of(library_header()).size(), count(library_header(), "constexpr char k"));
 }
 
-TEST(Messages, ReadsConstantsTextsAndChapters) {
-  const std::vector<Message> messages = parse_header(kHeader);
-  ASSERT_EQ(messages.size(), 3U);
-  EXPECT_EQ(messages[1].constant, "kTwo");
-  EXPECT_EQ(messages[1].text, "CALL ERROR: \\\" ");
-  EXPECT_EQ(messages[1].chapter, "First");
-  EXPECT_EQ(messages[2].chapter, "Second");
+TEST(Messages, EachEntrySaysWhenAndWhatToDo) {
+  const std::size_t entries = entries_of(messages_page()).size();
+  EXPECT_EQ(count(messages_page(), "\n: "), entries);
+  EXPECT_EQ(count(messages_page(), "\n  **What to do:** "), entries);
 }
 
-TEST(Messages, ReadsEntriesOverSeveralLines) {
-  const std::vector<Entry> entries = parse_entries(kEntries);
-  ASSERT_EQ(entries.size(), 2U);
-  EXPECT_EQ(entries[0].detail, "the name");
-  EXPECT_EQ(entries[0].when, "Something happens.");
-  EXPECT_EQ(entries[0].advice, "Nothing.");
-  EXPECT_EQ(entries[1].words, Texts({"kTwo", "WHAT", "kThree"}));
+TEST(Messages, ReadsConstantsInOneLineAndInTwo) {
+  EXPECT_EQ(messages_of("inline constexpr char kOne[] = \"WARNING: one\\n\";\n"
+                        "inline constexpr char kTwo[] =\n    \"CALL ERROR: \\\" \";\n"),
+            Texts({"WARNING: one\\n", "CALL ERROR: \" "}));
 }
 
-TEST(Messages, AMatchingDescriptionHasNoDifferences) { EXPECT_EQ(differences_of(kEntries), Texts()); }
+TEST(Messages, ReadsEntriesWithAndWithoutADetail) {
+  EXPECT_EQ(entries_of("`WARNING: one`\n: When `it` is.\n\n`CALL ERROR: \"` + the name\n: Then.\n"),
+            Texts({"WARNING: one", "CALL ERROR: \""}));
+}
+
+TEST(Messages, WhatVariesStandsBetweenTwoConstants) {
+  EXPECT_EQ(differences({"A: \"", "\" at", "B"}, {"A: \" WHAT \" at", "B"}), Texts());
+  EXPECT_EQ(differences({"A: \"", "B"}, {"A: \" WHAT \" at", "B"}),
+            Texts({"goes on otherwise: A: \" WHAT \" at"}));
+}
 
 TEST(Messages, AMissingDescriptionIsFound) {
-  EXPECT_EQ(differences_of("kTwo WHAT kThree\nwhen Never.\ndo Wait.\n"), Texts({"not described: kOne"}));
+  EXPECT_EQ(differences({"A", "B"}, {"A"}), Texts({"not described: B"}));
 }
 
 TEST(Messages, ADescriptionOfNoMessageIsFound) {
-  EXPECT_EQ(differences_of(std::string(kEntries) + "\nkFour\nwhen Never.\ndo Wait.\n"),
-            Texts({"no such message: kFour"}));
+  EXPECT_EQ(differences({"A"}, {"A", "C"}), Texts({"no message in this place: C"}));
 }
 
-TEST(Messages, ADescriptionThatComesTwiceIsFound) {
-  EXPECT_EQ(differences_of(std::string(kEntries) + "\nkOne\nwhen Never.\ndo Wait.\n"),
-            Texts({"twice: kOne", "twice: kOne"}));
-}
-
-TEST(Messages, AnIncompleteDescriptionIsFound) {
-  EXPECT_EQ(differences_of("kOne\nwhen Never.\n\nkTwo kThree\nwhen Never.\ndo Wait.\n"),
-            Texts({"incomplete: kOne"}));
-}
-
-TEST(Messages, AnotherOrderIsFound) {
-  EXPECT_EQ(differences_of("kTwo kThree\nwhen Never.\ndo Wait.\n\nkOne\nwhen Never.\ndo Wait.\n"),
-            Texts({"not in the order of the header"}));
-}
-
-TEST(Messages, ThePageShowsTheTextsAsAClientSeesThem) {
-  EXPECT_EQ(write_messages(parse_header(kHeader), parse_entries(kEntries)),
-            "## First\n\n"
-            "<dl class=\"messages\">\n"
-            "<dt>``WARNING: one`` + <em>the name</em></dt>\n"
-            "<dd>Something happens. <em>What to do:</em> Nothing.</dd>\n"
-            "<dt>``CALL ERROR: \" WHAT \" three\\n``</dt>\n"
-            "<dd>Never. <em>What to do:</em> Wait.</dd>\n"
-            "</dl>\n");
-}
+TEST(Messages, AnotherOrderIsFound) { EXPECT_FALSE(differences({"A", "B"}, {"B", "A"}).empty()); }
 
 }  // namespace
 }  // namespace jt_docs

@@ -53,6 +53,75 @@ TEST(Invocations, AddsChoosesAndDeletes) {
                 "\n");
 }
 
+TEST(FaxAndStore, PrintsAJobWithAHeader) {
+  expect_output(run_client("fax_and_store", {"fax-17", "+49 89 555"}), 0,
+                "\n"
+                "< SIL 4.2.00 ASCII fax-17 >\n"
+                "\n"
+                "[kmt_svc_scan Scanner]\n"
+                " Letter{\n"
+                " }\n"
+                "end\n"
+                "\n"
+                "[kmt_svc_fax Fax]\n"
+                " {\n"
+                "      string Number = \"+49 89 555\";\n"
+                "      enum_transmissionmode Mode = FASTEST_POSSIBLE;\n"
+                "      ref_invocation Source = Scanner:Letter;\n"
+                " }\n"
+                "end\n"
+                "\n"
+                "[kmt_svc_file Store]\n"
+                " {\n"
+                "      string Path = \"/faxes\";\n"
+                "      enum_filingprotocol Protocol = SFTP;\n"
+                "      ref_invocation Source = Scanner:Letter;\n"
+                " }\n"
+                "end\n"
+                "\n"
+                "\n"
+                "< /SIL >\n");
+}
+
+TEST(FaxAndStore, RefusesAnIdentifierThatIsNoWord) {
+  const ProgramRun run = run_client("fax_and_store", {"fax 17", "5"});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "SYNTAX ERROR: while parsing for \"  >  \" at:17 > < /SIL > ...\n");
+}
+
+TEST(FaxAndStore, DoesNotPrintWhatCannotBeRead) {
+  const ProgramRun run = run_client("fax_and_store", {"fax-17", std::string(1025, '5')});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_NE(run.err, "");
+}
+
+TEST(SetEverywhere, SetsTheValueInEachInvocationOfEachFile) {
+  const ProgramRun run = run_client("set_everywhere", {"Copies", "9", JT_SOURCE_DIR "/examples/copy.sil"});
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_NE(run.out.find(" Copies = 9;"), std::string::npos) << run.out;
+}
+
+TEST(SetEverywhere, GoesOnBehindAFileThatIsRefused) {
+  const std::string refused = JT_SOURCE_DIR "/examples/rejected/word_after_a_string.sil";
+  const ProgramRun run =
+      run_client("set_everywhere", {"None", "1", refused, JT_SOURCE_DIR "/examples/fax.sil"});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.err.find(refused + ": SYNTAX ERROR: quotes inside a value token at -->"), 0U) << run.err;
+  EXPECT_NE(run.out.find("[kmt_svc_fax Fax]"), std::string::npos);
+}
+
+TEST(SetEverywhere, SaysWhichFileHasNoSuchValue) {
+  const std::string file = JT_SOURCE_DIR "/examples/fax.sil";
+  const ProgramRun run = run_client("set_everywhere", {"Retries", "many", file});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(
+      run.err,
+      file + ": SYNTAX ERROR: trying to evaluate the following value string as -- integer --:\n\nmany ...\n");
+  EXPECT_EQ(run.out, "");
+}
+
 TEST(Annotate, WritesComments) {
   expect_output(run_client("annotate"), 0,
                 "[kmt_svc_scan Scanner]\n"

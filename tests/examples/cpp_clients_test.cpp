@@ -116,6 +116,22 @@ TEST(CppClients, FinishTheSameJobs) {
   expect_same("finish_job", {empty, "Scan", "Copies", "5"});
 }
 
+TEST(CppClients, BuildTheSameJobs) {
+  expect_same("fax_and_store", {"fax-17", "+49 89 555"});
+  expect_same("fax_and_store", {"fax 17", "5"});
+  expect_same("fax_and_store", {"fax-17", std::string(1025, '5')});
+}
+
+TEST(CppClients, ConvertTheSameFiles) {
+  std::vector<std::string> words = {"Sides", "ONE_SIDED", kExamples + "missing.sil"};
+  const std::vector<std::string> files = templates();
+  words.insert(words.end(), files.begin(), files.end());
+  expect_same("set_everywhere", words);
+  words[0] = "Copies";
+  words[1] = "many";
+  expect_same("set_everywhere", words);
+}
+
 TEST(CppClients, RefuseTheSameTexts) {
   expect_same("client", {"[ kmt_svc_coffee Kitchen ] end"});
   expect_same("client", {"< SIL 4.2.00 ASCII job > < /SIL"});
