@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <pugixml.hpp>
+#include <utility>
 
 #include "jt.hpp"
 #include "shapes.h"
@@ -31,9 +32,10 @@ class Jt : public Library {
     return text_ == nullptr ? std::string_view() : text_;
   }
 
-  void release_text() override { jt_destroy_value_string(space_, text_); }
-
-  void destroy() override { jt_destroy_template(space_, job_); }
+  void destroy() override {
+    free(std::exchange(text_, nullptr));
+    jt_destroy_template(space_, job_);
+  }
 
  protected:
   jt_parser_space *space_;
@@ -56,8 +58,8 @@ class JtSession : public Jt {
   }
 
   void destroy() override {
-    jt_close_parsing_utility(space_);
-    space_ = nullptr;
+    free(std::exchange(text_, nullptr));
+    jt_close_parsing_utility(std::exchange(space_, nullptr));
   }
 };
 
@@ -75,9 +77,10 @@ class Rapidjson : public Library {
     return {text_->GetString(), text_->GetSize()};
   }
 
-  void release_text() override { text_.reset(); }
-
-  void destroy() override { document_.reset(); }
+  void destroy() override {
+    text_.reset();
+    document_.reset();
+  }
 
  private:
   std::unique_ptr<rapidjson::Document> document_;
@@ -172,7 +175,7 @@ Texts make_texts(const std::string &sil) {
   Texts texts = {job->encode()->str(), {}, {}, 0, 0};
   pugi::xml_document document;
   add_services(document.append_child("template"), *job, texts);
-  save_xml(document, texts.xml);
+  texts.xml = save_xml(document);
   rapidjson::StringBuffer buffer;
   Json json(buffer);
   write_element(json, document.document_element());
