@@ -388,10 +388,10 @@ bool holds_row(const TypeTable &table, const jt_type *row) {
 }
 
 const ServiceTypes *find_service_of_row(const jt_type *row) {
-  const auto found = std::find_if(kServices.begin(), kServices.end(), [row](const ServiceTypes &service) {
-    return holds_row(service.types, row);
-  });
-  return found != kServices.end() ? &*found : nullptr;
+  const auto *const found =
+      std::find_if(kServices.begin(), kServices.end(),
+                   [row](const ServiceTypes &service) { return holds_row(service.types, row); });
+  return found != kServices.end() ? found : nullptr;
 }
 
 const ValueFamily *family_in(const TypeTable &table, const jt_type *row) {
