@@ -32,6 +32,9 @@ constexpr char kLanguageVersion[] = "2.5.0";
 
 extern "C" {
 
+// The client's own word; the library never looks at it.
+char *g_szCurrentLocale = nullptr;
+
 jt_parser_space *jt_open_parsing_utility(const char *label) { return create_parser_space(label); }
 
 int32_t jt_close_parsing_utility(jt_parser_space *space) { return delete_parser_space(space); }

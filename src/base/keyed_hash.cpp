@@ -26,19 +26,19 @@ class SipHash {
 
   void add(unsigned char byte) {
     word_ |= std::uint64_t{byte} << (length_ % 8 * 8);
-    if (++length_ % 8 == 0) take_word();
+    if (++length_ % 8 == 0) absorb_word();
   }
 
   std::uint64_t finish() {
     word_ |= length_ << 56U;
-    take_word();
+    absorb_word();
     c_ ^= 0xFF;
     for (int i = 0; i < 4; ++i) mix();
     return a_ ^ b_ ^ c_ ^ d_;
   }
 
  private:
-  void take_word() {
+  void absorb_word() {
     d_ ^= word_;
     mix();
     mix();

@@ -213,7 +213,7 @@ Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
     return Outcome::kStopped;
   }
   decoder.top->overridden_value = text;
-  mark_owner(*decoder.top);
+  set_owns_heap_blocks(*decoder.top);
   return Outcome::kAccepted;
 }
 
