@@ -1,4 +1,5 @@
-// Calls that change the attributes of the current invocation and their values.
+// Calls that change the attributes of the current invocation and their values. A call that fails leaves the
+// attribute as it was: tests/api/attribute_mutation_test.cpp and tests/api/override_test.cpp.
 #include "api/frame.h"
 #include "api/node_effects.h"
 #include "base/error_store.h"

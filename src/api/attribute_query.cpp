@@ -1,4 +1,5 @@
-// Calls that read the attributes of the current invocation.
+// Calls that read the attributes of the current invocation. What is handed over is a copy that the caller
+// owns: tests/api/attribute_query_test.cpp.
 #include "api/frame.h"
 #include "api/node_effects.h"
 #include "tree/node.h"

@@ -1,8 +1,8 @@
 // The frame of every call: the parser handle is tested, the status is cleared, the call's own arguments are
 // checked, the template handle is resolved, then the service, its current invocation and the attribute are
-// found. A call states its own checks and how deep it resolves, and then its effect; the first step that fails
-// has recorded its message, and the steps behind it do nothing. tests/api/call_frame_test.cpp has the order of
-// the steps for every call.
+// found. A call states its own checks and how deep it resolves, and then its effect; the first step that
+// fails has recorded its message, and the steps behind it do nothing. tests/api/call_frame_test.cpp has the
+// order of the steps for every call.
 #ifndef JT_API_FRAME_H
 #define JT_API_FRAME_H
 

@@ -1,4 +1,5 @@
 // Calls on the invocations of a service. The service's cursor is its current invocation.
+// tests/api/invocation_test.cpp
 #include "api/frame.h"
 #include "api/node_effects.h"
 #include "base/error_store.h"

@@ -1,4 +1,5 @@
 // Calls on the services of a template.
+// tests/api/service_test.cpp
 #include "api/frame.h"
 #include "api/node_effects.h"
 

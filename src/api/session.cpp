@@ -1,5 +1,6 @@
 // Session calls: opening and closing, the fixed texts, the recorded errors, and the release of what the
 // library has handed over.
+// tests/api/session_test.cpp
 #include "api/frame.h"
 
 namespace {

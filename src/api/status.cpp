@@ -1,4 +1,5 @@
 // Calls that read and set the status of a service, of its current invocation, or of an attribute of that.
+// What is read is a copy that the caller owns: tests/api/status_test.cpp.
 #include "api/frame.h"
 #include "tree/node.h"
 

@@ -1,16 +1,16 @@
-// An arena: the storage of nodes. A cell is cut from a page that holds many of them, so a template of thousands
-// of nodes costs few blocks of the heap and its nodes lie side by side. A released cell is allocated again by
-// the next one of its size; a page whose cells have all been released goes back to the heap. A session that
-// builds and destroys, or edits one template, for a year therefore does not grow.
+// An arena: the storage of nodes. A cell is cut from a page that holds many of them, so a template of
+// thousands of nodes costs few blocks of the heap and its nodes lie side by side. A released cell is
+// allocated again by the next one of its size; a page whose cells have all been released goes back to the
+// heap. A session that builds and destroys, or edits one template, for a year therefore does not grow.
 //
 // A session has one arena, not one for each template. Nodes are made before they are linked and may move from
 // one template to another, and a template of three services fits into a part of a page: with pages of its own
 // it would keep most of them empty. The price is that the cells of one template among others are released one
 // by one; all of them at once go with their pages.
 //
-// A released cell is first put on the list of its page (pending). Only when an allocation finds no cell in the
-// bin of its size are the pages drained into the bins. Most pages become empty before that, and go without a
-// look at their cells.
+// A released cell is first put on the list of its page (pending). Only when an allocation finds no cell in
+// the bin of its size are the pages drained into the bins. Most pages become empty before that, and go
+// without a look at their cells.
 //
 // A cell begins with a head of a few bytes that says how long it is and where its page begins, so that a page
 // can be walked cell by cell. release_all_cells() walks only pages that are flagged as holding a cell whose

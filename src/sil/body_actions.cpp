@@ -1,5 +1,6 @@
 // Actions of the body: services with their invocations, attributes, values and statuses. Those of attributes
-// serve the header's own attributes too.
+// serve the header's own attributes too. tests/sil/body_test.cpp has what is accepted,
+// tests/sil/body_refusal_test.cpp what is refused.
 #include <cstring>
 
 #include "base/error_store.h"

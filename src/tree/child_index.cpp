@@ -22,9 +22,15 @@ struct Slot {
 
 }  // namespace
 
-// A hash table with open addressing and linear probing, half full at most. Every child has an entry; a slot
-// leads to the first child of each key, which is the top of the heap of its equals. Slots are kept dense by
-// closing the gap when one goes, so there are no tombstones.
+// A hash table with open addressing and linear probing, half full at most:
+//
+//     slots                  hash and entry of the first child of each key, at (hash & mask) or behind it
+//       `-- children[entry]  the child; a child knows its entry, so that it is found again in one step
+//       `-- places[entry]    the child's place in the list and in the heap of its equals (sibling_order.h)
+//
+// Every child has an entry. A key has one slot, however many children have it: the slot leads to the first of
+// them in the list, the top of their heap. Places are made when two children of one key meet, which names
+// hardly ever do. Where a slot goes, the gap behind it is closed, so there are no tombstones.
 //
 // No walk through the slots is longer than kMaxRun while the hash is the plain one: a run that is longer was
 // made on purpose, or by a rare chance, and the table changes to the session's secret hash, with which nobody

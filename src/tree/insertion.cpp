@@ -1,6 +1,6 @@
-// The checked operations that put nodes into a tree: add_child, add_unique_child, add_index_child. A node that
-// does not fit stays where it is. tests/tree/linking_test.cpp has what fits where, tests/tree/moving_test.cpp
-// what becomes of the place that a node leaves.
+// The checked operations that put nodes into a tree: add_child, add_unique_child, add_index_child. A node
+// that does not fit stays where it is. tests/tree/linking_test.cpp has what fits where,
+// tests/tree/moving_test.cpp what becomes of the place that a node leaves.
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"

@@ -1,6 +1,7 @@
 // The node record: one element of a template tree. A node owns every text it points to, its value and its
-// status; what lies inside the node's own cell goes with it, everything else is a block of the heap. There are two or three nodes to an attribute, so the record is kept small: what a device can spare
-// for templates is mostly this.
+// status; what lies inside the node's own cell goes with it, everything else is a block of the heap. There
+// are two or three nodes to an attribute, so the record is kept small: what a device can spare for templates
+// is mostly this. tests/tree/construction_test.cpp has the fields of a new node.
 #ifndef JT_TREE_NODE_H
 #define JT_TREE_NODE_H
 

@@ -1,5 +1,6 @@
 // struct_magnification. The mode is a name of the scan list; how many percentages follow it is the mode's
 // own.
+// tests/types/magnification_test.cpp
 #include <algorithm>
 #include <array>
 #include <cstring>
