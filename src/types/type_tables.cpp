@@ -232,7 +232,7 @@ constexpr int32_t MAX_VALIDATION_TYPES = 3;
 namespace jt_core {
 namespace {
 
-// Clients search the tables too, and may halve their way through: rows are in order.
+// Clients may search the exported tables by halves (binary search), so the rows must be sorted.
 consteval bool is_table(std::span<const jt_type> rows, std::int32_t count) {
   const auto out_of_order = [](const jt_type &a, const jt_type &b) {
     return compare_names(a.name, b.name) >= 0;
