@@ -92,12 +92,23 @@ class LinkCalls(SphinxPostTransform):
         for name in self.document.findall(addnodes.desc_name):
             if name.astext() == "[anonymous]":
                 name.children = [nodes.Text("of constants")]
+        self.list_calls()
         for description in list(self.document.findall(addnodes.desc)):
             if description["objtype"] == "group":  # its title is the page's
                 places = list(description[0].findall(nodes.target))
                 description.replace_self([*places, *description[-1].children])
             if description["domain"] == "c" and description["objtype"] == "function":
                 self.complete(description)
+
+    def list_calls(self):
+        """All calls of a page in front of the first."""
+        calls = [d for d in self.document.findall(addnodes.desc) if d["objtype"] == "function" and d["domain"] == "c"]
+        if len(calls) > 1:
+            places = [call[0]["ids"][0] for call in calls]
+            links = [self.link((self.env.docname, place), place.removeprefix("c.") + "()") for place in places]
+            items = [nodes.list_item("", nodes.paragraph("", "", link)) for link in links]
+            above = calls[0].parent
+            above.insert(above.index(calls[0]), nodes.container("", nodes.bullet_list("", *items), classes=["names"]))
 
     def complete(self, description):
         """Fields for what Doxygen has as paragraphs with a title, the usual cost, and the recipes."""
