@@ -102,27 +102,27 @@ constexpr LibraryRow kLibraries[] = {
 };
 
 // An element for each service, invocation, attribute and value.
-void add_attributes(pugi::xml_node parent, const jt_core::Service &service, Texts &counted) {
-  for (const jt_core::Text &name : service.attributes()) {
+void add_attributes(pugi::xml_node parent, const jt::Service &service, Texts &counted) {
+  for (const jt::Text &name : service.attributes()) {
     pugi::xml_node attribute = parent.append_child("attribute");
     const std::string type = service.type_of(name)->c_str();
     attribute.append_attribute("type") = type.c_str();
     attribute.append_attribute("name") = name.c_str();
     attribute.append_attribute("compulsory") = !service.is_non_compulsory(name);
     ++counted.attributes;
-    for (const jt_core::Text &value : service.texts(name)) {
+    for (const jt::Text &value : service.texts(name)) {
       attribute.append_child("value").text() = value.c_str();
       ++counted.values;
     }
   }
 }
 
-void add_services(pugi::xml_node parent, const jt_core::Template &job, Texts &counted) {
-  for (const jt_core::Service &service : job.services()) {
+void add_services(pugi::xml_node parent, const jt::Template &job, Texts &counted) {
+  for (const jt::Service &service : job.services()) {
     pugi::xml_node at = parent.append_child("service");
     at.append_attribute("type") = service.type()->c_str();
     at.append_attribute("name") = service.c_str();
-    for (const jt_core::Service &invocation : service.invocations()) {
+    for (const jt::Service &invocation : service.invocations()) {
       pugi::xml_node inner = at.append_child("invocation");
       inner.append_attribute("name") = invocation.invocation_name()->c_str();
       add_attributes(inner, invocation, counted);
@@ -169,9 +169,9 @@ void write_element(Json &json, pugi::xml_node element) {
 std::span<const LibraryRow> libraries() { return kLibraries; }
 
 Texts make_texts(const std::string &sil) {
-  const jt_core::Session session("jt_bench");
+  const jt::Session session("jt_bench");
   const auto job = session.decode(sil);
-  require(job && session.last_report().category() == jt_core::Category::none, "decoding a shape");
+  require(job && session.last_report().category() == jt::Category::none, "decoding a shape");
   Texts texts = {job->encode()->str(), {}, {}, 0, 0};
   pugi::xml_document document;
   add_services(document.append_child("template"), *job, texts);
