@@ -1,5 +1,5 @@
 """A Sphinx extension for what this manual does with the calls of jt.h: their names in any text lead to their
-descriptions, a description leads to the recipes of the cookbook that use the call, and what a comment says under
+descriptions, and the texts of messages to theirs; a description leads to the recipes of the cookbook that use the call, and what a comment says under
 \\errors, \\owner and \\cost stands beside its parameters. It also puts figures of the measurements into pages."""
 
 import re
@@ -53,8 +53,24 @@ def recipes_of(env):
     return recipes
 
 
+def mark_messages(app, document):
+    """Each entry of the page of messages is a place to lead to."""
+    if app.env.docname == "messages":
+        places = set()
+        for term in document.findall(nodes.term):
+            place = nodes.make_id(term[0].astext())
+            place += "-2" if place in places else ""  # there are texts that differ by a colon alone
+            places.add(place)
+            term["ids"].append(place)
+
+
+def messages_of(env):
+    terms = env.get_doctree("messages").findall(nodes.term)
+    return {term[0].astext().strip(): term["ids"][-1] for term in terms}
+
+
 def collect(app, env):
-    env.jt_functions, env.jt_recipes = functions_of(env), recipes_of(env)
+    env.jt_functions, env.jt_recipes, env.jt_messages = functions_of(env), recipes_of(env), messages_of(env)
 
 
 def field(name, *content):
@@ -89,6 +105,12 @@ class LinkCalls(SphinxPostTransform):
             new = self.linked(text) if above is None else None
             if new:
                 text.parent.replace(text, new)
+        for literal in list(self.document.findall(nodes.literal)) if self.env.docname != "messages" else []:
+            place = self.env.jt_messages.get(literal.astext().strip())
+            if place:
+                reference = self.link(("messages", place), "")
+                reference.children = [literal.deepcopy()]
+                literal.replace_self(reference)
         for name in self.document.findall(addnodes.desc_name):
             if name.astext() == "[anonymous]":
                 name.children = [nodes.Text("of constants")]
@@ -147,6 +169,7 @@ class LinkCalls(SphinxPostTransform):
 
 def setup(app):
     app.connect("source-read", put_figures)
+    app.connect("doctree-read", mark_messages)
     app.connect("env-updated", collect)
     app.add_post_transform(LinkCalls)
     return {"parallel_read_safe": True, "parallel_write_safe": True}
