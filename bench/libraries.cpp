@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <pugixml.hpp>
+#include <utility>
 
 #include "jt.hpp"
 #include "shapes.h"
@@ -31,9 +32,10 @@ class Jt : public Library {
     return text_ == nullptr ? std::string_view() : text_;
   }
 
-  void release_text() override { jt_destroy_value_string(space_, text_); }
-
-  void destroy() override { jt_destroy_template(space_, job_); }
+  void destroy() override {
+    free(std::exchange(text_, nullptr));
+    jt_destroy_template(space_, job_);
+  }
 
  protected:
   jt_parser_space *space_;
@@ -56,8 +58,8 @@ class JtSession : public Jt {
   }
 
   void destroy() override {
-    jt_close_parsing_utility(space_);
-    space_ = nullptr;
+    free(std::exchange(text_, nullptr));
+    jt_close_parsing_utility(std::exchange(space_, nullptr));
   }
 };
 
@@ -75,9 +77,10 @@ class Rapidjson : public Library {
     return {text_->GetString(), text_->GetSize()};
   }
 
-  void release_text() override { text_.reset(); }
-
-  void destroy() override { document_.reset(); }
+  void destroy() override {
+    text_.reset();
+    document_.reset();
+  }
 
  private:
   std::unique_ptr<rapidjson::Document> document_;
@@ -99,27 +102,27 @@ constexpr LibraryRow kLibraries[] = {
 };
 
 // An element for each service, invocation, attribute and value.
-void add_attributes(pugi::xml_node parent, const jt_core::Service &service, Texts &counted) {
-  for (const jt_core::Text &name : service.attributes()) {
+void add_attributes(pugi::xml_node parent, const jt::Service &service, Texts &counted) {
+  for (const jt::Text &name : service.attributes()) {
     pugi::xml_node attribute = parent.append_child("attribute");
     const std::string type = service.type_of(name).value().c_str();
     attribute.append_attribute("type") = type.c_str();
     attribute.append_attribute("name") = name.c_str();
     attribute.append_attribute("compulsory") = !service.is_non_compulsory(name);
     ++counted.attributes;
-    for (const jt_core::Text &value : service.texts(name)) {
+    for (const jt::Text &value : service.texts(name)) {
       attribute.append_child("value").text() = value.c_str();
       ++counted.values;
     }
   }
 }
 
-void add_services(pugi::xml_node parent, const jt_core::Template &job, Texts &counted) {
-  for (const jt_core::Service &service : job.services()) {
+void add_services(pugi::xml_node parent, const jt::Template &job, Texts &counted) {
+  for (const jt::Service &service : job.services()) {
     pugi::xml_node at = parent.append_child("service");
     at.append_attribute("type") = service.type().value().c_str();
     at.append_attribute("name") = service.c_str();
-    for (const jt_core::Service &invocation : service.invocations()) {
+    for (const jt::Service &invocation : service.invocations()) {
       pugi::xml_node inner = at.append_child("invocation");
       inner.append_attribute("name") = invocation.invocation_name().value().c_str();
       add_attributes(inner, invocation, counted);
@@ -166,13 +169,13 @@ void write_element(Json &json, pugi::xml_node element) {
 std::span<const LibraryRow> libraries() { return kLibraries; }
 
 Texts make_texts(const std::string &sil) {
-  const jt_core::Session session("jt_bench");
+  const jt::Session session("jt_bench");
   const auto job = session.decode(sil);
-  require(job && session.last_report().category() == jt_core::Category::none, "decoding a shape");
+  require(job && session.last_report().category() == jt::Category::none, "decoding a shape");
   Texts texts = {job->encode().value().str(), {}, {}, 0, 0};
   pugi::xml_document document;
   add_services(document.append_child("template"), *job, texts);
-  save_xml(document, texts.xml);
+  texts.xml = save_xml(document);
   rapidjson::StringBuffer buffer;
   Json json(buffer);
   write_element(json, document.document_element());

@@ -25,9 +25,8 @@ class Library {
   // Makes a tree that can be changed. The text is the caller's and only read. Whether it could.
   virtual bool parse(const std::string &text) = 0;
 
-  // Writes the tree as a text on the heap, which stays until release_text(); empty on failure.
+  // Writes the tree as a text on the heap, which stays until destroy(); empty on failure.
   virtual std::string_view save() = 0;
-  virtual void release_text() = 0;
 
   virtual void destroy() = 0;
 };
@@ -57,7 +56,7 @@ std::unique_ptr<Library> make_pugixml();
 std::unique_ptr<Library> make_converting_pugixml();
 
 // Writes a document as the measured library does.
-void save_xml(const pugi::xml_document &document, std::string &text);
+std::string save_xml(const pugi::xml_document &document);
 
 // Ends the program with a message when a condition does not hold: a figure of anything but the same facts
 // would be worth nothing.

@@ -4,7 +4,7 @@
 //
 //   jt_bench [--benchmark_OPTION]...                  times, and heap beside those of the parse
 //   jt_bench --instructions [--benchmark_OPTION]...   instructions of the smaller shapes, by callgrind
-//   jt_bench --first LIBRARY FILE                     nanoseconds of the first parse of a process
+//   jt_bench --first LIBRARY FILE                     seconds of the first parse of a process
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -41,34 +41,20 @@ struct Task {
   bool is_hostile;
 };
 
-class Stopwatch {
- public:
-  double nanoseconds() const {
-    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin_).count();
-  }
+double seconds() {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
 
- private:
-  std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
-};
-
-// What a library that has just been made holds when it has parsed.
+// Whether a library writes its own text again, and so has understood all of it; that of a hostile shape is
+// not its own. Gives the heap that it holds in between.
 double heap_of(const Task &task) {
   bench::take_heap_use();
   const auto library = task.library->make();
   require(library->parse(task.text), "parsing " + task.name);
   const auto bytes = static_cast<double>(bench::take_heap_use());
+  require(task.is_hostile || library->save() == task.text, "saving " + task.name);
   library->destroy();
   return bytes;
-}
-
-// A library writes its own text again; so it has understood all of it. That of a hostile shape is not its
-// own.
-void check(const Task &task) {
-  const auto library = task.library->make();
-  require(library->parse(task.text), "parsing " + task.name);
-  require(library->save() == task.text || task.is_hostile, "saving " + task.name);
-  library->release_text();
-  library->destroy();
 }
 
 // One iteration is one life of a tree, of which one step is measured. The first life warms up.
@@ -83,15 +69,14 @@ void run(benchmark::State &state, const Task &task, Step measured) {
       require((*counter)(call), task.name);
       state.SetIterationTime(0);
     } else {
-      const Stopwatch watch;
+      const double begin = seconds();
       require(call(), task.name);
-      state.SetIterationTime(watch.nanoseconds() / 1e9);
+      state.SetIterationTime(seconds() - begin);
     }
   };
   const auto live = [&] {
     take(kParse, [&] { return library->parse(task.text); });
     if (measured == kSave) take(kSave, [&] { return !library->save().empty(); });
-    if (measured == kSave) library->release_text();
     take(kDestroy, [&] { return library->destroy(), true; });
   };
   live();
@@ -111,10 +96,10 @@ int parse_first(const std::string &name, const char *path) {
   require(row != libraries.end(), "finding " + name);
   std::ifstream file(path);
   const std::string text(std::istreambuf_iterator<char>(file), {});
-  const Stopwatch watch;
+  const double begin = seconds();
   const auto library = row->make();
   require(library->parse(text), "parsing first");
-  std::printf("%.0f\n", watch.nanoseconds());
+  std::printf("%.9f\n", seconds() - begin);
   return EXIT_SUCCESS;
 }
 
@@ -124,11 +109,11 @@ void run_first(benchmark::State &state, const Task &task) {
   const std::string program = std::filesystem::read_symlink("/proc/self/exe");
   const std::string command = program + " --first '" + task.library->name + "' " + path;
   for (auto iteration : state) {
-    double nanoseconds = 0;
+    double taken = 0;
     FILE *const child = popen(command.c_str(), "r");
-    require(child != nullptr && std::fscanf(child, "%lf", &nanoseconds) == 1, command);
+    require(child != nullptr && std::fscanf(child, "%lf", &taken) == 1, command);
     pclose(child);
-    state.SetIterationTime(nanoseconds / 1e9);
+    state.SetIterationTime(taken);
   }
   std::filesystem::remove(path);
   state.counters["parts"] = static_cast<double>(task.parts);
@@ -152,12 +137,12 @@ void add(const std::string &name, const std::function<void(benchmark::State &)> 
 
 void add_task(const Task &task) {
   constexpr std::size_t kBytes = 256U << 10U;  // of text in a repetition, or one text
-  check(task);
   for (const Step step : {kParse, kSave, kDestroy}) {
     if (task.is_hostile && step == kSave) continue;
     add(
         task.name + "/" + kStepNames[step],
-        [&task, step](benchmark::State &state) { run(state, task, step); }, 9, 1 + kBytes / task.text.size());
+        [&task, step](benchmark::State &state) { run(state, task, step); },
+        task.text.size() < kBytes ? 60 : 15, 1 + kBytes / task.text.size());
   }
   if (task.name.starts_with("typical/") && RUNNING_ON_VALGRIND == 0) {
     add(

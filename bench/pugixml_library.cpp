@@ -15,15 +15,11 @@
 namespace bench {
 namespace {
 
-class StringWriter : public pugi::xml_writer {
- public:
-  explicit StringWriter(std::string &text) : text_(text) {}
+struct StringWriter : pugi::xml_writer {
+  std::string text;
   void write(const void *data, std::size_t size) override {
-    text_.append(static_cast<const char *>(data), size);
+    text.append(static_cast<const char *>(data), size);
   }
-
- private:
-  std::string &text_;
 };
 
 class Pugixml : public Library {
@@ -34,13 +30,14 @@ class Pugixml : public Library {
   }
 
   std::string_view save() override {
-    save_xml(*document_, text_);
+    text_ = save_xml(*document_);
     return text_;
   }
 
-  void release_text() override { text_ = std::string(); }
-
-  void destroy() override { document_.reset(); }
+  void destroy() override {
+    text_ = std::string();
+    document_.reset();
+  }
 
  protected:
   std::unique_ptr<pugi::xml_document> document_;
@@ -49,7 +46,7 @@ class Pugixml : public Library {
   std::string text_;
 };
 
-enum class Kind { kEnumeration, kString, kInteger, kReal, kBoolean, kReference, kStructure, kTimeOfDay };
+enum class Kind { kEnumeration, kString, kInteger, kReal, kBoolean, kReference, kStructure };
 
 // A native value. A text is not copied; a reference is where its name and its qualifier begin.
 struct Value {
@@ -73,7 +70,7 @@ const std::unordered_map<std::string_view, Kind> kKinds = {
     {"struct_gutter", Kind::kStructure},
     {"struct_magnification", Kind::kStructure},
     {"struct_rectangle", Kind::kStructure},
-    {"struct_timeofday", Kind::kTimeOfDay},
+    {"struct_timeofday", Kind::kStructure},
     {"timestamp", Kind::kStructure},
 };
 
@@ -83,20 +80,15 @@ struct TextHash : std::hash<std::string_view> {
 
 using Names = std::unordered_map<std::string, std::int32_t, TextHash, std::equal_to<>>;
 
-// The enumerated names of all shapes, and those that occur within structures.
-Names make_names() {
+// The enumerated names of all shapes, and those that occur within structures. Made when the program starts,
+// so that it is not part of the first parse.
+const Names kNames = [] {
+  std::vector<std::string> all = enumerated_names();
+  all.insert(all.end(), {"MM", "IN", "MIL", "AUTOISO", "AUTOANA", "NONE", "MANISO", "MANANA"});
   Names names;
-  for (const char *const name : {"MM", "IN", "MIL", "AUTOISO", "AUTOANA", "NONE", "MANISO", "MANANA"}) {
-    names.try_emplace(name, static_cast<std::int32_t>(names.size()));
-  }
-  for (const std::string &name : enumerated_names()) {
-    names.try_emplace(name, static_cast<std::int32_t>(names.size()));
-  }
+  for (const std::string &name : all) names.try_emplace(name, static_cast<std::int32_t>(names.size()));
   return names;
-}
-
-// Made when the program starts, so that it is not part of the first parse.
-const Names kNames = make_names();
+}();
 
 bool convert_name(std::string_view text, std::int32_t &number) {
   const auto found = kNames.find(text);
@@ -105,8 +97,8 @@ bool convert_name(std::string_view text, std::int32_t &number) {
   return true;
 }
 
-// All structures are parts between slashes, numbers or names; the time of day has a colon.
-bool convert_structure(const char *text, char separator, Value &value) {
+// All structures are numbers or names between slashes; the time of day has a colon.
+bool convert_structure(const char *text, Value &value) {
   for (std::int32_t &number : value.numbers) {
     char *end = nullptr;
     number = static_cast<std::int32_t>(std::strtol(text, &end, 10));
@@ -116,7 +108,7 @@ bool convert_structure(const char *text, char separator, Value &value) {
       end += length;
     }
     if (*end == '\0') return true;
-    if (*end != separator) return false;
+    if (*end != '/' && *end != ':') return false;
     text = end + 1;
   }
   return false;
@@ -145,7 +137,7 @@ bool convert(Kind kind, const char *text, Value &value) {
       value.reference = {text, std::strchr(text, ':')};
       return true;
     default:
-      return convert_structure(text, kind == Kind::kTimeOfDay ? ':' : '/', value);
+      return convert_structure(text, value);
   }
 }
 
@@ -188,9 +180,10 @@ std::unique_ptr<Library> make_pugixml() { return std::make_unique<Pugixml>(); }
 
 std::unique_ptr<Library> make_converting_pugixml() { return std::make_unique<ConvertingPugixml>(); }
 
-void save_xml(const pugi::xml_document &document, std::string &text) {
-  StringWriter writer(text);
+std::string save_xml(const pugi::xml_document &document) {
+  StringWriter writer;
   document.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
+  return std::move(writer.text);
 }
 
 }  // namespace bench

@@ -3,8 +3,8 @@
 // attribute.
 #include "shapes.h"
 
-#include <algorithm>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 namespace bench {
@@ -87,12 +87,6 @@ std::string one_invocation(const std::string &attributes) {
 
 constexpr std::size_t kSiblings = 100000;
 
-std::string typical() { return jobs(1); }
-
-std::string medium() { return jobs(24); }
-
-std::string large() { return jobs(2400); }
-
 // Attributes of one invocation, whose types are those of a scan and the base types.
 std::vector<Row> wide_rows() {
   std::vector<Row> rows;
@@ -104,34 +98,33 @@ std::vector<Row> wide_rows() {
   return rows;
 }
 
-std::string wide() {
+// Each attribute under a name that is made of its number.
+template <typename Name>
+std::string wide_of(Name name) {
   const std::vector<Row> rows = wide_rows();
   std::string text;
   for (std::size_t i = 0; i < kSiblings; ++i) {
     const Row &row = rows[i % rows.size()];
-    const std::size_t turn = i / rows.size();
-    text += attribute(row, row.name + std::to_string(turn + 1), turn);
+    text += attribute(row, name(row, i), i / rows.size());
   }
   return one_invocation(text);
 }
 
-// The same with names that do not count up: three names of the job in a row.
+std::string wide() {
+  return wide_of([](const Row &row, std::size_t i) { return row.name + std::to_string(i); });
+}
+
+// Names that do not count up: three names of the job in a row.
 std::string wide_real_names() {
-  std::vector<std::string> names;
+  std::set<std::string> known;
   for (const Service &service : job()) {
-    for (const Row &row : service.rows) names.push_back(row.name);
+    for (const Row &row : service.rows) known.insert(row.name);
   }
-  std::ranges::sort(names);
-  names.erase(std::unique(names.begin(), names.end()), names.end());
-  const std::vector<Row> rows = wide_rows();
-  std::string text;
-  for (std::size_t i = 0; i < kSiblings; ++i) {
+  const std::vector<std::string> names(known.begin(), known.end());
+  return wide_of([&](const Row &, std::size_t i) {
     const std::size_t next = i / names.size();
-    const std::string name =
-        names[i % names.size()] + names[next % names.size()] + names[next / names.size()];
-    text += attribute(rows[i % rows.size()], name, i / rows.size());
-  }
-  return one_invocation(text);
+    return names[i % names.size()] + names[next % names.size()] + names[next / names.size()];
+  });
 }
 
 std::string long_list() {
@@ -152,16 +145,6 @@ std::string repeated(const std::string &begin, const std::string &piece, const s
   return text + end;
 }
 
-std::string empty_invocations() { return repeated("[kmt_svc_scan S]", "{}", "end"); }
-
-std::string short_values() { return repeated("[kmt_svc_scan S]{integer A=1", ",1", ";}end"); }
-
-std::string short_names() { return repeated("[kmt_svc_scan S]", "{real a;real b;real c;}", "end"); }
-
-std::string comments() { return repeated("[kmt_svc_scan S]{}", "#\n", "end"); }
-
-std::string warnings() { return repeated("[kmt_svc_scan S]{enum_sided A=x", ",x", ";}end"); }
-
 // Names that differ in one bit here and there, which is where a weak hash takes them for the same.
 std::string like_names() {
   std::string text;
@@ -173,19 +156,21 @@ std::string like_names() {
   return one_invocation(text);
 }
 
+constexpr char kScan[] = "[kmt_svc_scan S]";
+
 constexpr Shape kShapes[] = {
-    {"typical", typical, false},
-    {"medium", medium, false},
-    {"large", large, false},
+    {"typical", [] { return jobs(1); }, false},
+    {"medium", [] { return jobs(24); }, false},
+    {"large", [] { return jobs(2400); }, false},
     {"wide", wide, false},
     {"wide, real names", wide_real_names, false},
     {"long", long_list, false},
-    {"{}{}{}", empty_invocations, true},
-    {"1,1,1", short_values, true},
-    {"names of one byte", short_names, true},
-    {"comments of one byte", comments, true},
-    {"a warning for each value", warnings, true},
-    {"names of ` and @", like_names, true},
+    {"{}{}{}", [] { return repeated(kScan, "{}", "end"); }, true},
+    {"1,1,1", [] { return one_invocation(repeated("integer A=1", ",1", ";")); }, true},
+    {"names of one byte", [] { return repeated(kScan, "{real a;real b;real c;}", "end"); }, true},
+    {"comments of one byte", [] { return repeated(kScan, "#\n", "end"); }, true},
+    {"a warning for each value", [] { return one_invocation(repeated("enum_sided A=x", ",x", ";")); }, true},
+    {"look-alike names", like_names, true},
 };
 
 }  // namespace

@@ -8,9 +8,12 @@ from pathlib import Path
 from docutils import nodes
 from sphinx import addnodes
 from sphinx.transforms.post_transforms import SphinxPostTransform
+from sphinx.util import logging
 from sphinx.util.nodes import make_refnode
 
-FIELDS = ("Errors", "Owner", "Cost")
+LOGGER = logging.getLogger(__name__)
+
+FIELDS = ("Frame", "Errors", "Owner", "Cost")
 USUAL_COST = "O(1) on average."
 CALL = re.compile(r"\b(\w+)\(\)")
 
@@ -86,6 +89,9 @@ class LinkCalls(SphinxPostTransform):
             new = self.linked(text) if above is None else None
             if new:
                 text.parent.replace(text, new)
+        for name in self.document.findall(addnodes.desc_name):
+            if name.astext() == "[anonymous]":
+                name.children = [nodes.Text("of constants")]
         for description in list(self.document.findall(addnodes.desc)):
             if description["objtype"] == "group":  # its title is the page's
                 places = list(description[0].findall(nodes.target))
@@ -106,9 +112,20 @@ class LinkCalls(SphinxPostTransform):
         if fields is None:
             fields = nodes.field_list()
             content += fields
+        self.check(description[0], fields)
         own.setdefault("Cost", [nodes.paragraph("", USUAL_COST)])
         fields += [field(name, *own[name]) for name in FIELDS if name in own]
         self.add_recipes(fields, description[0]["ids"][0].removeprefix("c."))
+
+    def check(self, signature, fields):
+        """Each parameter is described, and the result."""
+        described = {part.astext() for part in fields.findall(addnodes.literal_strong)}
+        named = [parameter.astext() for parameter in signature.findall(addnodes.desc_parameter)]
+        parameters = {re.search(r"\w+$", name)[0] for name in named if name != "void"}
+        if parameters != described:
+            LOGGER.warning("%s: not described: %s", signature.astext(), ", ".join(parameters ^ described))
+        if not signature.astext().startswith("void ") and "Returns" not in [part[0].astext() for part in fields]:
+            LOGGER.warning("%s: its result is not described", signature.astext())
 
     def add_recipes(self, fields, name):
         links = [self.link(("cookbook", place), title) for place, title in self.env.jt_recipes.get(name, [])]

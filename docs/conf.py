@@ -49,7 +49,9 @@ def put_in(path, reference, other):
     path.write_text(other.read_text(encoding="utf-8") + text.replace(reference, ""), encoding="utf-8")
 
 
-def complete_theme(app, _error):
+def complete_theme(app, error):
+    if error:
+        return
     static = Path(app.outdir) / "_static"
     normalize = Path("/usr/share/nodejs/normalize.css/normalize.css")
     put_in(static / "styles/furo.css", "@import url(/javascript/normalize.css/normalize.css);", normalize)

@@ -15,9 +15,6 @@
 namespace jt_docs {
 
 struct Service {
-  std::string_view purpose;
-  std::string_view table_name;
-  std::string_view count_name;
   const jt_type *rows;
   std::int32_t count;
   const jt_core::ValueList *names;  // null: the service has no enumerated types

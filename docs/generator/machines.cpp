@@ -1,6 +1,7 @@
 #include "machines.h"
 
 #include <algorithm>
+#include <cstring>
 #include <regex>
 #include <set>
 #include <utility>
@@ -133,10 +134,8 @@ std::string expectation(const jt_core::Machine &machine, State state) {
 }
 
 std::string_view ending(const jt_core::Machine &machine, State state) {
-  const bool without = Question(false).may_end(machine, state);
-  const bool with = Question(true).may_end(machine, state);
-  if (with) return "may end here";
-  return without ? "may end here, without a header" : "";
+  if (Question(true).may_end(machine, state)) return "may end here";
+  return Question(false).may_end(machine, state) ? "may end here, without a header" : "";
 }
 
 // ---- The picture ------------------------------------------------------------------------------------------
@@ -144,14 +143,12 @@ std::string_view ending(const jt_core::Machine &machine, State state) {
 std::string escaped(std::string_view text) {
   std::string result;
   for (const char c : text) {
-    const std::string_view entity = c == '&'   ? "&amp;"
-                                    : c == '<' ? "&lt;"
-                                    : c == '>' ? "&gt;"
-                                    : c == ']' ? "&#93;"
-                                    : c == ' ' ? "&#160;"
-                                               : "";
-    if (entity.empty()) result += c;
-    result += entity;
+    if (c == ' ')
+      result += "&#160;";
+    else if (std::strchr("&<>]", c) != nullptr)
+      result += "&#" + std::to_string(c) + ";";
+    else
+      result += c;
   }
   return result;
 }
@@ -185,18 +182,10 @@ bool leads_back(const jt_core::Row &row) {
   return row.tokens == jt_core::one_of(TokenKind::kCloseParenthesis);
 }
 
-std::string target_of(const jt_core::Row &row) {
-  return std::string(enumerator_of(row.to)) + (leads_back(row) ? "Again" : "");
-}
-
-std::string stand_in_line(State state) {
-  return "  " + std::string(enumerator_of(state)) +
-         "Again [style=\"rounded,dashed\", fillcolor=none, label=\"" + name_of(state) + "\"];\n";
-}
-
 std::string edge_line(const jt_core::Row &row) {
-  return "  " + std::string(enumerator_of(row.from)) + " -> " + target_of(row) + " [label=<<b>" +
-         escaped(tokens_of(row)) + "</b>" + small(meaning_of(row), "#1f3f7f") + ">];\n";
+  return "  " + std::string(enumerator_of(row.from)) + " -> " + std::string(enumerator_of(row.to)) +
+         (leads_back(row) ? "Again" : "") + " [label=<<b>" + escaped(tokens_of(row)) + "</b>" +
+         small(meaning_of(row), "#1f3f7f") + ">];\n";
 }
 
 }  // namespace
@@ -238,15 +227,14 @@ std::string draw(const Drawing &drawing) {
   std::string text =
       "digraph " + std::string(drawing.name) +
       " {\n"
-      "  bgcolor=\"transparent\"; rankdir=TB; nodesep=0.2; ranksep=0.42;\n"
-      "  node [shape=box, style=\"rounded,filled\", fillcolor=\"#f4f6fa\", color=\"#5b6b8c\", "
-      "fontname=\"Helvetica\", fontsize=11, margin=\"0.12,0.06\", height=0.3];\n"
-      "  edge [color=\"#5b6b8c\", fontname=\"Helvetica\", fontsize=11, arrowsize=0.7];\n"
       "  begin [shape=circle, label=\"\", width=0.14, height=0.14, fillcolor=\"#5b6b8c\"];\n  begin -> " +
       std::string(enumerator_of(drawing.begin)) + ";\n";
   const bool with_expectation = !always_reports_the_same(*drawing.machine, states);
   for (const State state : states) text += node_line(*drawing.machine, state, with_expectation);
-  for (const State state : stand_ins) text += stand_in_line(state);
+  for (const State state : stand_ins) {
+    text += "  " + std::string(enumerator_of(state)) +
+            "Again [style=\"rounded,dashed\", fillcolor=none, label=\"" + name_of(state) + "\"];\n";
+  }
   for (const jt_core::Row &row : rows) text += edge_line(row);
   return text + "}\n";
 }

@@ -21,17 +21,6 @@ bool write_whole(const std::string &path, const std::string &text) {
   return !file.fail();
 }
 
-bool write_machine(const std::string &directory, const jt_docs::Drawing &drawing) {
-  const std::string name = "machine_" + std::string(drawing.name);
-  return write_whole(directory + "/pictures/" + name + ".dot", jt_docs::draw(drawing)) &&
-         write_whole(directory + "/tables/" + name + ".md", jt_docs::tabulate(drawing));
-}
-
-bool write_service(const std::string &directory, const jt_docs::Service &service) {
-  return write_whole(directory + "/catalogue/" + jt_docs::name_of(service) + ".md",
-                     jt_docs::write_service(service));
-}
-
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -41,9 +30,14 @@ int main(int argc, char **argv) {
   }
   const std::string directory = argv[1];
   bool written = write_whole(directory + "/tables/base_names.md", jt_docs::write_names(jt_core::kBaseValues));
-  for (const jt_docs::Drawing &drawing : jt_docs::kDrawings)
-    written = write_machine(directory, drawing) && written;
-  for (const jt_docs::Service &service : jt_docs::kServices)
-    written = write_service(directory, service) && written;
+  for (const jt_docs::Drawing &drawing : jt_docs::kDrawings) {
+    const std::string name = "/machine_" + std::string(drawing.name);
+    written &= write_whole(directory + "/pictures" + name + ".dot", jt_docs::draw(drawing));
+    written &= write_whole(directory + "/tables" + name + ".md", jt_docs::tabulate(drawing));
+  }
+  for (const jt_docs::Service &service : jt_docs::kServices) {
+    const std::string path = directory + "/catalogue/" + jt_docs::name_of(service) + ".md";
+    written &= write_whole(path, jt_docs::write_service(service));
+  }
   return written ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -12,25 +12,21 @@ import time
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
-# The chapters with what their pages are about; the page of "records" is jt(3).
-CHAPTERS = {
-    "records": "read and write SIL job templates",
-    "sessions": "sessions, errors and texts of jt",
-    "templates": "create, decode, encode and destroy SIL templates",
-    "values": "typed values outside of a template",
-    "services": "services and invocations of a template",
-    "attributes": "read the attributes of a template",
-    "changes": "change the attributes of a template",
-    "statuses": "statuses of services, invocations and attributes",
-    "tree": "the tree beneath the calls of jt",
-    "types": "types and type tables of jt",
+# What the pages are about. Each is the chapter of its name, jt(3) the one on records.
+PAGES = {
+    "jt": "read and write SIL job templates",
+    "jt_sessions": "sessions, errors and texts of jt",
+    "jt_templates": "create, decode, encode and destroy SIL templates",
+    "jt_values": "typed values outside of a template",
+    "jt_services": "services and invocations of a template",
+    "jt_attributes": "read the attributes of a template",
+    "jt_changes": "change the attributes of a template",
+    "jt_statuses": "statuses of services, invocations and attributes",
+    "jt_tree": "the tree beneath the calls of jt",
+    "jt_types": "types and type tables of jt",
 }
 TAGS = "-tag -width Ds -compact"
 BLOCKS = ("table", "programlisting", "itemizedlist", "parameterlist", "simplesect")
-
-
-def page_name(chapter):
-    return "jt" if chapter == "records" else "jt_" + chapter
 
 
 def escaped(line):
@@ -46,22 +42,16 @@ def text_of(element):
     return f'"{text}"' if element.tag == "computeroutput" and " " in text else text
 
 
-def wrapped(sentence):
-    """Names of calls are marked, each on a line of its own with the punctuation around it."""
-    lines = []
-    parts = re.split(r"(?:^|(?<= ))(\(?)(\w+)\(\)((?:[.,;:)]|'s)*)(?: |$)", sentence)
-    for plain, opening, name, closing in zip(*[iter(parts + ["", "", ""])] * 4):
-        lines += [escaped(line) for line in textwrap.wrap(plain, 79, break_long_words=False)]
-        if name:
-            around = [".Fn", opening, name, *re.findall(r"[.,;:)]", closing)]
-            lines.append(" ".join(word for word in around if word))
-    return lines
-
-
 def text_lines(text):
-    """A sentence begins on a line of its own."""
-    sentences = re.split(r"(?<=[.:;]) (?=[A-Z\"(\[])|(?<=\.\)) (?=[A-Z])", " ".join(text.split()))
-    return [line for sentence in sentences for line in wrapped(sentence)]
+    """A sentence begins on a line of its own, and so does the name of a call, with the punctuation around it."""
+    lines = []
+    for sentence in re.split(r"(?<=[.:;]) (?=[A-Z\"(\[])|(?<=\.\)) (?=[A-Z])", " ".join(text.split())):
+        parts = re.split(r"(?:^|(?<= ))(\(?)(\w+)\(\)((?:[.,;:)]|'s)*)(?: |$)", sentence)
+        for plain, opening, name, closing in zip(*[iter(parts + ["", "", ""])] * 4):
+            lines += [escaped(line) for line in textwrap.wrap(plain, 79, break_long_words=False)]
+            around = [".Fn", opening, name, *re.findall(r"[.,;:)]", closing)]
+            lines += [" ".join(word for word in around if word)] if name else []
+    return lines
 
 
 def literal_lines(lines):
@@ -96,8 +86,8 @@ def part_lines(element):
         items = [(item.find("parameternamelist"), item.find("parameterdescription")) for item in element]
         return list_lines(TAGS, [("Fa " + text_of(name).strip(), block_lines(text)) for name, text in items])
     if element.tag == "simplesect":
-        title = element.findtext("title") or "Returns"
-        return list_lines(TAGS, [("Em " + title, [line for para in element.findall("para") for line in block_lines(para)])])
+        lines = [line for para in element.findall("para") for line in block_lines(para)]
+        return list_lines(TAGS, [("Em " + (element.findtext("title") or "Returns"), lines)])
     return block_lines(element)
 
 
@@ -127,16 +117,12 @@ def overview_lines(group):
     return lines
 
 
-def quoted(argument):
-    return '"' + argument.replace('"', '""') + '"'
-
-
 def prototype_lines(function):
     parameters = [(text_of(p.find("type")), p.findtext("declname") or "") for p in function.findall("param")]
     arguments = [(kind if kind.endswith("*") else kind + " ") + name for kind, name in parameters]
-    arguments = [f".Fa {quoted(argument.strip().replace(' * ', ' *'))}" for argument in arguments] or ['.Fa "void"']
+    arguments = [f'.Fa "{argument.strip()}"' for argument in arguments] or ['.Fa "void"']
     result = text_of(function.find("type")).removeprefix("static ").strip()
-    return [f".Ft {quoted(result)}", f".Fo {function.findtext('name')}"] + arguments + [".Fc"]
+    return [f'.Ft "{result}"', f".Fo {function.findtext('name')}"] + arguments + [".Fc"]
 
 
 def description_lines(member):
@@ -145,46 +131,37 @@ def description_lines(member):
 
 def member_item(member):
     """A call, or what is none: constants with their values, variables and types."""
-    values = [(f"Dv {v.findtext('name')} {v.findtext('initializer')}", description_lines(v)) for v in member.findall("enumvalue")]
+    values = member.findall("enumvalue")
+    items = [(f"Dv {v.findtext('name')} {v.findtext('initializer')}", description_lines(v)) for v in values]
     is_call = member.get("kind") == "function"
     head = f"Fn {member.findtext('name')}" if is_call else member.findtext("definition") or "Constants"
-    return head, description_lines(member) + (list_lines(TAGS, values) if values else [])
+    return head, description_lines(member) + (list_lines(TAGS, items) if items else [])
 
 
-def tidy(lines):
+def tidy(page):
     """No paragraph breaks where something else breaks already."""
-    kept = []
-    for line in lines:
-        if line == ".Pp" and (not kept or re.match(r"\.(Pp|Sh|Ss|It|Ed|El)", kept[-1])):
-            continue
-        if re.match(r"\.(Sh|Ss|Bd|Bl|It|El)", line) and kept and kept[-1] == ".Pp":
-            kept.pop()
-        kept.append(line)
-    return kept
+    page = re.sub(r"(\n\.(?:Pp|Sh|Ss|It|Ed|El)\b.*)(?:\n\.Pp)+(?=\n)", r"\1", page)
+    return re.sub(r"\n\.Pp(?=\n\.(?:Sh|Ss|Bd|Bl|It|El)\b)", "", page)
 
 
-def see_also_lines(page):
-    others = sorted(f"{page_name(chapter)} 3" for chapter in CHAPTERS if page_name(chapter) != page)
-    return [".Sh SEE ALSO"] + [f".Xr {other} ," for other in others[:-1]] + [f".Xr {others[-1]}"]
-
-
-def page_of(chapter, members, head, description):
-    page = page_name(chapter)
+def page_of(page, members, head, description):
     functions = [member for member in members if member.get("kind") == "function"]
     names = [page] + [function.findtext("name") for function in functions]
     lines = [head[0], f".Dt {page.upper()} 3", head[1], ".Sh NAME"]
-    lines += [f".Nm {name} ," for name in names[:-1]] + [f".Nm {names[-1]}", f".Nd {CHAPTERS[chapter]}"]
+    lines += [f".Nm {name} ," for name in names[:-1]] + [f".Nm {names[-1]}", f".Nd {PAGES[page]}"]
     lines += [".Sh LIBRARY", "jt (libjt, \\-ljt)", ".Sh SYNOPSIS", ".In jt.h"]
     lines += [line for function in functions for line in prototype_lines(function)]
-    lines += [".Sh DESCRIPTION"] + description + list_lines("-tag -width Ds", map(member_item, members)) + see_also_lines(page)
-    return "\n".join(tidy(lines)) + "\n"
+    lines += [".Sh DESCRIPTION"] + description + list_lines("-tag -width Ds", map(member_item, members))
+    others = sorted(set(PAGES) - {page})
+    lines += [".Sh SEE ALSO"] + [f".Xr {other} 3 ," for other in others[:-1]] + [f".Xr {others[-1]} 3"]
+    return tidy("\n".join(lines) + "\n")
 
 
 def date_of(changelog):
     """The day of the release; before it, today."""
     released = re.search(r"^## \[[\d.]+\] - (\d{4}-\d\d-\d\d)$", changelog, re.M)
-    seconds = int(os.environ.get("SOURCE_DATE_EPOCH", time.time()))
-    day = time.strptime(released[1], "%Y-%m-%d") if released else time.gmtime(seconds)
+    now = time.gmtime(int(os.environ.get("SOURCE_DATE_EPOCH", time.time())))
+    day = time.strptime(released[1], "%Y-%m-%d") if released else now
     return time.strftime("%B ", day) + str(day.tm_mday) + time.strftime(", %Y", day)
 
 
@@ -195,17 +172,17 @@ def main():
     def read(name):
         return ElementTree.parse(Path(xml) / f"{name}.xml").find("compounddef")
 
-    for chapter in CHAPTERS:
-        group = read("group__" + chapter)
+    for page in PAGES:
+        group = read("group__" + ("records" if page == "jt" else page.removeprefix("jt_")))
         members = group.findall("sectiondef/memberdef")
         description = description_lines(group)
-        if chapter == "records":
+        if page == "jt":
             overview = description_lines(read("jt_8h")) + overview_lines(read("group__conventions"))
             description = overview + [f".Ss {group.findtext('title')}"] + description
-        (Path(output) / f"{page_name(chapter)}.3").write_text(page_of(chapter, members, head, description), encoding="ascii")
-        for member in members:
-            if member.findtext("name").startswith("jt_") and member.get("kind") == "function":
-                (Path(output) / f"{member.findtext('name')}.3").write_text(f".so man3/{page_name(chapter)}.3\n")
+        (Path(output) / f"{page}.3").write_text(page_of(page, members, head, description), encoding="ascii")
+        for name in [member.findtext("name") for member in members if member.get("kind") == "function"]:
+            if name.startswith("jt_"):
+                (Path(output) / f"{name}.3").write_text(f".so man3/{page}.3\n")
 
 
 main()

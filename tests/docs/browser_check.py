@@ -1,6 +1,6 @@
-#!/usr/bin/python3
-"""Looks at the built manual in a browser without a window: no page is wider than a narrow window, light pages are
-light and dark ones dark, and the search finds what readers look for.
+#!/usr/bin/python3 -B
+"""Looks at the built manual in a browser without a window: no page is wider than a narrow window, no script fails,
+light pages are light and dark ones dark, and the search finds what readers look for.
 
   browser_check.py HTML_DIRECTORY"""
 
@@ -33,6 +33,10 @@ SEARCHES = {
 }
 
 
+# The theme hides what is wider than the window, or lets all of the text be moved sideways.
+WIDTH = "return Math.max(...['html', '.main', '.content'].map(e => document.querySelector(e)?.scrollWidth || 0))"
+
+
 def browser(profile):
     options = webdriver.ChromeOptions()
     options.binary_location = "/usr/bin/chromium"
@@ -48,13 +52,15 @@ def set_window(driver, width, scheme):
     driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": [feature]})
 
 
-def wide_pages(driver, folder):
+def faulty_pages(driver, folder):
     set_window(driver, NARROW, "light")
     for page in sorted(folder.rglob("*.html")):
         driver.get(page.as_uri())
-        width = driver.execute_script("return document.documentElement.scrollWidth")
+        width = driver.execute_script(WIDTH)
         if width > NARROW:
             yield f"{page.relative_to(folder)}: {width} pixels wide in a window of {NARROW}"
+        for entry in driver.get_log("browser"):
+            yield f"{page.relative_to(folder)}: {entry['message']}"
 
 
 def brightness(driver):
@@ -89,16 +95,20 @@ def vain_searches(driver, folder):
             yield f"a search for {words} does not find {page}"
 
 
-def main():
-    folder = Path(sys.argv[1]).resolve()
+def findings(folder):
     with tempfile.TemporaryDirectory() as profile:
         driver = browser(profile)
         try:
-            found = [*wide_pages(driver, folder), *wrong_colours(driver, folder), *vain_searches(driver, folder)]
+            return [*faulty_pages(driver, folder), *wrong_colours(driver, folder), *vain_searches(driver, folder)]
         finally:
             driver.quit()
+
+
+def main():
+    found = findings(Path(sys.argv[1]).resolve())
     print("\n".join(found), end="\n" if found else "")
     sys.exit(1 if found else 0)
 
 
-main()
+if __name__ == "__main__":
+    main()

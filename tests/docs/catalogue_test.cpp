@@ -41,7 +41,7 @@ TEST(Catalogue, SaysWhereAServiceHasNoTypesOrNames) {
 TEST(Catalogue, HasEveryTableOnce) {
   for (const Service &service : kServices) {
     const auto same = [&](const Service &other) { return other.rows == service.rows; };
-    EXPECT_EQ(std::count_if(kServices.begin(), kServices.end(), same), 1) << service.table_name;
+    EXPECT_EQ(std::count_if(kServices.begin(), kServices.end(), same), 1) << name_of(service);
   }
 }
 
@@ -73,6 +73,14 @@ TEST(Catalogue, ShowsWhichOfTwoNamesIsWritten) {
   const Service &service = service_of(scan_type_tab);
   EXPECT_TRUE(is_on_page(service, "- `NA_11x9LEF` 55, written as `NA_9x11LEF`\n"));
   EXPECT_TRUE(is_on_page(service, "- `NA_9x11LEF` 55\n"));
+}
+
+TEST(Catalogue, LeadsToEveryService) {
+  const std::string page = jt_test::read_whole(JT_SOURCE_DIR "/docs/catalogue.md");
+  for (const Service &service : kServices) {
+    const std::string link = "| [" + name_of(service) + "](catalogue/" + name_of(service) + ".md) |";
+    EXPECT_NE(page.find(link), std::string::npos) << link;
+  }
 }
 
 TEST(Catalogue, TellsOfEveryBaseType) {

@@ -13,4 +13,5 @@ codespell --ignore-words-list=existant,dereferce,fo,nd,flate docs include tests/
   CONTRIBUTING.md SECURITY.md
 tests/docs/manual_check_test.py
 tests/docs/manual_check.py "$html" "$source"
+tests/docs/browser_check_test.py
 tests/docs/browser_check.py "$html"

@@ -1,4 +1,4 @@
-#!/usr/bin/python3
+#!/usr/bin/python3 -B
 """The check of the manual finds what it is there to find: each case is a manual of one or two small pages with one
 thing wrong, or with nothing wrong."""
 
