@@ -1272,13 +1272,11 @@ class Walk {
   }
 
   /// The newest one that this one has made lose its place.
-  Walk *loser() const noexcept {
-    Walk *walk = newest(link_);
+  const Walk *loser() const noexcept {
+    const Walk *walk = newest(link_);
     while (walk != nullptr && !(walk->is_lost_ && walk->cursor_ == cursor_)) walk = walk->next_;
     return walk;
   }
-
-  void find_place() noexcept { is_lost_ = false; }
 
   bool is_under_way() const noexcept { return to_this_ != nullptr; }
   bool is_lost() const noexcept { return is_lost_; }
@@ -1762,10 +1760,8 @@ class Range {
     if (!walk_.is_under_way()) return;
     walk_.leave();
     if constexpr (requires { steps_.make_current(walk_.place()); }) {
-      Walk *const around = walk_.loser();
-      if (around == nullptr) return;
-      steps_.make_current(around->place());
-      around->find_place();
+      const Walk *const around = walk_.loser();
+      if (around != nullptr) steps_.make_current(around->place());
     }
   }
 

@@ -230,6 +230,24 @@ TEST_F(WalksInWalks, LeaveOtherServicesAlone) {
   }
 }
 
+TEST_F(WalksInWalks, LeaveOtherTemplatesAlone) {
+  const jt::Template other = decoded(kJob);
+  const jt::Service twin = other.service("Scanner");
+  jt::Invocations outer = scanner.invocations();
+  ASSERT_TRUE(outer.begin() != outer.end());
+  EXPECT_EQ(std::ranges::distance(twin.invocations()), 2);
+  EXPECT_FALSE(twin.has("Copies"));
+  EXPECT_EQ(current(), 3);
+}
+
+TEST_F(WalksInWalks, ReturnToTheInvocationOfAWalkThatWasMoved) {
+  jt::Invocations begun = scanner.invocations();
+  ASSERT_TRUE(++begun.begin() != begun.end());
+  const jt::Invocations outer = std::move(begun);
+  EXPECT_EQ(std::ranges::distance(scanner.invocations()), 2);
+  EXPECT_EQ(current(), 4);
+}
+
 TEST_F(WalksInWalks, TakeTurns) {
   jt::Texts one = scanner.texts("Note");
   jt::Texts other = scanner.texts("Note");
@@ -252,16 +270,49 @@ TEST_F(WalksInWalks, KnowOneCursorByEverySpelling) {
   EXPECT_EQ(words, (Words{"one", "two", "three"}));
 }
 
-TEST_F(WalksInWalks, AreNotDisturbedByReadingTheFirstValue) {
+TEST_F(WalksInWalks, AreNotDisturbedByReadingTheFirstText) {
   Words words;
   for (const jt::Text &text : scanner.texts("Note")) {
     words.push_back(text.str());
     ASSERT_LE(words.size(), 3U);
     EXPECT_EQ(*scanner.text("Note"), "one");
-    EXPECT_EQ(*scanner.value("Note").value().text(), "one");
-    EXPECT_FALSE(scanner.get<bool>("Note"));
   }
   EXPECT_EQ(words, (Words{"one", "two", "three"}));
+}
+
+TEST_F(WalksInWalks, AreNotDisturbedByReadingTheFirstValue) {
+  Words words;
+  for (const jt::Text &text : scanner.texts("Note")) {
+    words.push_back(text.str());
+    ASSERT_LE(words.size(), 3U);
+    EXPECT_EQ(*scanner.value("Note").value().text(), "one");
+  }
+  EXPECT_EQ(words, (Words{"one", "two", "three"}));
+}
+
+TEST_F(WalksInWalks, OverAttributesKeepTheirPlaceInAWalkOverInvocations) {
+  EXPECT_EQ(blocks_taken([&] {
+              jt::Invocations outer = scanner.invocations();
+              (void)outer.begin();
+              for (const jt::Text &name : scanner.attributes())
+                (void)(name && std::ranges::distance(scanner.invocations()));
+            }),
+            5);
+}
+
+TEST_F(WalksInWalks, GoOnInTheRangeThatTheyAreMovedTo) {
+  jt::Invocations outer = scanner.invocations();
+  ASSERT_TRUE(outer.begin() != outer.end());
+  {
+    jt::Invocations kept = scanner.invocations();
+    {
+      jt::Invocations inner = scanner.invocations();
+      EXPECT_TRUE(++inner.begin() != inner.end());
+      kept = std::move(inner);
+    }
+    EXPECT_EQ(current(), 4);
+  }
+  EXPECT_EQ(current(), 3);
 }
 
 TEST_F(WalksInWalks, OverOtherChildrenTakeOneCallForEachStep) {
