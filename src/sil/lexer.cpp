@@ -126,7 +126,7 @@ class WordReader {
 
 bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
 
-[[gnu::noinline]] Token read_comment(jt_parser_space *space, SilCursor &cursor) {
+Token read_comment(jt_parser_space *space, SilCursor &cursor) {
   std::size_t length = 0;
   for (; !ends_comment(*cursor.position); ++cursor.position) {
     if (length == kMaxComment) {
@@ -139,7 +139,7 @@ bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
   return {TokenKind::kComment, {cursor.buffer.data(), length}};
 }
 
-[[gnu::noinline]] Token read_word_slow(jt_parser_space *space, SilCursor &cursor) {
+Token read_word_slow(jt_parser_space *space, SilCursor &cursor) {
   return WordReader(space, cursor).read();
 }
 
@@ -151,7 +151,7 @@ void pass(SilCursor &cursor, const char *end, ByteClass next) {
   cursor.position = end + (next == ByteClass::kSpace ? 1 : 0);
 }
 
-[[gnu::noinline]] Token read_word(jt_parser_space *space, SilCursor &cursor) {
+Token read_word(jt_parser_space *space, SilCursor &cursor) {
   const char *const begin = cursor.position;
   const char *const end = end_of_run(begin, kWordBytes);
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
@@ -161,7 +161,7 @@ void pass(SilCursor &cursor, const char *end, ByteClass next) {
   return {same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text};
 }
 
-[[gnu::noinline]] Token read_string(jt_parser_space *space, SilCursor &cursor) {
+Token read_string(jt_parser_space *space, SilCursor &cursor) {
   const char *const begin = cursor.position + 1;
   const char *const end = end_of_run(begin, kQuotedBytes);
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
