@@ -62,13 +62,10 @@ constexpr bool same_name(std::string_view a, std::string_view b) {
 
 // Names that are the same have the same hash. Eight bytes go in at a time, the last eight once more where the
 // length is no multiple of eight. The bit that tells small letters from capitals is set in all of them, which
-// makes no other names the same but may give some the same hash. Names that differ in nothing but their last
-// digit get hashes that differ in nothing but its four low bits: in a table they are neighbours, and who
-// looks for one after the other finds them in memory that was fetched already.
+// makes no other names the same but may give some the same hash.
 constexpr std::uint32_t name_hash(std::string_view name) {
   constexpr std::uint64_t kFolded = 0x2020202020202020;
   constexpr std::uint64_t kMultiplier = 0xD6E8FEB86659FD93;
-  constexpr std::uint32_t kNeighbours = 15;
   if (name.empty()) return 0;
   std::uint64_t hash = name.size();
   const auto take_in = [&hash](std::uint64_t bytes) {
@@ -76,9 +73,8 @@ constexpr std::uint32_t name_hash(std::string_view name) {
     hash ^= hash >> 32U;
   };
   for (std::size_t i = 0; i + 8 < name.size(); i += 8) take_in(eight_at(name.data() + i));
-  take_in(last_eight(name) | std::uint64_t{kNeighbours} << 56U);
-  return static_cast<std::uint32_t>(hash * kMultiplier >> 32U) ^
-         (static_cast<unsigned char>(name.back()) & kNeighbours);
+  take_in(last_eight(name));
+  return static_cast<std::uint32_t>(hash * kMultiplier >> 32U);
 }
 
 // A text that may be null, as a view; null reads as empty.
