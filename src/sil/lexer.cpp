@@ -16,15 +16,6 @@ constexpr std::size_t kMaxComment = JT_MAX_TOKEN_LENGTH - 1;
 
 static_assert(kPunctuation.size() == static_cast<std::size_t>(TokenKind::kBar) + 1);
 
-// Behind the white space, which is mostly blanks.
-const char *end_of_spaces(const char *at) {
-  while (class_of(*at) == ByteClass::kSpace) {
-    ++at;
-    while (at[0] == ' ' && at[1] == ' ') at += 2;
-  }
-  return at;
-}
-
 constexpr Token kErrorToken = {TokenKind::kError, {}};
 
 char unescape(char letter) {
@@ -185,9 +176,9 @@ Token read_punctuation(SilCursor &cursor, ByteClass which) {
 }  // namespace
 
 Token next_token(jt_parser_space *space, SilCursor &cursor) {
+  cursor.mark = cursor.position;
   const char *begin = cursor.position;
-  cursor.mark = begin;
-  begin = end_of_spaces(begin);
+  while (class_of(*begin) == ByteClass::kSpace) ++begin;
   cursor.position = begin;
   const ByteClass first = class_of(*begin);
   if (first == ByteClass::kWord) return read_word(space, cursor);
