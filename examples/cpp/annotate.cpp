@@ -13,5 +13,5 @@ int main() {
   jt_node *const sides = get_child(space, get_child(space, service, "Letter"), "Sides");
   if (!add_comment(space, service, "# Both sides, because paper is dear.\n")) return 1;
   if (!add_comment(space, sides, "# Was ONE_SIDED.\n")) return 1;
-  std::fputs(job->encode()->c_str(), stdout);
+  std::fputs(job->encode().value().c_str(), stdout);
 }

@@ -57,22 +57,9 @@ constexpr std::uint64_t last_eight(std::string_view text) {
   return bytes;
 }
 
-// Whether two texts, which must be of one length, have the same bytes. Names are short: a call of memcmp()
-// costs more.
-constexpr bool same_bytes(std::string_view a, std::string_view b) {
-  for (std::size_t i = 0; i + 8 < a.size(); i += 8) {
-    if (eight_at(a.data() + i) != eight_at(b.data() + i)) return false;
-  }
-  return last_eight(a) == last_eight(b);
-}
-
-[[gnu::noinline]] constexpr bool same_folded(std::string_view a, std::string_view b) {
-  return compare_names(a, b) == 0;
-}
-
 // Most names are written like the one that they are compared with, to the letter.
 constexpr bool same_name(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && (same_bytes(a, b) || same_folded(a, b));
+  return a.size() == b.size() && (a == b || compare_names(a, b) == 0);
 }
 
 // Names that are the same have the same hash. Eight bytes go in at a time, the last eight once more where the

@@ -12,7 +12,7 @@
 namespace jt_core {
 
 // In the order of the token kinds.
-inline constexpr std::string_view kPunctuation = "[]{}()<>=,;*!$%&^?|";
+inline constexpr std::string_view kPunctuationBytes = "[]{}()<>=,;*!$%&^?|";
 
 // Backspace counts as white space.
 inline constexpr std::string_view kSpaces = "\b\t\n\v\f\r ";
@@ -28,7 +28,7 @@ inline constexpr std::array<Escape, 6> kEscapes = {
 
 // What a byte is outside of quotes. A smaller number is that of the punctuation's token.
 enum class ByteClass : std::uint8_t {
-  kWord = kPunctuation.size(),
+  kWord = kPunctuationBytes.size(),
   kBackslash,
   kQuote,
   kSpace,
@@ -42,8 +42,8 @@ inline constexpr std::array<ByteClass, 256> kByteClasses = [] {
   std::array<ByteClass, 256> classes{};
   classes.fill(ByteClass::kWord);
   for (const char c : kSpaces) classes[index_of(c)] = ByteClass::kSpace;
-  for (std::size_t i = 0; i < kPunctuation.size(); ++i) {
-    classes[index_of(kPunctuation[i])] = static_cast<ByteClass>(i);
+  for (std::size_t i = 0; i < kPunctuationBytes.size(); ++i) {
+    classes[index_of(kPunctuationBytes[i])] = static_cast<ByteClass>(i);
   }
   classes[index_of('\0')] = ByteClass::kEndOfText;
   classes[index_of('#')] = ByteClass::kHash;

@@ -61,14 +61,15 @@ Outcome open_invocation(Decoder &decoder, std::string_view name) {
   const jt_type *const type =
       look_up_type(decoder.space, view_of(type_name), JT_NODE_INVOCATION, decoder.top);
   decoder.scope = find_table_of_row(type);
-  decoder.name_bits = 0;
+  decoder.name_bits = {};
   return open_block(decoder, make_typed_node(*decoder.space, type, type_name, name, JT_NODE_INVOCATION));
 }
 
 MaybeDuplicate remember_name(Decoder &decoder, const jt_node &attribute) {
+  std::uint64_t &bits = decoder.name_bits[attribute.key_hash / 64 % decoder.name_bits.size()];
   const std::uint64_t bit = std::uint64_t{1} << attribute.key_hash % 64;
-  const bool is_first = (decoder.name_bits & bit) == 0;
-  decoder.name_bits |= bit;
+  const bool is_first = (bits & bit) == 0;
+  bits |= bit;
   return is_first ? MaybeDuplicate::kNo : MaybeDuplicate::kYes;
 }
 

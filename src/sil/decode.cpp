@@ -57,7 +57,7 @@ enum class Prepared { kYes, kNotWanted, kNoMemory };
 // Makes `node`, which may be null for want of memory, the innermost block.
 Prepared enter(Decoder &decoder, jt_node *node) {
   decoder.top = node;
-  decoder.name_bits = 0;
+  decoder.name_bits = {};
   return node != nullptr ? Prepared::kYes : Prepared::kNoMemory;
 }
 

@@ -27,8 +27,9 @@ struct Decoder {
   const ValueFamily *family;  // of the values of the attribute that is read
   bool non_compulsory;        // of the attribute whose name comes next
   // A bit is set for the hash of each attribute of the innermost block so far. An attribute that finds its
-  // bit unset is the first of its name: most are, and need not be looked for.
-  std::uint64_t name_bits;
+  // bit unset is the first of its name: most are, and need not be looked for. The bits are many, so that an
+  // invocation of usual size is decoded without an index over its attributes.
+  std::array<std::uint64_t, 16> name_bits;
   std::int16_t header_class;
   std::string_view version;  // of the header
   std::string_view kept;     // a name, a status text, the header's identifier

@@ -4,26 +4,13 @@
 #include <cstring>
 
 #include "base/error_store.h"
-#include "base/text.h"
-#include "sil/alphabet.h"
 
 namespace jt_core {
 namespace {
 
-// More characters than this in quotes are refused.
-constexpr std::size_t kMaxQuoted = JT_MAX_TOKEN_LENGTH + 1;
 constexpr std::size_t kMaxComment = JT_MAX_TOKEN_LENGTH - 1;
 
-static_assert(kPunctuation.size() == static_cast<std::size_t>(TokenKind::kBar) + 1);
-
-// Behind the white space, which is mostly blanks.
-const char *end_of_spaces(const char *at) {
-  while (class_of(*at) == ByteClass::kSpace) {
-    ++at;
-    while (at[0] == ' ' && at[1] == ' ') at += 2;
-  }
-  return at;
-}
+static_assert(kPunctuationBytes.size() == static_cast<std::size_t>(TokenKind::kBar) + 1);
 
 constexpr Token kErrorToken = {TokenKind::kError, {}};
 
@@ -126,7 +113,9 @@ class WordReader {
 
 bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
 
-[[gnu::noinline]] Token read_comment(jt_parser_space *space, SilCursor &cursor) {
+}  // namespace
+
+Token read_comment(jt_parser_space *space, SilCursor &cursor) {
   std::size_t length = 0;
   for (; !ends_comment(*cursor.position); ++cursor.position) {
     if (length == kMaxComment) {
@@ -139,64 +128,7 @@ bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
   return {TokenKind::kComment, {cursor.buffer.data(), length}};
 }
 
-[[gnu::noinline]] Token read_word_slow(jt_parser_space *space, SilCursor &cursor) {
-  return WordReader(space, cursor).read();
-}
-
-// Whether what follows a run belongs to the same word, which only the slow path can tell.
-bool needs_slow_path(ByteClass next) { return next >= ByteClass::kWord && next <= ByteClass::kQuote; }
-
-// One white space behind a word goes with it.
-void pass(SilCursor &cursor, const char *end, ByteClass next) {
-  cursor.position = end + (next == ByteClass::kSpace ? 1 : 0);
-}
-
-[[gnu::noinline]] Token read_word(jt_parser_space *space, SilCursor &cursor) {
-  const char *const begin = cursor.position;
-  const char *const end = end_of_run(begin, kWordBytes);
-  const std::string_view text(begin, static_cast<std::size_t>(end - begin));
-  const ByteClass next = class_of(*end);
-  if (needs_slow_path(next) || text.size() > kMaxTokenText) return read_word_slow(space, cursor);
-  pass(cursor, end, next);
-  return {same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text};
-}
-
-[[gnu::noinline]] Token read_string(jt_parser_space *space, SilCursor &cursor) {
-  const char *const begin = cursor.position + 1;
-  const char *const end = end_of_run(begin, kQuotedBytes);
-  const std::string_view text(begin, static_cast<std::size_t>(end - begin));
-  if (*end != '"' || text.size() > kMaxQuoted) return read_word_slow(space, cursor);
-  const ByteClass next = class_of(end[1]);
-  if (needs_slow_path(next)) return read_word_slow(space, cursor);
-  pass(cursor, end + 1, next);
-  return {TokenKind::kString, text};
-}
-
-Token read_punctuation(SilCursor &cursor, ByteClass which) {
-  const char *const begin = cursor.position;
-  if (begin[0] == '|' && begin[1] == '|') {
-    cursor.position = begin + 2;
-    return {TokenKind::kDoubleBar, {begin, 2}};
-  }
-  cursor.position = begin + 1;
-  return {static_cast<TokenKind>(which), {begin, 1}};
-}
-
-}  // namespace
-
-Token next_token(jt_parser_space *space, SilCursor &cursor) {
-  const char *begin = cursor.position;
-  cursor.mark = begin;
-  begin = end_of_spaces(begin);
-  cursor.position = begin;
-  const ByteClass first = class_of(*begin);
-  if (first == ByteClass::kWord) return read_word(space, cursor);
-  if (first < ByteClass::kWord) return read_punctuation(cursor, first);
-  if (first == ByteClass::kQuote) return read_string(space, cursor);
-  if (first == ByteClass::kBackslash) return read_word_slow(space, cursor);
-  if (first == ByteClass::kHash) return read_comment(space, cursor);
-  return {TokenKind::kEndOfText, {}};
-}
+Token read_word_slow(jt_parser_space *space, SilCursor &cursor) { return WordReader(space, cursor).read(); }
 
 void restore_token(SilCursor &cursor) { cursor.position = cursor.mark; }
 

@@ -9,7 +9,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/text.h"
 #include "jt.h"
+#include "sil/alphabet.h"
 
 namespace jt_core {
 
@@ -47,8 +49,9 @@ struct Token {
   std::string_view text;  // not terminated; that of a kWord lies in the SIL text
 };
 
-// The longest text of a token. In quotes the limit is lower: see kMaxQuoted in lexer.cpp.
+// The longest text of a token, and the lower limit in quotes: more characters are refused.
 constexpr std::size_t kMaxTokenText = 2047;
+constexpr std::size_t kMaxQuoted = JT_MAX_TOKEN_LENGTH + 1;
 
 struct SilCursor {
   const char *position;  // the next unread character
@@ -56,9 +59,6 @@ struct SilCursor {
   const char *begin;     // of the whole text; no report points before it
   std::array<char, kMaxTokenText + 1> buffer;
 };
-
-// The next token; an error has been reported.
-Token next_token(jt_parser_space *space, SilCursor &cursor);
 
 // Makes the next call read the last token again.
 void restore_token(SilCursor &cursor);
@@ -68,6 +68,71 @@ char *writable_text(SilCursor &cursor, const Token &token);
 
 // The text so many characters before the current position, for the detail of a report.
 const char *text_before(const SilCursor &cursor, std::size_t characters);
+
+// ---- The way of most tokens ----
+//
+// It stands here so that the loop over the tokens takes it in: in a static library, whose functions anyone
+// may call, a large function with one caller is not inlined otherwise.
+
+// A comment, at its "#".
+Token read_comment(jt_parser_space *space, SilCursor &cursor);
+
+// A word with escapes, or one that is not well formed, at its first byte.
+Token read_word_slow(jt_parser_space *space, SilCursor &cursor);
+
+// Whether what follows a run belongs to the same word, which only the slow path can tell.
+inline bool needs_slow_path(ByteClass next) { return next >= ByteClass::kWord && next <= ByteClass::kQuote; }
+
+// One white space behind a word goes with it.
+inline void pass(SilCursor &cursor, const char *end, ByteClass next) {
+  cursor.position = end + (next == ByteClass::kSpace ? 1 : 0);
+}
+
+inline Token read_word(jt_parser_space *space, SilCursor &cursor) {
+  const char *const begin = cursor.position;
+  const char *const end = end_of_run(begin, kWordBytes);
+  const std::string_view text(begin, static_cast<std::size_t>(end - begin));
+  const ByteClass next = class_of(*end);
+  if (needs_slow_path(next) || text.size() > kMaxTokenText) return read_word_slow(space, cursor);
+  pass(cursor, end, next);
+  return {same_name(text, "end") ? TokenKind::kEnd : TokenKind::kWord, text};
+}
+
+inline Token read_string(jt_parser_space *space, SilCursor &cursor) {
+  const char *const begin = cursor.position + 1;
+  const char *const end = end_of_run(begin, kQuotedBytes);
+  const std::string_view text(begin, static_cast<std::size_t>(end - begin));
+  if (*end != '"' || text.size() > kMaxQuoted) return read_word_slow(space, cursor);
+  const ByteClass next = class_of(end[1]);
+  if (needs_slow_path(next)) return read_word_slow(space, cursor);
+  pass(cursor, end + 1, next);
+  return {TokenKind::kString, text};
+}
+
+inline Token read_punctuation(SilCursor &cursor, ByteClass which) {
+  const char *const begin = cursor.position;
+  if (begin[0] == '|' && begin[1] == '|') {
+    cursor.position = begin + 2;
+    return {TokenKind::kDoubleBar, {begin, 2}};
+  }
+  cursor.position = begin + 1;
+  return {static_cast<TokenKind>(which), {begin, 1}};
+}
+
+// The next token; an error has been reported.
+inline Token next_token(jt_parser_space *space, SilCursor &cursor) {
+  cursor.mark = cursor.position;
+  const char *begin = cursor.position;
+  while (class_of(*begin) == ByteClass::kSpace) ++begin;
+  cursor.position = begin;
+  const ByteClass first = class_of(*begin);
+  if (first == ByteClass::kWord) return read_word(space, cursor);
+  if (first < ByteClass::kWord) return read_punctuation(cursor, first);
+  if (first == ByteClass::kQuote) return read_string(space, cursor);
+  if (first == ByteClass::kBackslash) return read_word_slow(space, cursor);
+  if (first == ByteClass::kHash) return read_comment(space, cursor);
+  return {TokenKind::kEndOfText, {}};
+}
 
 }  // namespace jt_core
 

@@ -149,7 +149,7 @@ TEST_F(ElementsInCpp, HaveComments) {
 TEST_F(ElementsInCpp, HaveStatusesAndTheTextsBehindThem) {
   EXPECT_EQ(pages().status().value().code(), jt::StatusCode::overridden);
   EXPECT_EQ(text_or_none(pages().status_text()), "7");
-  EXPECT_EQ(root.find("Own").status().value().name()->view(), "odd");
+  EXPECT_EQ(root.find("Own").status().value().name().value().view(), "odd");
   EXPECT_TRUE(failed_silently(root.find("Own").status_text()));
   EXPECT_TRUE(failed_silently(root.find("Scanner").status()));
 }
@@ -212,7 +212,8 @@ TEST_F(ElementsInCpp, PlacesInAWalkCanBeKept) {
 
 TEST_F(ElementsInCpp, AlgorithmsTakeTheChildren) {
   const jt::Elements services = root.children();
-  const auto own = std::ranges::find_if(services, [](const Element &e) { return e.name()->view() == "Own"; });
+  const auto own =
+      std::ranges::find_if(services, [](const Element &e) { return e.name().value().view() == "Own"; });
   EXPECT_EQ(*own, root.find("Own"));
   EXPECT_EQ(std::ranges::distance(services), 2);
 }
