@@ -19,15 +19,14 @@ bool is_section(const jt_node &node) {
   return is_template(node) && node.previous_sibling != nullptr && is_template(*node.previous_sibling);
 }
 
+const jt_node *header_of(const jt_node &node) { return is_section(node) ? nullptr : node.previous_sibling; }
+
 // Root, header and section are linked beside each other: these links are not those of siblings.
 const jt_node *parent_of(const jt_node &node) {
   if (is_header(node) || is_section(node)) return node.previous_sibling;
   if (is_header_attribute(node)) return node.first_child;
   return node.parent;
 }
-
-// The parent link of a header holds the first of its three words.
-bool has_siblings(const jt_node &node) { return node.parent != nullptr && !is_header(node); }
 
 const jt_node *first_child_of(const jt_node &node) {
   return is_header_attribute(node) ? nullptr : node.first_child;
@@ -47,8 +46,8 @@ constexpr int kIdentifierWord = 2;
 
 // The text of one of the header's three words, by its number. There are fewer when one was moved away.
 char *copy_header_word(jt_parser_space *space, const jt_node &root, int number) {
-  const jt_node *const header = root.previous_sibling;
-  if (header == nullptr || !is_header(*header)) return nullptr;
+  const jt_node *const header = header_of(root);
+  if (header == nullptr) return nullptr;
   const jt_node *word = header->parent;
   for (; word != nullptr && number > 0; --number) word = word->next_sibling;
   return word != nullptr ? copy_if_there(space, reinterpret_cast<const char *>(word->value)) : nullptr;
@@ -71,7 +70,7 @@ int32_t jt_root(jt_parser_space *space, int32_t element) {
 
 int32_t jt_header(jt_parser_space *space, int32_t handle) {
   const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
-  return at && !jt_core::is_section(at.root()) ? jt_core::handle_of(at.root().previous_sibling) : 0;
+  return at ? jt_core::handle_of(jt_core::header_of(at.root())) : 0;
 }
 
 int32_t jt_section(jt_parser_space *space, int32_t handle) {
@@ -99,9 +98,10 @@ int32_t jt_first_child(jt_parser_space *space, int32_t element) {
   return at ? jt_core::handle_of(jt_core::first_child_of(at.element())) : 0;
 }
 
+// What has no parent stands in the ring of a template, or is loose.
 int32_t jt_next_sibling(jt_parser_space *space, int32_t element) {
   const jt_core::Frame at = jt_core::in_element(space, element);
-  return at && jt_core::has_siblings(at.element()) ? jt_core::handle_of(at.element().next_sibling) : 0;
+  return at && at.element().parent != nullptr ? jt_core::handle_of(at.element().next_sibling) : 0;
 }
 
 int32_t jt_find_child(jt_parser_space *space, int32_t element, const char *name) {

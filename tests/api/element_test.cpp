@@ -615,6 +615,14 @@ TEST_F(ElementTest, ATypeThatCannotBeWrittenIsReported) {
   opaque_to_node(space, jt_first_child(space, pages()))->type = opaque_to_node(space, pages())->type;
 }
 
+TEST_F(ElementTest, AValueNodeWithoutAValueIsNotHandedToItsType) {
+  jt_node *const node = opaque_to_node(space, pages());
+  jt_node *const value = create_typed_node(space, "integer", "Named", JT_NODE_VALUE, node);
+  value->type = &kMute;
+  expect_no_text(jt_element_value_text(space, handle_of(value)));
+  destroy_node(space, value);
+}
+
 // The three words of the header are nodes too. Nothing leads to them, but their handles can be guessed.
 TEST_F(ElementTest, TheWordsOfAHeaderStandAlone) {
   const int32_t header = jt_header(space, job);
