@@ -2077,9 +2077,9 @@ class Elements {
   Element parent_;
 };
 
-inline Elements Element::children() const noexcept { return Elements(*this); }
-
 /// \}
+
+inline Elements Element::children() const noexcept { return Elements(*this); }
 
 // ---- Templates --------------------------------------------------------------------------------------------
 
