@@ -23,7 +23,7 @@ namespace jt_core {
 // it. `allocate` gives storage that is not initialised, or null after "allocation error". It is called
 // exactly once for each read or copy, after everything that can refuse the value.
 struct ValueSink {
-  void *(*allocate)(ValueSink &sink, jt_parser_space *space, std::size_t bytes);
+  void *(*allocate)(ValueSink &sink, jt_parser_space *space, std::size_t bytes) = nullptr;
 };
 
 // Makes each value a block of its own.
