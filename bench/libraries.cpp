@@ -105,7 +105,7 @@ constexpr LibraryRow kLibraries[] = {
 void add_attributes(pugi::xml_node parent, const jt::Service &service, Texts &counted) {
   for (const jt::Text &name : service.attributes()) {
     pugi::xml_node attribute = parent.append_child("attribute");
-    const std::string type = service.type_of(name)->c_str();
+    const std::string type = service.type_of(name).value().c_str();
     attribute.append_attribute("type") = type.c_str();
     attribute.append_attribute("name") = name.c_str();
     attribute.append_attribute("compulsory") = !service.is_non_compulsory(name);
@@ -120,11 +120,11 @@ void add_attributes(pugi::xml_node parent, const jt::Service &service, Texts &co
 void add_services(pugi::xml_node parent, const jt::Template &job, Texts &counted) {
   for (const jt::Service &service : job.services()) {
     pugi::xml_node at = parent.append_child("service");
-    at.append_attribute("type") = service.type()->c_str();
+    at.append_attribute("type") = service.type().value().c_str();
     at.append_attribute("name") = service.c_str();
     for (const jt::Service &invocation : service.invocations()) {
       pugi::xml_node inner = at.append_child("invocation");
-      inner.append_attribute("name") = invocation.invocation_name()->c_str();
+      inner.append_attribute("name") = invocation.invocation_name().value().c_str();
       add_attributes(inner, invocation, counted);
     }
   }
@@ -172,7 +172,7 @@ Texts make_texts(const std::string &sil) {
   const jt::Session session("jt_bench");
   const auto job = session.decode(sil);
   require(job && session.last_report().category() == jt::Category::none, "decoding a shape");
-  Texts texts = {job->encode()->str(), {}, {}, 0, 0};
+  Texts texts = {job->encode().value().str(), {}, {}, 0, 0};
   pugi::xml_document document;
   add_services(document.append_child("template"), *job, texts);
   texts.xml = save_xml(document);

@@ -1,5 +1,5 @@
 """A Sphinx extension for what this manual does with the calls of jt.h: their names in any text lead to their
-descriptions, a description leads to the recipes of the cookbook that use the call, and what a comment says under
+descriptions, and the texts of messages to theirs; a description leads to the recipes of the cookbook that use the call, and what a comment says under
 \\errors, \\owner and \\cost stands beside its parameters. It also puts figures of the measurements into pages."""
 
 import re
@@ -53,8 +53,24 @@ def recipes_of(env):
     return recipes
 
 
+def mark_messages(app, document):
+    """Each entry of the page of messages is a place to lead to."""
+    if app.env.docname == "messages":
+        places = set()
+        for term in document.findall(nodes.term):
+            place = nodes.make_id(term[0].astext())
+            place += "-2" if place in places else ""  # there are texts that differ by a colon alone
+            places.add(place)
+            term["ids"].append(place)
+
+
+def messages_of(env):
+    terms = env.get_doctree("messages").findall(nodes.term)
+    return {term[0].astext().strip(): term["ids"][-1] for term in terms}
+
+
 def collect(app, env):
-    env.jt_functions, env.jt_recipes = functions_of(env), recipes_of(env)
+    env.jt_functions, env.jt_recipes, env.jt_messages = functions_of(env), recipes_of(env), messages_of(env)
 
 
 def field(name, *content):
@@ -89,15 +105,32 @@ class LinkCalls(SphinxPostTransform):
             new = self.linked(text) if above is None else None
             if new:
                 text.parent.replace(text, new)
+        for literal in list(self.document.findall(nodes.literal)) if self.env.docname != "messages" else []:
+            place = self.env.jt_messages.get(literal.astext().strip())
+            if place:
+                reference = self.link(("messages", place), "")
+                reference.children = [literal.deepcopy()]
+                literal.replace_self(reference)
         for name in self.document.findall(addnodes.desc_name):
             if name.astext() == "[anonymous]":
                 name.children = [nodes.Text("of constants")]
+        self.list_calls()
         for description in list(self.document.findall(addnodes.desc)):
             if description["objtype"] == "group":  # its title is the page's
                 places = list(description[0].findall(nodes.target))
                 description.replace_self([*places, *description[-1].children])
             if description["domain"] == "c" and description["objtype"] == "function":
                 self.complete(description)
+
+    def list_calls(self):
+        """All calls of a page in front of the first."""
+        calls = [d for d in self.document.findall(addnodes.desc) if d["objtype"] == "function" and d["domain"] == "c"]
+        if len(calls) > 1:
+            places = [call[0]["ids"][0] for call in calls]
+            links = [self.link((self.env.docname, place), place.removeprefix("c.") + "()") for place in places]
+            items = [nodes.list_item("", nodes.paragraph("", "", link)) for link in links]
+            above = calls[0].parent
+            above.insert(above.index(calls[0]), nodes.container("", nodes.bullet_list("", *items), classes=["names"]))
 
     def complete(self, description):
         """Fields for what Doxygen has as paragraphs with a title, the usual cost, and the recipes."""
@@ -136,6 +169,7 @@ class LinkCalls(SphinxPostTransform):
 
 def setup(app):
     app.connect("source-read", put_figures)
+    app.connect("doctree-read", mark_messages)
     app.connect("env-updated", collect)
     app.add_post_transform(LinkCalls)
     return {"parallel_read_safe": True, "parallel_write_safe": True}

@@ -35,6 +35,7 @@ dark = re.search(r'body\[data-theme="dark"\] \{(.*?)\}', furo_css.read_text(), r
 
 html_theme = "furo"
 html_theme_options = {"dark_css_variables": dict(re.findall(r"--([\w-]+): ([^;]*);", dark))}
+templates_path = [str(Path(__file__).parent / "templates")]
 html_static_path = [str(Path(__file__).parent / "static")]
 html_css_files = ["manual.css"]
 html_copy_source = False

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "base/parser_space.h"
 #include "support.h"
 #include "tree/node.h"
+#include "tree/session.h"
 
 namespace jt_fuzz {
 namespace {

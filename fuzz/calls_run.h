@@ -9,10 +9,10 @@
 #include <type_traits>
 
 #include "base/markers.h"
-#include "base/parser_space.h"
 #include "model.h"
 #include "support.h"
 #include "support/failing_allocator.h"
+#include "tree/session.h"
 
 namespace jt_fuzz {
 

@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "base/markers.h"
-#include "base/parser_space.h"
+#include "tree/session.h"
 
 namespace jt_fuzz {
 namespace {

@@ -2,8 +2,7 @@
 // promised of each family of types:
 //
 // - A text is read or refused; which of the two, and what it becomes, is the same whether the row of the
-// table
-//   or the call is asked. Nothing is read behind the text.
+//   table or the call is asked. Nothing is read behind the text.
 // - A value that was read has a text. A copy of the value equals it and has the same text.
 // - That text is read again and becomes the same text again. The empty text and "inf" are refused again: a
 //   reference of no name and no qualifier, and a real beyond the range, write them.

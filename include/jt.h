@@ -15,9 +15,9 @@
 /// ```
 ///
 /// One header, valid C11 and C++. Its chapters: handles and records; sessions, errors, texts; templates;
-/// values; services and invocations; reading attributes; changing attributes; statuses. The last two
-/// chapters export the tree and the types beneath these calls, for tools that look closer; most clients
-/// never need them.
+/// values; services and invocations; reading attributes; changing attributes; statuses. The last three
+/// chapters export what lies beneath these calls, reports, nodes and types, for tools that look closer; most
+/// clients never need them.
 
 // The comments are read by people and by Doxygen. `\errors` lists what is recorded, `\owner` who releases
 // a result and how, `\cost` what a call costs where that is not O(1). `\of_template`, `\of_service`,
@@ -1012,12 +1012,12 @@ JT_API jt_status *jt_get_attribute_status(jt_parser_space *space, int32_t handle
 
 /// \}
 
-// ==== Beneath the calls: session store, memory, nodes ======================================================
+// ==== Beneath the calls: reports, memory, texts ============================================================
 
-/// \defgroup tree Beneath the calls: session store, memory, nodes
+/// \defgroup store Beneath the calls: reports, memory, texts
 ///
-/// These have no frame: they do not reset the status. A null session, node or text fails without a report
-/// where nothing else is said. A node must be of the session that is given with it.
+/// These have no frame: they do not reset the status. A null session or text fails without a report where
+/// nothing else is said.
 /// \{
 
 /// Records a report: the message, the detail directly behind it, and ` ...`, cut so that message and detail
@@ -1101,6 +1101,16 @@ JT_API int32_t string_to_integer(const char *text, long *out);
 /// \return The difference of the first two bytes (unsigned) that differ, 0 when none do.
 /// \cost O(length).
 JT_API int32_t lowercasecmp(const char *a, const char *b);
+
+/// \}
+
+// ==== Beneath the calls: nodes =============================================================================
+
+/// \defgroup tree Beneath the calls: nodes
+///
+/// These have no frame: they do not reset the status. A null session, node or text fails without a report
+/// where nothing else is said. A node must be of the session that is given with it.
+/// \{
 
 /// A new node of a class, not linked yet: link it with one of the add calls or destroy it with
 /// destroy_node(). Nodes with a value are made by the two calls after this: one of #JT_NODE_VALUE from here

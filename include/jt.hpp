@@ -43,6 +43,12 @@
 /// NUL inside is refused before the call, never cut: `CALL ERROR: NUL inside the text:` + what stands before
 /// it.
 ///
+/// **Temporaries.** What would be gone before it is used is refused by the compiler: `->` of a temporary
+/// result, begin() of a temporary range or of temporary messages, and the services of a temporary template. A
+/// temporary result gives its value away instead: `job->encode().value().c_str()` is a text until the end of
+/// the expression, as that of any std::string. Results are passed on with Chain::and_then(),
+/// Chain::transform() and Chain::or_else().
+///
 /// **Exceptions.** None is thrown or needed, but those of the standard library where Text::str() makes a
 /// std::string. The header compiles with and without exceptions and RTTI.
 ///
@@ -62,7 +68,9 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <new>
 #include <optional>
@@ -142,6 +150,7 @@ inline constexpr const char *kNulInside = "CALL ERROR: NUL inside the text:";
 inline constexpr const char *kNoMemory = "MEMORY ERROR: allocation error";
 inline constexpr const char *kOtherType = "CALL ERROR: value is not of the type:";
 inline constexpr const char *kUnknownType = "CALL ERROR: unknown data type:";
+inline constexpr const char *kNotInRange = "CALL ERROR: number is not a value of the type:";
 inline constexpr std::string_view kNoSession = "CALL ERROR: no session ...";
 
 /// A text of one's own with a NUL behind it: short ones here, long ones on the heap. A NUL inside, or a heap
@@ -297,8 +306,10 @@ class Messages {
   }
   ~Messages() = default;
 
-  /// The newest.
-  const std::string_view *begin() const noexcept { return log_ ? log_->texts.data() : nullptr; }
+  /// The newest. Not of a temporary, but a range-based for may have one.
+  const std::string_view *begin() const &noexcept { return log_ ? log_->texts.data() : nullptr; }
+  /// Not of a temporary.
+  const std::string_view *begin() const && = delete;
   /// Behind the oldest.
   const std::string_view *end() const noexcept { return begin() + size(); }
   /// How many there are.
@@ -348,7 +359,9 @@ class Error {
   /// the newest. Where the whole history is one message over and over, nothing tells how many of them are of
   /// the call; the fewest possible are given then. What a client lets jt.h report between two calls here
   /// counts to the second one, if that reports too.
-  const Messages &messages() const noexcept { return messages_; }
+  const Messages &messages() const &noexcept { return messages_; }
+  /// The same of a temporary, moved.
+  Messages messages() &&noexcept { return std::move(messages_); }
 
   /// The newest message, "" when there is none. A NUL stands behind it.
   std::string_view message() const noexcept { return messages_[0]; }
@@ -358,10 +371,134 @@ class Error {
   Category category_ = Category::none;
 };
 
+template <typename T = void>
+class Result;
+
+/// \cond
+namespace detail {
+
+template <typename T>
+inline constexpr bool kIsResult = false;
+template <typename T>
+inline constexpr bool kIsResult<Result<T>> = true;
+
+/// Hands the value of a result on, where it has one to hand on.
+template <typename Self, typename F>
+decltype(auto) hand_on(Self &&self, F &&next) {
+  if constexpr (std::is_void_v<typename std::remove_cvref_t<Self>::value_type>) {
+    return std::invoke(std::forward<F>(next));
+  } else {
+    return std::invoke(std::forward<F>(next), *std::forward<Self>(self));
+  }
+}
+
+template <typename Self, typename F>
+auto and_then(Self &&self, F &&next) {
+  using Next = std::remove_cvref_t<decltype(hand_on(std::forward<Self>(self), std::forward<F>(next)))>;
+  static_assert(kIsResult<Next>, "and_then() is for a function that gives a jt::Result");
+  if (!self) return Next(std::forward<Self>(self).error());
+  return Next(hand_on(std::forward<Self>(self), std::forward<F>(next)));
+}
+
+template <typename Self, typename F>
+auto transform(Self &&self, F &&change) {
+  using Other = std::remove_cvref_t<decltype(hand_on(std::forward<Self>(self), std::forward<F>(change)))>;
+  if (!self) return Result<Other>(std::forward<Self>(self).error());
+  if constexpr (std::is_void_v<Other>) {
+    hand_on(std::forward<Self>(self), std::forward<F>(change));
+    return Result<Other>();
+  } else {
+    return Result<Other>(hand_on(std::forward<Self>(self), std::forward<F>(change)));
+  }
+}
+
+template <typename Self, typename F>
+auto or_else(Self &&self, F &&other) {
+  using Same = std::remove_cvref_t<Self>;
+  using Given = std::invoke_result_t<F, decltype(std::forward<Self>(self).error())>;
+  static_assert(std::is_same_v<std::remove_cvref_t<Given>, Same>,
+                "or_else() is for a function that gives the same jt::Result");
+  if (self) return Same(std::forward<Self>(self));
+  return Same(std::invoke(std::forward<F>(other), std::forward<Self>(self).error()));
+}
+
+}  // namespace detail
+/// \endcond
+
+/// What goes on with a result, as std::expected has it in C++23; every Result has it. A result in hand gives
+/// its value to the function as it is, a temporary one gives it away. Nothing is recorded by it, no memory is
+/// taken, and what the function throws passes through.
+///
+/// ```cpp
+/// const auto add_one = [&](std::int64_t copies) { return scanner.set("Copies", copies + 1); };
+/// if (auto set = scanner.get<std::int32_t>("Copies").and_then(add_one); !set) ...
+/// ```
+template <typename Self>
+class Chain {
+ public:
+  /// The Result of a function that is called with the value, or without arguments for a Result<>. On failure
+  /// the function is not called, and its Result has this error.
+  template <typename F>
+  auto and_then(F &&next) & {
+    return detail::and_then(self(), std::forward<F>(next));
+  }
+  /// As above.
+  template <typename F>
+  auto and_then(F &&next) const & {
+    return detail::and_then(self(), std::forward<F>(next));
+  }
+  /// As above.
+  template <typename F>
+  auto and_then(F &&next) && {
+    return detail::and_then(std::move(self()), std::forward<F>(next));
+  }
+
+  /// A Result of what a function makes of the value, a copy of it where it is a reference, a Result<> where
+  /// it is nothing. On failure the function is not called, and the Result has this error.
+  template <typename F>
+  auto transform(F &&change) & {
+    return detail::transform(self(), std::forward<F>(change));
+  }
+  /// As above.
+  template <typename F>
+  auto transform(F &&change) const & {
+    return detail::transform(self(), std::forward<F>(change));
+  }
+  /// As above.
+  template <typename F>
+  auto transform(F &&change) && {
+    return detail::transform(std::move(self()), std::forward<F>(change));
+  }
+
+  /// On failure the Result of a function that is called with the error, which gives the same kind of Result.
+  /// Else this result: a copy of one in hand, so that one of an owner must be moved.
+  template <typename F>
+  auto or_else(F &&other) & {
+    return detail::or_else(self(), std::forward<F>(other));
+  }
+  /// As above.
+  template <typename F>
+  auto or_else(F &&other) const & {
+    return detail::or_else(self(), std::forward<F>(other));
+  }
+  /// As above.
+  template <typename F>
+  auto or_else(F &&other) && {
+    return detail::or_else(std::move(self()), std::forward<F>(other));
+  }
+
+ private:
+  Self &self() noexcept { return static_cast<Self &>(*this); }
+  const Self &self() const noexcept { return static_cast<const Self &>(*this); }
+};
+
 /// What a call gives, or why it does not. A result in hand can be tested before it is used; using a value
 /// that is not there ends the program with std::abort().
-template <typename T = void>
-class [[nodiscard]] Result {
+///
+/// A temporary result gives its value away, and has no `->`, because the address that it would give is gone
+/// with the expression: `session.decode(text).value().encode()`.
+template <typename T>
+class [[nodiscard]] Result : public Chain<Result<T>> {
  public:
   /// What the call gives.
   using value_type = T;
@@ -380,19 +517,21 @@ class [[nodiscard]] Result {
   T &value() &noexcept { return *checked(); }
   /// The value. Aborts when there is none.
   const T &value() const &noexcept { return const_cast<Result *>(this)->value(); }
-  /// The value, to be moved from. Aborts when there is none.
-  T &&value() &&noexcept { return std::move(value()); }
+  /// The value, moved, so that it may be kept by reference. Aborts when there is none.
+  T value() &&noexcept { return std::move(value()); }
 
   /// As value().
   T &operator*() &noexcept { return value(); }
   /// As value().
   const T &operator*() const &noexcept { return value(); }
   /// As value().
-  T &&operator*() &&noexcept { return std::move(value()); }
+  T operator*() &&noexcept { return std::move(value()); }
   /// A member of the value. Aborts when there is none.
-  T *operator->() noexcept { return &value(); }
+  T *operator->() &noexcept { return &value(); }
   /// A member of the value. Aborts when there is none.
-  const T *operator->() const noexcept { return &value(); }
+  const T *operator->() const &noexcept { return &value(); }
+  /// Not of a temporary.
+  const T *operator->() const && = delete;
 
   /// The value, or what is given instead.
   template <typename Other>
@@ -407,8 +546,8 @@ class [[nodiscard]] Result {
 
   /// Why there is no value; Category::none without messages when there is one.
   const Error &error() const &noexcept { return error_; }
-  /// Why there is no value, to be moved from.
-  Error &&error() &&noexcept { return std::move(error_); }
+  /// Why there is no value, moved, so that its messages can be walked over.
+  Error error() &&noexcept { return std::move(error_); }
 
  private:
   T *checked() noexcept {
@@ -422,7 +561,7 @@ class [[nodiscard]] Result {
 
 /// Whether a call succeeded, and why not.
 template <>
-class [[nodiscard]] Result<void> {
+class [[nodiscard]] Result<void> : public Chain<Result<void>> {
  public:
   /// A call that gives nothing but success.
   using value_type = void;
@@ -446,8 +585,8 @@ class [[nodiscard]] Result<void> {
 
   /// Why the call failed; Category::none without messages when it did not.
   const Error &error() const &noexcept { return error_; }
-  /// Why the call failed, to be moved from.
-  Error &&error() &&noexcept { return std::move(error_); }
+  /// Why the call failed, moved, so that its messages can be walked over.
+  Error error() &&noexcept { return std::move(error_); }
 
  private:
   Error error_;
@@ -456,6 +595,8 @@ class [[nodiscard]] Result<void> {
 
 /// \cond
 namespace detail {
+
+class Walk;
 
 /// What a Session shares with everything made in it: the session itself, null once it is closed, and the
 /// history as it was after the last call that reported, which is how the messages of the next are told.
@@ -484,6 +625,7 @@ class Space {
 
   jt_parser_space *raw;
   std::size_t holders = 1;
+  Walk *walks = nullptr;
 
  private:
   using Entry = std::array<char, JT_MESSAGE_SIZE>;
@@ -541,6 +683,9 @@ class Link {
   }
 
   jt_parser_space *raw() const noexcept { return space_ != nullptr ? space_->raw : nullptr; }
+
+  /// The walks that are under way, the newest first; null where there can be none.
+  Walk **walks() const noexcept { return space_ != nullptr ? &space_->walks : nullptr; }
 
   /// From here on every call of all that share it fails.
   jt_parser_space *detach() const noexcept {
@@ -750,8 +895,56 @@ template <typename T>
 concept Typed = type_name_of<T>
 != nullptr;
 
+/// The numbers that Service::set() and Service::add() take. A bool is a truth, and characters are none:
+/// `signed char` and `unsigned char` are small numbers, as in std::int8_t.
+template <typename T>
+concept Number = std::is_floating_point_v<T> ||
+    (std::is_integral_v<T> && sizeof(T) <= sizeof(std::int64_t) && !std::is_same_v<T, bool> &&
+     !std::is_same_v<T, char> && !std::is_same_v<T, wchar_t> && !std::is_same_v<T, char8_t> &&
+     !std::is_same_v<T, char16_t> && !std::is_same_v<T, char32_t>);
+
+/// What Service::set() and Service::add() make a value of by themselves.
+template <typename T>
+concept Settable = Typed<T> || Number<T>;
+
 /// \cond
 namespace detail {
+
+/// The C++ type of the value that is made of a T: all whole numbers become integers, all others reals.
+template <typename T>
+struct Made {
+  using type = T;
+};
+template <Number T>
+struct Made<T> : std::conditional<std::is_floating_point_v<T>, float, std::int32_t> {};
+
+/// A real knows no sign, and nothing beyond it is a number that can be read back; "not a number" fails both
+/// tests.
+template <typename T>
+constexpr bool can_be_made_of(const T &value) noexcept {
+  if constexpr (std::is_floating_point_v<T>) {
+    return value >= T{0} && value <= T{std::numeric_limits<float>::max()};
+  } else if constexpr (Number<T>) {
+    return std::in_range<std::int32_t>(value);
+  } else {
+    return true;
+  }
+}
+
+/// The number zero with a sign becomes the one without.
+template <typename T>
+constexpr typename Made<T>::type made_of(const T &value) noexcept {
+  if constexpr (std::is_floating_point_v<T>) {
+    return static_cast<float>(value) + 0.0F;
+  } else {
+    return static_cast<typename Made<T>::type>(value);
+  }
+}
+
+inline bool is_enumerated(const jt_type &type) noexcept {
+  const std::string_view name = type.name;
+  return name.starts_with("enum_") || name == "kmt_enum_status";
+}
 
 /// What a value of the type holds: a truth is a number there.
 template <Typed T>
@@ -864,6 +1057,15 @@ class Value {
       return link_.refuse(detail::kOtherType, type_name_of<T>);
     }
     return detail::read<T>(value_);
+  }
+
+  /// Whether it is an enumerated value whose name the list of its service does not know; text() is that name.
+  /// False for all other values, and for none. No call is made. O(1).
+  bool is_unknown() const noexcept {
+    std::uint32_t number = 0;
+    if (value_ == nullptr || !detail::is_enumerated(*type_)) return false;
+    std::memcpy(&number, value_, sizeof(number));
+    return number == UINT32_MAX;
   }
 
   /// Whether there is a value.
@@ -1003,6 +1205,112 @@ class StatusArgument {
 /// \cond
 namespace detail {
 
+/// The nodes that have a cursor, on one of their children.
+enum class Parent : unsigned char { root, service, invocation, attribute };
+
+/// Tells cursors apart by the arguments of the calls that move them. Two may share a number, which costs
+/// time: a walk then looks for a place that it has not lost.
+inline std::uint64_t cursor_number(Parent parent, std::int32_t handle, const char *service,
+                                   const char *attribute) noexcept {
+  std::uint64_t number = 0xCBF29CE484222325U;
+  const auto add = [&number](std::uint32_t part) { number = (number ^ part) * 0x100000001B3U; };
+  add(static_cast<std::uint32_t>(parent));
+  add(static_cast<std::uint32_t>(handle));
+  for (const char *name : {service, attribute}) {
+    for (; name != nullptr && *name != '\0'; ++name) {
+      const auto byte = static_cast<unsigned char>(*name);
+      add(byte >= 'A' && byte <= 'Z' ? byte + 32U : byte);
+    }
+    add('\0');
+  }
+  return number;
+}
+
+/// The place of a walk. The tree has one cursor for all walks over the same children; so each that is under
+/// way stands in a list of its session, where whoever moves the cursor can tell it that it has lost its
+/// place.
+class Walk {
+ public:
+  Walk() noexcept = default;
+  /// A copy is a walk that has not begun.
+  Walk(const Walk &) noexcept {}
+  Walk(Walk &&other) noexcept { take_over(other); }
+  Walk &operator=(Walk other) noexcept {
+    leave();
+    take_over(other);
+    return *this;
+  }
+  ~Walk() { leave(); }
+
+  void begin(const Link &link, std::uint64_t cursor) noexcept {
+    leave();
+    link_ = link;
+    cursor_ = cursor;
+    place_ = 0;
+    if (link_.walks() != nullptr) join(*link_.walks());
+  }
+
+  void leave() noexcept {
+    if (!is_under_way()) return;
+    *to_this_ = next_;
+    if (next_ != nullptr) next_->to_this_ = to_this_;
+    to_this_ = nullptr;
+  }
+
+  /// Once after each step.
+  void count_step() noexcept {
+    ++place_;
+    is_lost_ = false;
+    tell(link_, cursor_, this);
+  }
+
+  /// Says that the cursor was moved, to all that stand on it but the one that did it.
+  static void tell(const Link &link, std::uint64_t cursor, const Walk *mover = nullptr) noexcept {
+    for (Walk *walk = newest(link); walk != nullptr; walk = walk->next_) {
+      if (walk != mover && walk->cursor_ == cursor) walk->is_lost_ = true;
+    }
+  }
+
+  /// The newest one that this one has made lose its place.
+  const Walk *loser() const noexcept {
+    const Walk *walk = newest(link_);
+    while (walk != nullptr && !(walk->is_lost_ && walk->cursor_ == cursor_)) walk = walk->next_;
+    return walk;
+  }
+
+  bool is_under_way() const noexcept { return to_this_ != nullptr; }
+  bool is_lost() const noexcept { return is_lost_; }
+  /// How many steps were made.
+  std::size_t place() const noexcept { return place_; }
+
+  static Walk *newest(const Link &link) noexcept { return link.walks() != nullptr ? *link.walks() : nullptr; }
+
+ private:
+  void join(Walk *&head) noexcept {
+    to_this_ = &head;
+    next_ = std::exchange(head, this);
+    if (next_ != nullptr) next_->to_this_ = &next_;
+  }
+
+  void take_over(Walk &other) noexcept {
+    if (!other.is_under_way()) return;
+    link_ = other.link_;
+    cursor_ = other.cursor_;
+    place_ = other.place_;
+    is_lost_ = other.is_lost_;
+    Walk *&to_other = *other.to_this_;
+    other.leave();
+    join(to_other);
+  }
+
+  Link link_;
+  std::uint64_t cursor_ = 0;
+  std::size_t place_ = 0;
+  bool is_lost_ = false;
+  Walk *next_ = nullptr;
+  Walk **to_this_ = nullptr;
+};
+
 template <typename Steps>
 class Range;
 struct ServiceSteps;
@@ -1108,6 +1416,7 @@ class Service {
   /// Its first value as text, unquoted; of an enumerated one the name. Fails with Category::none when there
   /// is no value. jt_get_first_attribute_value_string()
   Result<Text> text(const TextArgument &attribute) const noexcept {
+    leave_first_value(attribute);
     return text_of(jt_get_first_attribute_value_string, attribute);
   }
 
@@ -1167,14 +1476,19 @@ class Service {
 
   /// Appends what makes a value: add("Copies", 2). The attribute must be of the type that T stands for:
   /// "CALL ERROR: value is not of the type:" + type of the attribute. The check costs one look-up for the
-  /// type's name. jt_add_attribute_value()
-  template <Typed T>
+  /// type's name.
+  ///
+  /// Any whole number makes an integer, any other a real, rounded to a float. One that the type does not have
+  /// is refused, and nothing changes: "CALL ERROR: number is not a value of the type:" + type of the
+  /// attribute. That is a whole number beyond 32 bits with sign, and a real that is negative, infinite,
+  /// beyond a float or not a number. jt_add_attribute_value()
+  template <Settable T>
   Result<> add(const TextArgument &attribute, const T &value) const noexcept {
     return give_record(jt_add_attribute_value, attribute, value);
   }
 
   /// Makes that the only value: set("Copies", 2). Otherwise as add(). jt_set_attribute_value()
-  template <Typed T>
+  template <Settable T>
   Result<> set(const TextArgument &attribute, const T &value) const noexcept {
     return give_record(jt_set_attribute_value, attribute, value);
   }
@@ -1250,12 +1564,23 @@ class Service {
  private:
   friend class Template;
   friend struct detail::ServiceSteps;
+  friend struct detail::InvocationSteps;
   friend struct detail::AttributeSteps;
   friend struct detail::TextSteps;
   friend struct detail::ValueSteps;
 
   Service(detail::Link link, std::int32_t handle, detail::Name name) noexcept
       : link_(std::move(link)), handle_(handle), name_(std::move(name)) {}
+
+  std::uint64_t cursor(detail::Parent parent, const char *attribute = nullptr) const noexcept {
+    return detail::cursor_number(parent, handle_, c_str(), attribute);
+  }
+
+  /// Reading the first value leaves the cursor behind it, wherever a walk over the values was.
+  void leave_first_value(const TextArgument &attribute) const noexcept {
+    if (detail::Walk::newest(link_) == nullptr) return;
+    detail::Walk::tell(link_, cursor(detail::Parent::attribute, attribute.c_str()));
+  }
 
   // One call of jt.h each, unless a text cannot be given to it.
 
@@ -1321,14 +1646,16 @@ class Service {
     return link_.refuse(detail::kOtherType, Text(call(jt_get_attribute_type_name, attribute)).c_str());
   }
 
-  template <typename Call, Typed T>
+  template <typename Call, Settable T>
   Result<> give_record(Call *function, const TextArgument &attribute, const T &value) const noexcept {
+    using Kept = typename detail::Made<T>::type;
     const Result<Text> type = type_of(attribute);
     if (!type) return type.error();
-    if (!detail::same_type_name(type->c_str(), type_name_of<T>)) {
+    if (!detail::same_type_name(type->c_str(), type_name_of<Kept>)) {
       return link_.refuse(detail::kOtherType, type->c_str());
     }
-    const auto stored = static_cast<detail::Stored<T>>(value);
+    if (!detail::can_be_made_of(value)) return link_.refuse(detail::kNotInRange, type->c_str());
+    const auto stored = static_cast<detail::Stored<Kept>>(detail::made_of(value));
     return act(function, attribute, reinterpret_cast<const jt_value *>(&stored));
   }
 
@@ -1343,10 +1670,21 @@ class Service {
 
 /// \defgroup cpp_ranges Ranges
 ///
-/// Input ranges for a range-based for and for the algorithms of std::ranges. The place of a walk is the
-/// cursor in the tree: two walks over the same children disturb each other, within one range as well; and
-/// begin() starts again with the first. An element is good until the next step. The last element of a walk
-/// that is left early stays under the cursor.
+/// Input ranges for a range-based for and for the algorithms of std::ranges. begin() starts again with the
+/// first; the iterators of one range share its place. An element is good until the next step. A temporary
+/// range has no begin(), because the iterator would outlive it; a range-based for keeps it.
+///
+/// **Walks in walks.** The tree has one cursor for all walks over the same children, and Service::text(),
+/// Service::value() and Service::get() move it too. A walk that has lost it so goes back to its own place by
+/// itself, so that walks may be nested and take turns: such a step costs O(elements passed), any other one
+/// call. Not followed are the calls of jt.h, and children that are added or removed: what comes before the
+/// place is counted, not remembered.
+///
+/// **The current invocation.** A walk over invocations makes its element the current one, and so does an
+/// inner walk over the same service; when that ends or its range goes, the element of the walk around it is
+/// current again. Left early, a walk leaves its last element current; at the end there is no current one. A
+/// client that makes another one current moves the walk there. Attributes and values are walked in the
+/// invocation that is current at each step.
 ///
 /// A walk that cannot be made is an empty one. Session::last_report(), asked right behind the loop, says why
 /// a walk ended: nothing there when it reached the end. An unnamed service or attribute ends its walk,
@@ -1371,7 +1709,7 @@ class Range {
     value_type &operator*() const noexcept { return *element_; }
     value_type *operator->() const noexcept { return element_; }
     Iterator &operator++() noexcept {
-      element_ = steps_->next();
+      element_ = range_->next();
       return *this;
     }
     void operator++(int) noexcept { ++*this; }
@@ -1381,20 +1719,54 @@ class Range {
 
    private:
     friend class Range;
-    Iterator(Steps &steps, value_type *element) noexcept : steps_(&steps), element_(element) {}
+    Iterator(Range &range, value_type *element) noexcept : range_(&range), element_(element) {}
 
-    Steps *steps_ = nullptr;
+    Range *range_ = nullptr;
     value_type *element_ = nullptr;
   };
 
   explicit Range(Steps steps) noexcept : steps_(std::move(steps)) {}
+  Range(const Range &) = default;
+  Range(Range &&) noexcept = default;
+  Range &operator=(const Range &) = default;
+  Range &operator=(Range &&) noexcept = default;
+  ~Range() { end_walk(); }
 
   /// Starts the walk.
-  Iterator begin() noexcept { return Iterator(steps_, steps_.first()); }
+  Iterator begin() &noexcept {
+    walk_.begin(steps_.link(), steps_.cursor());
+    return Iterator(*this, arrive(steps_.first()));
+  }
+  Iterator begin() && = delete;
   std::default_sentinel_t end() const noexcept { return {}; }
 
  private:
+  using Element = typename Steps::Element;
+
+  Element *next() noexcept {
+    if (!walk_.is_lost()) return arrive(steps_.next());
+    Element *element = steps_.first();
+    for (std::size_t i = 0; i < walk_.place() && element != nullptr; ++i) element = steps_.next();
+    return arrive(element);
+  }
+
+  Element *arrive(Element *element) noexcept {
+    walk_.count_step();
+    if (element == nullptr) end_walk();
+    return element;
+  }
+
+  void end_walk() noexcept {
+    if (!walk_.is_under_way()) return;
+    walk_.leave();
+    if constexpr (requires { steps_.make_current(walk_.place()); }) {
+      const Walk *const around = walk_.loser();
+      if (around != nullptr) steps_.make_current(around->place());
+    }
+  }
+
   Steps steps_;
+  Walk walk_;
 };
 
 template <typename Owner>
@@ -1409,6 +1781,10 @@ struct ServiceSteps {
 
   Element *first() noexcept { return take(jt_get_first_service_name); }
   Element *next() noexcept { return take(jt_get_next_service_name); }
+  const Link &link() const noexcept { return element.link_; }
+  std::uint64_t cursor() const noexcept {
+    return cursor_number(Parent::root, element.handle_, nullptr, nullptr);
+  }
 
   template <typename Call>
   Element *take(Call *function) noexcept {
@@ -1426,6 +1802,14 @@ struct InvocationSteps {
 
   Element *first() noexcept { return service.first_invocation() ? &service : nullptr; }
   Element *next() noexcept { return service.next_invocation() ? &service : nullptr; }
+  const Link &link() const noexcept { return service.link_; }
+  std::uint64_t cursor() const noexcept { return service.cursor(Parent::service); }
+
+  /// Of that number, counted from 1. Not noted, so that the last report remains that of the walk.
+  void make_current(std::size_t number) const noexcept {
+    service.call(jt_first_invocation);
+    for (std::size_t at = 1; at < number; ++at) service.call(jt_next_invocation);
+  }
 
   Service service;
 };
@@ -1435,6 +1819,8 @@ struct AttributeSteps {
 
   Element *first() noexcept { return keep(element, service.text_of(jt_get_first_attribute_name)); }
   Element *next() noexcept { return keep(element, service.text_of(jt_get_next_attribute_name)); }
+  const Link &link() const noexcept { return service.link_; }
+  std::uint64_t cursor() const noexcept { return service.cursor(Parent::invocation); }
 
   Service service;
   Text element{};
@@ -1449,6 +1835,8 @@ struct TextSteps {
   Element *next() noexcept {
     return keep(element, service.text_of(jt_get_next_attribute_value_string, attribute));
   }
+  const Link &link() const noexcept { return service.link_; }
+  std::uint64_t cursor() const noexcept { return service.cursor(Parent::attribute, attribute.c_str()); }
 
   Service service;
   Name attribute;
@@ -1465,6 +1853,8 @@ struct ValueSteps {
   Element *next() noexcept {
     return keep(element, service.value_of(jt_get_next_attribute_value, row, attribute));
   }
+  const Link &link() const noexcept { return service.link_; }
+  std::uint64_t cursor() const noexcept { return service.cursor(Parent::attribute, attribute.c_str()); }
 
   Service service;
   Name attribute;
@@ -1498,6 +1888,7 @@ inline Result<Value> Service::parse(const TextArgument &attribute, const TextArg
 }
 
 inline Result<Value> Service::value(const TextArgument &attribute) const noexcept {
+  leave_first_value(attribute);
   return value_of(jt_get_first_attribute_value, row_of(attribute), attribute);
 }
 
@@ -1538,18 +1929,26 @@ class Template {
   Result<Text> encode() const noexcept { return link_.made<Text>(jt_encode_template(link_.raw(), handle_)); }
 
   /// The service of that name, which need not be there; no call is made.
-  Service service(const TextArgument &name) const noexcept { return {link_, handle_, detail::to_keep(name)}; }
+  Service service(const TextArgument &name) const &noexcept {
+    return {link_, handle_, detail::to_keep(name)};
+  }
+  /// Not of a temporary, which is destroyed before the service is used.
+  Service service(const TextArgument &name) const && = delete;
 
   /// A walk over the services.
-  Services services() const noexcept { return Services({Service(link_, handle_, detail::Name())}); }
+  Services services() const &noexcept { return Services({Service(link_, handle_, detail::Name())}); }
+  /// Not of a temporary, which is destroyed before the walk begins.
+  Services services() const && = delete;
 
   /// Appends a service without invocations. jt_add_service()
-  Result<Service> add_service(const TextArgument &type, const TextArgument &name) const noexcept {
+  Result<Service> add_service(const TextArgument &type, const TextArgument &name) const &noexcept {
     if (!link_.admits(type, name)) return link_.failure();
     const Result<> added = link_.done(jt_add_service(link_.raw(), handle_, type.c_str(), name.c_str()));
     if (!added) return added.error();
     return service(name);
   }
+  /// Not of a temporary, which is destroyed before the service is used.
+  Result<Service> add_service(const TextArgument &type, const TextArgument &name) const && = delete;
 
   /// Whether there is a template.
   explicit operator bool() const noexcept { return handle_ != 0; }
@@ -1628,9 +2027,8 @@ class Session {
   /// number has none, Category::none where the type is not an enumerated one.
   Result<Text> name_of(const jt_type &type, std::uint32_t number) const noexcept {
     reset_error_status(link_.raw());
-    const std::string_view name = type.name;
-    const bool is_enumerated = name.starts_with("enum_") || name == "kmt_enum_status";
-    if (!is_enumerated || number == UINT32_MAX || link_.raw() == nullptr) return link_.failure();
+    if (!detail::is_enumerated(type) || number == UINT32_MAX || link_.raw() == nullptr)
+      return link_.failure();
     return link_.made<Text>(type.deval(link_.raw(), reinterpret_cast<const jt_value *>(&number)));
   }
 

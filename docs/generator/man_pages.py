@@ -22,6 +22,7 @@ PAGES = {
     "jt_attributes": "read the attributes of a template",
     "jt_changes": "change the attributes of a template",
     "jt_statuses": "statuses of services, invocations and attributes",
+    "jt_store": "reports, memory and texts beneath the calls of jt",
     "jt_tree": "the tree beneath the calls of jt",
     "jt_types": "types and type tables of jt",
 }

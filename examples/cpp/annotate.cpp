@@ -13,6 +13,6 @@ int main() {
   jt_node *const sides = get_child(space, get_child(space, service, "Letter"), "Sides");
   const bool done = add_comment(space, service, "# Both sides, because paper is dear.\n") &&
                     add_comment(space, sides, "# Was ONE_SIDED.\n");
-  if (done) std::fputs(job->encode()->c_str(), stdout);
+  if (done) std::fputs(job->encode().value().c_str(), stdout);
   return done ? 0 : 1;
 }

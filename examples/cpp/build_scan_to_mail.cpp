@@ -20,5 +20,5 @@ int main() {
   const jt::Session session("build_scan_to_mail");
   const auto job = session.create();
   if (!job || !fill(*job)) return fail(session.history().newest_or("a value was refused"));
-  std::fputs(job->encode()->c_str(), stdout);
+  std::fputs(job->encode().value().c_str(), stdout);
 }

@@ -14,5 +14,5 @@ int main(int argc, char **argv) {
   const bool exists = found != invocations.end(), changed = exists && found->set(argv[3], argv[4]);
   const char *const silent = exists ? "no such value" : "no such attribute";
   if (!changed) return fail(session.last_report().messages().newest_or(silent));
-  return std::fputs(job->encode()->c_str(), stdout), 0;
+  return std::fputs(job->encode().value().c_str(), stdout), 0;
 }

@@ -7,5 +7,5 @@ int main(int argc, char **argv) {
       session.decode(argc > 1 ? argv[1] : "[ kmt_svc_scan Scan ] { enum_sided Sides = ONE_SIDED; } end");
   if (!job) std::puts(job.error().messages().newest_or("the text is cut off").data());
   if (!job || !job->service("Scan").set("Sides", "TWO_SIDED")) return 1;
-  std::fputs(job->encode()->c_str(), stdout);
+  std::fputs(job->encode().value().c_str(), stdout);
 }

@@ -13,6 +13,6 @@ int main() {
                     mail.remove_attribute("Draft") &&
                     (mail.has("Priority") || mail.add_attribute("enum_jobpriority", "Priority")) &&
                     mail.set("Priority", "URGENT");
-  if (done) std::fputs(job->encode()->c_str(), stdout);
+  if (done) std::fputs(job->encode().value().c_str(), stdout);
   return done ? 0 : 1;
 }

@@ -18,7 +18,7 @@ int main(int argc, char **argv) {
   if (argc != 3) return fail("USAGE: fax_and_store IDENTIFIER NUMBER");
   const jt::Session session("fax_and_store");
   const auto job = session.decode(std::string("< SIL 4.2.00 ASCII ") + argv[1] + " > < /SIL >");
-  const auto text = job && fill(*job, argv[2]) ? job->encode() : jt::Result<jt::Text>(jt::Error());
+  const auto text = job && fill(*job, argv[2]) ? job->encode() : jt::Error();
   if (!text || !session.decode(*text) || session.last_category() != jt::Category::none)
     return fail(session.history().newest_or("it cannot be read"));
   std::fputs(text->c_str(), stdout);

@@ -25,5 +25,5 @@ int main(int argc, char **argv) {
   }
   const char *const silent = override_value(job->service(argv[2]), argv[3], argv[4]);
   if (silent != nullptr) return fail(session.last_report().messages().newest_or(silent));
-  return std::fputs(job->encode()->c_str(), stdout), 0;
+  return std::fputs(job->encode().value().c_str(), stdout), 0;
 }

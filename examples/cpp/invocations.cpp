@@ -17,5 +17,5 @@ int main() {
                     filing->set("Path", "/letters/2030") && filing->select_invocation("Drafts") &&
                     filing->remove_invocation();
   if (!done) return fail(session.history().newest_or("a value was refused"));
-  return std::fputs(job->encode()->c_str(), stdout), 0;
+  return std::fputs(job->encode().value().c_str(), stdout), 0;
 }

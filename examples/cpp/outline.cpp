@@ -3,13 +3,13 @@
 #include "program.h"
 
 static void print(const jt::Service &service) {
-  std::printf("%s: %s\n", service.c_str(), service.type()->c_str());
+  std::printf("%s: %s\n", service.c_str(), service.type().value().c_str());
   for (const jt::Service &at : service.invocations()) {
     const auto name = at.invocation_name();
     std::printf("  %s\n", name ? name->c_str() : "(unnamed)");
     for (const jt::Text &attribute : at.attributes()) {
       const char *const star = at.is_non_compulsory(attribute) ? " *" : "";
-      std::printf("    %s: %s%s\n", attribute.c_str(), at.type_of(attribute)->c_str(), star);
+      std::printf("    %s: %s%s\n", attribute.c_str(), at.type_of(attribute).value().c_str(), star);
       for (const jt::Text &value : at.texts(attribute)) std::printf("      %s\n", value.c_str());
     }
   }

@@ -15,7 +15,7 @@ int main(int argc, char **argv) {
   if (errno != 0) return std::perror(argv[1]), 2;
   const jt::Session session("roundtrip");
   const auto job = session.decode(text.str());
-  if (job) std::fputs(job->encode()->c_str(), stdout);
+  if (job) std::fputs(job->encode().value().c_str(), stdout);
   for (const std::string_view message : session.history().oldest_first()) complain(message);
   if (!job && job.error().category() >= jt::Category::warning) complain("the text is cut off");
   return job ? 0 : 1;

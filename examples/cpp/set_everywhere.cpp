@@ -22,7 +22,7 @@ int main(int argc, char **argv) {
   int status = 0;
   for (int i = 3; i < argc; ++i) {
     const auto text = read_file(argv[i]);
-    const auto job = text ? convert(session, *text, argv) : jt::Result<jt::Text>(jt::Error());
+    const auto job = text ? convert(session, *text, argv) : jt::Error();
     if (job) std::fputs(job->c_str(), stdout);
     if (!job) status = fail(argv[i] + (": " + std::string(job.error().messages().newest_or("refused"))));
   }

@@ -1,4 +1,5 @@
-// Calls that change the attributes of the current invocation and their values.
+// Calls that change the attributes of the current invocation and their values. A call that fails leaves the
+// attribute as it was: tests/api/attribute_mutation_test.cpp and tests/api/override_test.cpp.
 #include "api/frame.h"
 #include "api/node_effects.h"
 #include "base/error_store.h"
@@ -15,13 +16,9 @@ namespace {
 
 constexpr std::uint32_t kOverridden = 6;  // KMT_STATUS_OVERRIDDEN
 
-Frame in_attribute(Frame frame, std::int32_t handle, const char *service_name, const char *name) {
-  return frame.in_template(handle).in_service(service_name).in_invocation().in_attribute(name);
-}
-
-Frame in_attribute(jt_parser_space *space, const void *value, std::int32_t handle, const char *service_name,
-                   const char *name) {
-  return in_attribute(Frame(space).needs(value != nullptr, message::kNullValue), handle, service_name, name);
+// The frame of a call that needs a value or its text.
+Frame with_value(jt_parser_space *space, const void *value) {
+  return Frame(space).needs(value != nullptr, message::kNullValue);
 }
 
 // ---- Adding and replacing ---------------------------------------------------------------------------------
@@ -131,11 +128,11 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
   unindex_child(attribute, stored);
   release_value(*space, stored);
   stored.value = copy;
-  mark_owner(stored);
+  set_owns_heap_blocks(stored);
   index_child(attribute, stored);
   release_text(attribute, attribute.overridden_value);
   attribute.overridden_value = replaced;
-  mark_owner(attribute);
+  set_owns_heap_blocks(attribute);
   adopt_status(*space, attribute, status_of_number(space, kOverridden));
   return 1;
 }
@@ -147,8 +144,7 @@ extern "C" {
 
 int32_t jt_add_attribute(jt_parser_space *space, int32_t handle, const char *service_name,
                          const char *type_name, const char *attribute_name) {
-  const jt_core::Frame at =
-      jt_core::Frame(space).in_template(handle).in_service(service_name).in_invocation();
+  const jt_core::Frame at = jt_core::Frame(space).in_invocation(handle, service_name);
   if (!at) return 0;
   jt_node &invocation = at.invocation();
   jt_node *const attribute =
@@ -158,46 +154,51 @@ int32_t jt_add_attribute(jt_parser_space *space, int32_t handle, const char *ser
 
 int32_t jt_delete_attribute(jt_parser_space *space, int32_t handle, const char *service_name,
                             const char *attribute_name) {
-  const jt_core::Frame at =
-      jt_core::in_attribute(jt_core::Frame(space), handle, service_name, attribute_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_attribute(handle, service_name, attribute_name);
   return at ? destroy_node(space, &at.attribute()) : 0;
 }
 
 int32_t jt_add_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
                                       const char *attribute_name, const char *text) {
-  const jt_core::Frame at = jt_core::in_attribute(space, text, handle, service_name, attribute_name);
+  const jt_core::Frame at =
+      jt_core::with_value(space, text).in_attribute(handle, service_name, attribute_name);
   return at ? jt_core::add_value(space, at, create_value_node(space, at.attribute().type, text)) : 0;
 }
 
 int32_t jt_set_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
                                       const char *attribute_name, const char *text) {
-  const jt_core::Frame at = jt_core::in_attribute(space, text, handle, service_name, attribute_name);
+  const jt_core::Frame at =
+      jt_core::with_value(space, text).in_attribute(handle, service_name, attribute_name);
   return at ? jt_core::replace_values(space, at, create_value_node(space, at.attribute().type, text)) : 0;
 }
 
 int32_t jt_add_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                const char *attribute_name, const jt_value *value) {
-  const jt_core::Frame at = jt_core::in_attribute(space, value, handle, service_name, attribute_name);
+  const jt_core::Frame at =
+      jt_core::with_value(space, value).in_attribute(handle, service_name, attribute_name);
   return at ? jt_core::add_value(space, at, create_value_ptr_node(space, at.attribute().type, value)) : 0;
 }
 
 int32_t jt_set_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                const char *attribute_name, const jt_value *value) {
-  const jt_core::Frame at = jt_core::in_attribute(space, value, handle, service_name, attribute_name);
+  const jt_core::Frame at =
+      jt_core::with_value(space, value).in_attribute(handle, service_name, attribute_name);
   return at ? jt_core::replace_values(space, at, create_value_ptr_node(space, at.attribute().type, value))
             : 0;
 }
 
 int32_t jt_delete_attribute_value(jt_parser_space *space, int32_t handle, const char *service_name,
                                   const char *attribute_name, const jt_value *value) {
-  const jt_core::Frame at = jt_core::in_attribute(space, value, handle, service_name, attribute_name);
+  const jt_core::Frame at =
+      jt_core::with_value(space, value).in_attribute(handle, service_name, attribute_name);
   if (!at || !jt_core::has_operations(space, at.attribute(), attribute_name, &jt_type::cmp)) return 0;
   return jt_core::delete_found(space, jt_core::find_value(at.attribute(), value));
 }
 
 int32_t jt_delete_attribute_value_string(jt_parser_space *space, int32_t handle, const char *service_name,
                                          const char *attribute_name, const char *text) {
-  const jt_core::Frame at = jt_core::in_attribute(space, text, handle, service_name, attribute_name);
+  const jt_core::Frame at =
+      jt_core::with_value(space, text).in_attribute(handle, service_name, attribute_name);
   if (!at) return 0;
   jt_node &attribute = at.attribute();
   if (!jt_core::has_known_type(attribute))
@@ -211,8 +212,9 @@ int32_t jt_override_attribute_value(jt_parser_space *space, int32_t handle, cons
                                     const char *attribute_name, const jt_value *old_value,
                                     const jt_value *new_value) {
   const bool given = old_value != nullptr && new_value != nullptr;
-  const jt_core::Frame at = jt_core::in_attribute(
-      jt_core::Frame(space).needs(given, jt_core::message::kNullValue), handle, service_name, attribute_name);
+  const jt_core::Frame at = jt_core::Frame(space)
+                                .needs(given, jt_core::message::kNullValue)
+                                .in_attribute(handle, service_name, attribute_name);
   if (!at) return 0;
   jt_node *const stored = jt_core::find_overridable(space, at, attribute_name, old_value);
   return stored != nullptr ? jt_core::override_value(space, at.attribute(), *stored, new_value) : 0;
@@ -220,14 +222,14 @@ int32_t jt_override_attribute_value(jt_parser_space *space, int32_t handle, cons
 
 int32_t jt_set_attribute_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
                                     const char *attribute_name) {
-  return jt_core::set_compulsion(
-      jt_core::in_attribute(jt_core::Frame(space), handle, service_name, attribute_name), false);
+  return jt_core::set_compulsion(jt_core::Frame(space).in_attribute(handle, service_name, attribute_name),
+                                 false);
 }
 
 int32_t jt_set_attribute_non_compulsory(jt_parser_space *space, int32_t handle, const char *service_name,
                                         const char *attribute_name) {
-  return jt_core::set_compulsion(
-      jt_core::in_attribute(jt_core::Frame(space), handle, service_name, attribute_name), true);
+  return jt_core::set_compulsion(jt_core::Frame(space).in_attribute(handle, service_name, attribute_name),
+                                 true);
 }
 
 }  // extern "C"

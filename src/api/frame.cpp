@@ -28,25 +28,25 @@ Frame &Frame::in_template(std::int32_t handle) {
   return *this;
 }
 
-Frame &Frame::in_service(const char *name) {
-  if (!passed_) return *this;
-  service_ = get_child(space_, root_, name);
-  if (service_ == nullptr) fail(message::kDoesNotExist, name);
+Frame &Frame::in_service(std::int32_t handle, const char *service) {
+  if (!in_template(handle)) return *this;
+  service_ = get_child(space_, root_, service);
+  if (service_ == nullptr) fail(message::kDoesNotExist, service);
   return *this;
 }
 
-Frame &Frame::in_invocation() {
-  if (!passed_) return *this;
+Frame &Frame::in_invocation(std::int32_t handle, const char *service) {
+  if (!in_service(handle, service)) return *this;
   start_cursor(*service_);
   invocation_ = service_->cursor;
   if (invocation_ == nullptr) fail(message::kNoInvocation);
   return *this;
 }
 
-Frame &Frame::in_attribute(const char *name) {
-  if (!passed_) return *this;
-  attribute_ = get_child(space_, invocation_, name);
-  if (attribute_ == nullptr) fail(message::kDoesNotExist, name);
+Frame &Frame::in_attribute(std::int32_t handle, const char *service, const char *attribute) {
+  if (!in_invocation(handle, service)) return *this;
+  attribute_ = get_child(space_, invocation_, attribute);
+  if (attribute_ == nullptr) fail(message::kDoesNotExist, attribute);
   return *this;
 }
 

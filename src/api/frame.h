@@ -1,7 +1,8 @@
 // The frame of every call: the parser handle is tested, the status is cleared, the call's own arguments are
 // checked, the template handle is resolved, then the service, its current invocation and the attribute are
-// found. A call names the steps that it takes, in this order, and what it then does; the first step that
-// fails has recorded its message, and the steps behind it do nothing.
+// found. A call states its own checks and how deep it resolves, and then its effect; the first step that
+// fails has recorded its message, and the steps behind it do nothing. tests/api/call_frame_test.cpp has the
+// order of the steps for every call.
 #ifndef JT_API_FRAME_H
 #define JT_API_FRAME_H
 
@@ -18,10 +19,12 @@ class Frame {
 
   // The call needs this argument; the message says that it is missing.
   Frame &needs(bool given, const char *message);
+
+  // How deep the call resolves: each of these takes the steps of the one before it, and one more.
   Frame &in_template(std::int32_t handle);
-  Frame &in_service(const char *name);
-  Frame &in_invocation();
-  Frame &in_attribute(const char *name);
+  Frame &in_service(std::int32_t handle, const char *service);
+  Frame &in_invocation(std::int32_t handle, const char *service);
+  Frame &in_attribute(std::int32_t handle, const char *service, const char *attribute);
 
   // Every step so far has been taken.
   explicit operator bool() const { return passed_; }

@@ -1,4 +1,5 @@
 // Calls on the invocations of a service. The service's cursor is its current invocation.
+// tests/api/invocation_test.cpp
 #include "api/frame.h"
 #include "api/node_effects.h"
 #include "base/error_store.h"
@@ -47,9 +48,7 @@ Frame frame_for_name(jt_parser_space *space, std::int32_t handle, const char *se
                      const char *name) {
   return Frame(space)
       .needs(name != nullptr && *name != '\0', message::kNoName)
-      .in_template(handle)
-      .in_service(service_name)
-      .in_invocation();
+      .in_invocation(handle, service_name);
 }
 
 }  // namespace
@@ -58,7 +57,7 @@ Frame frame_for_name(jt_parser_space *space, std::int32_t handle, const char *se
 extern "C" {
 
 int32_t jt_add_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_service(handle, service_name);
   if (!at) return 0;
   jt_node &service = at.service();
   jt_node *const invocation = create_typed_node(space, service.name, nullptr, JT_NODE_INVOCATION, &service);
@@ -66,24 +65,24 @@ int32_t jt_add_invocation(jt_parser_space *space, int32_t handle, const char *se
 }
 
 int32_t jt_delete_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_service(handle, service_name);
   return at ? delete_index_child(space, &at.service()) : 0;
 }
 
 int32_t jt_first_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_service(handle, service_name);
   if (!at || at.service().first_child == nullptr) return 0;
   return reset_index(space, &at.service());
 }
 
 int32_t jt_next_invocation(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_service(handle, service_name);
   return at ? advance_index(space, &at.service()) : 0;
 }
 
 int32_t jt_named_invocation(jt_parser_space *space, int32_t handle, const char *service_name,
                             const char *name_or_number) {
-  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_service(handle, service_name);
   if (!at) return 0;
   jt_node *const named = get_child(space, &at.service(), name_or_number);
   jt_node *const found =
@@ -97,8 +96,7 @@ int32_t jt_named_invocation(jt_parser_space *space, int32_t handle, const char *
 }
 
 char *jt_get_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt_core::Frame at =
-      jt_core::Frame(space).in_template(handle).in_service(service_name).in_invocation();
+  const jt_core::Frame at = jt_core::Frame(space).in_invocation(handle, service_name);
   return at && at.invocation().name != nullptr ? jt_core::copy_text(space, at.invocation().name) : nullptr;
 }
 

@@ -1,4 +1,5 @@
-// Effects that several calls share once the frame has found their node.
+// Effects that several calls share once the frame has found their node. tests/api/attribute_add_test.cpp
+// counts the nodes after a refusal.
 #ifndef JT_API_NODE_EFFECTS_H
 #define JT_API_NODE_EFFECTS_H
 

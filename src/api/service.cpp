@@ -1,4 +1,5 @@
 // Calls on the services of a template.
+// tests/api/service_test.cpp
 #include "api/frame.h"
 #include "api/node_effects.h"
 
@@ -13,7 +14,7 @@ int32_t jt_add_service(jt_parser_space *space, int32_t handle, const char *type_
 }
 
 int32_t jt_delete_service(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_service(handle, service_name);
   return at ? destroy_node(space, &at.service()) : 0;
 }
 
@@ -33,7 +34,7 @@ char *jt_get_next_service_name(jt_parser_space *space, int32_t handle) {
 }
 
 char *jt_get_service_type(jt_parser_space *space, int32_t handle, const char *service_name) {
-  const jt_core::Frame at = jt_core::Frame(space).in_template(handle).in_service(service_name);
+  const jt_core::Frame at = jt_core::Frame(space).in_service(handle, service_name);
   return at ? jt_core::copy_type_name(space, at.service(), service_name) : nullptr;
 }
 

@@ -1,5 +1,6 @@
 // Session calls: opening and closing, the fixed texts, the recorded errors, and the release of what the
 // library has handed over.
+// tests/api/session_test.cpp
 #include "api/frame.h"
 
 namespace {
@@ -31,6 +32,9 @@ constexpr char kLanguageVersion[] = "2.5.0";
 }  // namespace
 
 extern "C" {
+
+// The client's own word; the library never looks at it.
+char *g_szCurrentLocale = nullptr;
 
 jt_parser_space *jt_open_parsing_utility(const char *label) { return create_parser_space(label); }
 

@@ -1,4 +1,5 @@
 // Template calls: the life of a whole template.
+// tests/api/template_test.cpp
 #include "api/frame.h"
 #include "tree/node.h"
 

@@ -1,4 +1,5 @@
 // Value calls: one operation of a type, named by the type's name and the service that defines it.
+// tests/api/value_test.cpp calls each of them for every type.
 #include "api/frame.h"
 #include "base/error_store.h"
 #include "base/memory.h"

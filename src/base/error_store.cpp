@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "base/parser_space.h"
-
 namespace jt_core {
 namespace {
 
@@ -21,8 +19,8 @@ constexpr std::array<Category, 5> kCategories = {{{"MEMORY ERROR:", JT_MEMORY_ER
 
 constexpr std::string_view kNullText = "(null)";
 constexpr std::string_view kEllipsis = " ...";
-constexpr std::size_t kMostText = JT_MESSAGE_SIZE - 1;
-constexpr std::size_t kMostBeforeEllipsis = kMostText - kEllipsis.size();
+constexpr std::size_t kMaxText = JT_MESSAGE_SIZE - 1;
+constexpr std::size_t kMaxBeforeEllipsis = kMaxText - kEllipsis.size();
 
 std::int32_t status_of(std::string_view message) {
   const auto *const found = std::find_if(
@@ -46,12 +44,12 @@ struct Entry {
 
 void record(ErrorStore &errors, std::string_view message, std::string_view detail) {
   Entry entry;
-  if (message.size() > kMostText) {
-    entry.append(message, kMostText);
+  if (message.size() > kMaxText) {
+    entry.append(message, kMaxText);
   } else {
-    entry.append(message, kMostBeforeEllipsis);
-    entry.append(detail, kMostBeforeEllipsis);
-    entry.append(kEllipsis, kMostText);
+    entry.append(message, kMaxBeforeEllipsis);
+    entry.append(detail, kMaxBeforeEllipsis);
+    entry.append(kEllipsis, kMaxText);
   }
   std::copy_backward(errors.messages.begin(), errors.messages.end() - 1, errors.messages.end());
   errors.messages[0] = entry.text;
@@ -62,15 +60,16 @@ void record(ErrorStore &errors, std::string_view message, std::string_view detai
 
 std::string_view beginning_of(const char *text) {
   if (text == nullptr) return kNullText;
-  constexpr std::size_t kMostKept = JT_MESSAGE_SIZE;
-  const auto *const end = static_cast<const char *>(std::memchr(text, '\0', kMostKept));
-  return {text, end == nullptr ? kMostKept : static_cast<std::size_t>(end - text)};
+  constexpr std::size_t kMaxKept = JT_MESSAGE_SIZE;
+  const auto *const end = static_cast<const char *>(std::memchr(text, '\0', kMaxKept));
+  return {text, end == nullptr ? kMaxKept : static_cast<std::size_t>(end - text)};
 }
 
 void report(jt_parser_space *space, std::string_view message, std::string_view detail) {
   if (space == nullptr) return;
-  space->errors.status = status_of(message);
-  record(space->errors, message, detail);
+  ErrorStore &errors = errors_of(*space);
+  errors.status = status_of(message);
+  record(errors, message, detail);
 }
 
 void report_joined(jt_parser_space *space, std::string_view begin, std::string_view middle,
@@ -87,31 +86,36 @@ extern "C" {
 int32_t jt_error(jt_parser_space *space, const char *message, const char *detail) {
   if (space == nullptr) return 0;
   if (message == nullptr) {
-    jt_core::record(space->errors, jt_core::kNullText, jt_core::beginning_of(detail));
+    jt_core::record(jt_core::errors_of(*space), jt_core::kNullText, jt_core::beginning_of(detail));
     return 0;
   }
   jt_core::report(space, jt_core::beginning_of(message), jt_core::beginning_of(detail));
-  return space->errors.status;
+  return jt_core::errors_of(*space).status;
 }
 
 void reset_error_status(jt_parser_space *space) {
-  if (space != nullptr) space->errors.status = JT_OK;
+  if (space != nullptr) jt_core::errors_of(*space).status = JT_OK;
 }
 
-int32_t get_error_status(jt_parser_space *space) { return space != nullptr ? space->errors.status : JT_OK; }
+int32_t get_error_status(jt_parser_space *space) {
+  return space != nullptr ? jt_core::errors_of(*space).status : JT_OK;
+}
 
 const char *get_last_error(jt_parser_space *space) {
   if (space == nullptr) return nullptr;
-  space->errors.previous = 0;
-  const auto &newest = space->errors.messages.front();
+  jt_core::ErrorStore &errors = jt_core::errors_of(*space);
+  errors.previous = 0;
+  const auto &newest = errors.messages.front();
   return newest.front() != '\0' ? newest.data() : nullptr;
 }
 
 const char *get_previous_error(jt_parser_space *space) {
-  if (space == nullptr || space->errors.previous >= JT_HISTORY_LENGTH) return nullptr;
-  const auto &message = space->errors.messages[static_cast<std::size_t>(space->errors.previous)];
+  if (space == nullptr) return nullptr;
+  jt_core::ErrorStore &errors = jt_core::errors_of(*space);
+  if (errors.previous >= JT_HISTORY_LENGTH) return nullptr;
+  const auto &message = errors.messages[static_cast<std::size_t>(errors.previous)];
   if (message.front() == '\0') return nullptr;
-  ++space->errors.previous;
+  ++errors.previous;
   return message.data();
 }
 

@@ -24,28 +24,20 @@ class SipHash {
         c_(key.first ^ 0x6c7967656e657261),
         d_(key.second ^ 0x7465646279746573) {}
 
-  void add(unsigned char byte) {
-    word_ |= std::uint64_t{byte} << (length_ % 8 * 8);
-    if (++length_ % 8 == 0) take_word();
+  void add(std::uint64_t word) {
+    d_ ^= word;
+    mix();
+    mix();
+    a_ ^= word;
   }
 
   std::uint64_t finish() {
-    word_ |= length_ << 56U;
-    take_word();
     c_ ^= 0xFF;
     for (int i = 0; i < 4; ++i) mix();
     return a_ ^ b_ ^ c_ ^ d_;
   }
 
  private:
-  void take_word() {
-    d_ ^= word_;
-    mix();
-    mix();
-    a_ ^= word_;
-    word_ = 0;
-  }
-
   void mix() {
     a_ += b_;
     c_ += d_;
@@ -63,9 +55,33 @@ class SipHash {
   std::uint64_t b_;
   std::uint64_t c_;
   std::uint64_t d_;
-  std::uint64_t word_ = 0;
-  std::uint64_t length_ = 0;
 };
+
+// Eight bytes at a time; the last word holds the bytes that are left and, on top, the length. `change` is
+// what is done to each word, and must leave zeros as they are.
+template <typename Change>
+std::uint64_t hash_words(const HashKey &key, std::string_view bytes, Change change) {
+  SipHash hash(key);
+  std::size_t at = 0;
+  for (; at + 8 <= bytes.size(); at += 8) hash.add(change(eight_at(bytes.data() + at)));
+  std::uint64_t last = 0;
+  for (std::size_t i = bytes.size(); i > at; --i) {
+    last = last << 8U | static_cast<unsigned char>(bytes[i - 1]);
+  }
+  hash.add(change(last) | std::uint64_t{bytes.size()} << 56U);
+  return hash.finish();
+}
+
+// Makes capitals small, in eight bytes at once. The high bit of a byte says whether it reaches A, passes Z,
+// or is no letter at all.
+std::uint64_t fold_eight(std::uint64_t bytes) {
+  constexpr std::uint64_t kEach = 0x0101010101010101;
+  const std::uint64_t low = bytes & kEach * 0x7F;
+  const std::uint64_t reaches_a = low + kEach * (0x80 - 'A');
+  const std::uint64_t passes_z = low + kEach * (0x7F - 'Z');
+  const std::uint64_t capitals = reaches_a & ~passes_z & ~bytes & kEach * 0x80;
+  return bytes | capitals >> 2U;
+}
 
 bool read_random_numbers([[maybe_unused]] HashKey &key) {
 #if JT_HAS_RANDOM_NUMBERS
@@ -94,15 +110,11 @@ HashKey make_hash_key(const void *address) {
 }
 
 std::uint64_t keyed_hash(const HashKey &key, std::string_view bytes) {
-  SipHash hash(key);
-  for (const char c : bytes) hash.add(static_cast<unsigned char>(c));
-  return hash.finish();
+  return hash_words(key, bytes, [](std::uint64_t word) { return word; });
 }
 
 std::uint64_t keyed_name_hash(const HashKey &key, std::string_view name) {
-  SipHash hash(key);
-  for (const char c : name) hash.add(fold(c));
-  return hash.finish();
+  return hash_words(key, name, fold_eight);
 }
 
 std::uint32_t hash_name(const HashKey *key, std::string_view name) {

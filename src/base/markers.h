@@ -1,6 +1,7 @@
 // The all-ones markers. Memory that the library fills with ones means "nothing here, on purpose", as opposed
 // to a null that was never set: a released slot, an unknown type, a cursor that has not started. Each marker
-// has its one name here.
+// has its one name here. tests/tree/construction_test.cpp and tests/base/node_table_test.cpp look for the
+// markers where they belong.
 #ifndef JT_BASE_MARKERS_H
 #define JT_BASE_MARKERS_H
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "base/parser_space.h"
+#include "base/error_store.h"
 
 namespace jt_core {
 namespace {

@@ -1,6 +1,7 @@
-// Blocks of the heap that report their failure in one way, and the texts and values that are made of them.
-// What is here, and the little that asks the heap by itself (the encoder's output, indexes, plain copies),
-// uses malloc, calloc, realloc and free of the C library, so whatever replaces those replaces all of it.
+// Blocks of the heap that report their failure in one way, and the texts that are copied into them. What is
+// here, and the little that asks the heap by itself (arena, node table, indexes, the encoder's output), uses
+// malloc, calloc, realloc and free of the C library, so whatever replaces those replaces all of it.
+// tests/base/memory_test.cpp has the reports, tests/faults/internal_test.cpp every allocation that fails.
 #ifndef JT_BASE_MEMORY_H
 #define JT_BASE_MEMORY_H
 

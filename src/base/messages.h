@@ -1,6 +1,7 @@
 // Every message that the library records, by the floor that records it. The word before the colon decides the
 // status of the session, so a text is chosen here and nowhere else. Where two texts differ only by a blank or
-// a letter, that is how clients know them.
+// a letter, that is how clients know them. tests/docs/messages_test.cpp compares the list with the page of
+// the manual that describes each of them.
 #ifndef JT_BASE_MESSAGES_H
 #define JT_BASE_MESSAGES_H
 

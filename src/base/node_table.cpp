@@ -2,17 +2,17 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
+#include <cstdlib>
 
 #include "base/markers.h"
-#include "base/memory.h"
-#include "base/parser_space.h"
 
 namespace jt_core {
 namespace {
 
 constexpr std::int32_t kWordBits = 32;
 constexpr std::uint32_t kNoWord = UINT32_MAX;
-constexpr std::int32_t kLargestTable = INT32_MAX / 4;
+constexpr std::int32_t kMaxTable = INT32_MAX / 4;
 
 std::size_t words_for(std::size_t bits) { return (bits + kWordBits - 1) / kWordBits; }
 
@@ -27,12 +27,10 @@ std::size_t bitmap_words(std::size_t slots) {
 }
 
 // Slots and bitmap lie in one block, so that a table grows whole or not at all.
-bool reserve(jt_parser_space &space, std::int32_t wanted) {
-  NodeTable &table = space.table;
-  FreeSlots &map = space.free_slots;
+bool reserve(NodeTable &table, FreeSlots &map, std::int32_t wanted) {
   const auto slots = static_cast<std::size_t>(wanted);
   auto *const block = static_cast<jt_node **>(
-      allocate_block(&space, slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
+      std::calloc(1, slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
   if (block == nullptr) return false;
   auto *words = reinterpret_cast<std::uint32_t *>(block + slots);
   auto old_bits = static_cast<std::size_t>(map.reserved);
@@ -47,18 +45,20 @@ bool reserve(jt_parser_space &space, std::int32_t wanted) {
     words += new_bits;
   }
   std::copy_n(table.slots, table.count, block);
-  er_free(table.slots);
+  std::free(table.slots);
   table.slots = block;
   map.reserved = wanted;
   return true;
 }
 
-[[gnu::noinline]] bool grow(jt_parser_space &space) {
-  NodeTable &table = space.table;
-  const bool room = table.capacity < space.free_slots.reserved;
-  if (!room && (table.capacity > kLargestTable || !reserve(space, table.capacity * 2))) return false;
+// 0, or why the table cannot grow.
+[[gnu::noinline]] std::int32_t grow(NodeTable &table, FreeSlots &map) {
+  if (table.capacity >= map.reserved) {
+    if (table.capacity > kMaxTable) return kTableFull;
+    if (!reserve(table, map, table.capacity * 2)) return kNoMemory;
+  }
   table.capacity += kTableStep;
-  return true;
+  return 0;
 }
 
 // A word of level 0 is no longer zero: tells the levels above.
@@ -101,7 +101,8 @@ void set_free(FreeSlots &map, std::int32_t slot) {
   return bit;
 }
 
-std::int32_t take_lowest_free(FreeSlots &map) {
+std::int32_t claim_lowest(FreeSlots &map) {
+  assert(map.free > 0 && map.levels[0][map.lowest] != 0);
   std::uint32_t &word = map.levels[0][map.lowest];
   const auto slot = map.lowest * kWordBits + static_cast<std::uint32_t>(std::countr_zero(word));
   word &= word - 1;
@@ -112,66 +113,51 @@ std::int32_t take_lowest_free(FreeSlots &map) {
 
 }  // namespace
 
-bool open_node_table(jt_parser_space &space) {
-  if (!reserve(space, kTableStep)) return false;
-  space.table.capacity = kTableStep;
-  space.free_slots.lowest = kNoWord;
+bool open_node_table(NodeTable &table, FreeSlots &free_slots) {
+  if (!reserve(table, free_slots, kTableStep)) return false;
+  table.capacity = kTableStep;
+  free_slots.lowest = kNoWord;
   return true;
 }
 
-void close_node_table(jt_parser_space &space) {
-  er_free(space.table.slots);
-  space.table = {};
-  space.free_slots = {};
+void close_node_table(NodeTable &table, FreeSlots &free_slots) {
+  std::free(table.slots);
+  table = {};
+  free_slots = {};
 }
 
-std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node) {
-  if (space == nullptr) return -1;
-  NodeTable &table = space->table;
+std::int32_t assign_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node) {
   std::int32_t slot = table.count;
-  if (space->free_slots.free > 0) {
-    slot = take_lowest_free(space->free_slots);
-  } else if (table.count == table.capacity && !grow(*space)) {
-    report(space, message::kNoNodeTable);
-    return -1;
+  if (free_slots.free > 0) {
+    slot = claim_lowest(free_slots);
+    assert(table.slots[slot] == released_slot());
   } else {
+    if (table.count == table.capacity) {
+      const std::int32_t refused = grow(table, free_slots);
+      if (refused < 0) return refused;
+    }
     ++table.count;
   }
   table.slots[slot] = node;
   return slot;
 }
 
-std::int32_t live_nodes(const jt_parser_space &space) { return space.table.count - space.free_slots.free; }
-
-void vacate_slot(jt_parser_space &space, std::int32_t bookmark) {
-  space.table.slots[bookmark] = released_slot();
-  set_free(space.free_slots, bookmark);
+void vacate_slot(NodeTable &table, FreeSlots &free_slots, std::int32_t slot) {
+  assert(slot >= 0 && slot < table.count && table.slots[slot] != released_slot());
+  table.slots[slot] = released_slot();
+  set_free(free_slots, slot);
 }
 
-void vacate_all_slots(jt_parser_space &space) {
-  const NodeTable &table = space.table;
-  FreeSlots &map = space.free_slots;
+void vacate_all_slots(NodeTable &table, FreeSlots &free_slots) {
   std::fill_n(table.slots, table.count, released_slot());
   auto bits = static_cast<std::size_t>(table.count);
-  for (std::uint32_t *const level : map.levels) {
+  for (std::uint32_t *const level : free_slots.levels) {
     std::fill_n(level, bits / kWordBits, UINT32_MAX);
     if (bits % kWordBits > 0) level[bits / kWordBits] = (1U << bits % kWordBits) - 1;
     bits = words_for(bits);
   }
-  map.free = table.count;
-  map.lowest = table.count > 0 ? 0 : kNoWord;
-}
-
-std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark) {
-  if (space == nullptr) return 1;
-  NodeTable &table = space->table;
-  if (table.slots == nullptr || bookmark < 0 || bookmark >= table.count) {
-    report(space, message::kBadBookmark);
-    return 1;
-  }
-  if (table.slots[bookmark] == released_slot()) return 0;
-  vacate_slot(*space, bookmark);
-  return 1;
+  free_slots.free = table.count;
+  free_slots.lowest = table.count > 0 ? 0 : kNoWord;
 }
 
 }  // namespace jt_core

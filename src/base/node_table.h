@@ -1,7 +1,10 @@
 // The node table: which node stands in which slot. A node's slot is its bookmark, fixed for its life; a
-// released slot is taken again lowest first. A bitmap of free slots with a summary bitmap above each level
+// released slot is assigned again lowest first. A bitmap of free slots with a summary bitmap above each level
 // finds the lowest one in a few steps however large the table is. Capacity is counted in steps of 512 slots,
 // while the storage behind it doubles, so that filling a table costs time linear in its nodes.
+//
+// Nothing is reported here, and of a node only its address is known. tests/base/node_table_test.cpp compares
+// the table with a set of free slots.
 #ifndef JT_BASE_NODE_TABLE_H
 #define JT_BASE_NODE_TABLE_H
 
@@ -26,30 +29,33 @@ struct NodeTable {
 struct FreeSlots {
   static constexpr std::uint32_t kLevels = 7;
   std::array<std::uint32_t *, kLevels> levels;
-  std::int32_t reserved;  // slots that the storage has room for
+  std::int32_t reserved;  // slots that fit into the storage
   std::uint32_t height;   // levels in use; the highest is one word
   std::uint32_t lowest;   // the first word of level 0 that is not zero; the largest number when none is
   std::int32_t free;      // bits set in level 0
 };
 
-// Storage for the first 512 slots; false when there is none, without a report.
-bool open_node_table(jt_parser_space &space);
-void close_node_table(jt_parser_space &space);
+// Answers of assign_slot() that are no slot.
+constexpr std::int32_t kNoMemory = -1;
+constexpr std::int32_t kTableFull = -2;
 
-// The bookmark of the slot that now holds the node, or -1 after a report.
-std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node);
+// Storage for the first 512 slots; false without memory.
+bool open_node_table(NodeTable &table, FreeSlots &free_slots);
+void close_node_table(NodeTable &table, FreeSlots &free_slots);
+
+// The slot that now holds the node.
+std::int32_t assign_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node);
 
 // Makes a live slot free.
-void vacate_slot(jt_parser_space &space, std::int32_t bookmark);
-
-// How many slots are live.
-std::int32_t live_nodes(const jt_parser_space &space);
+void vacate_slot(NodeTable &table, FreeSlots &free_slots, std::int32_t slot);
 
 // Makes every slot free. The cost is that of the table, not of what lives in it.
-void vacate_all_slots(jt_parser_space &space);
+void vacate_all_slots(NodeTable &table, FreeSlots &free_slots);
 
-// 1 when the slot was live or the bookmark was refused with a report; 0 when it had been released before.
-std::int32_t release_bookmark(jt_parser_space *space, std::int32_t bookmark);
+// How many slots are live.
+inline std::int32_t live_slots(const NodeTable &table, const FreeSlots &free_slots) {
+  return table.count - free_slots.free;
+}
 
 // Whether this very node stands in the slot.
 inline bool holds_node(const NodeTable &table, std::int32_t bookmark, const jt_node *node) {

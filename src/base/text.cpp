@@ -7,12 +7,12 @@
 
 extern "C" int32_t string_to_integer(const char *text, long *out) {
   if (text == nullptr || *text == '\0') return 0;
-  constexpr long kMost = std::numeric_limits<long>::max();
+  constexpr long kMax = std::numeric_limits<long>::max();
   long number = 0;
   for (const char *c = text; *c != '\0'; ++c) {
     if (!jt_core::is_digit(*c)) return 0;
     const int digit = *c - '0';
-    number = number > (kMost - digit) / 10 ? kMost : number * 10 + digit;
+    number = number > (kMax - digit) / 10 ? kMax : number * 10 + digit;
   }
   *out = number;
   return 1;

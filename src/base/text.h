@@ -1,6 +1,7 @@
 // Text helpers that know no locale: letters A to Z fold, digits are 0 to 9, everything else is a byte. Names
 // of every kind (services, attributes, types, enumerations) are compared and hashed through here, so that a
-// look-up by hash and one by comparison can never disagree.
+// look-up by hash and one by comparison can never disagree. tests/base/text_test.cpp takes every byte through
+// them.
 #ifndef JT_BASE_TEXT_H
 #define JT_BASE_TEXT_H
 
@@ -45,7 +46,8 @@ constexpr std::uint64_t joined(const char *bytes) {
 
 constexpr std::uint64_t eight_at(const char *bytes) { return joined<std::uint64_t>(bytes); }
 
-// The last eight bytes of a text, joined, its very last one on top. A shorter one is there as a whole.
+// The last eight bytes of a text as a little-endian number. A shorter text is shifted up and filled with
+// zeros below.
 constexpr std::uint64_t last_eight(std::string_view text) {
   const char *const end = text.data() + text.size();
   if (text.size() >= 8) return eight_at(end - 8);

@@ -1,5 +1,6 @@
 // What the rows of the grammar do. An action says whether the row takes the token after all, or that decoding
-// ends; what there was to report has been reported then.
+// ends; what there was to report has been reported then. tests/sil/body_test.cpp and
+// tests/sil/body_refusal_test.cpp have the rows of the body.
 #ifndef JT_SIL_ACTIONS_H
 #define JT_SIL_ACTIONS_H
 

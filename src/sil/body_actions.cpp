@@ -1,5 +1,6 @@
 // Actions of the body: services with their invocations, attributes, values and statuses. Those of attributes
-// serve the header's own attributes too.
+// serve the header's own attributes too. tests/sil/body_test.cpp has what is accepted,
+// tests/sil/body_refusal_test.cpp what is refused.
 #include <cstring>
 
 #include "base/error_store.h"
@@ -214,7 +215,7 @@ Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
     return Outcome::kStopped;
   }
   decoder.top->overridden_value = text;
-  mark_owner(*decoder.top);
+  set_owns_heap_blocks(*decoder.top);
   return Outcome::kAccepted;
 }
 

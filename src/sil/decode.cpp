@@ -1,7 +1,6 @@
 // Decoding: the engine that runs the machines of the grammar, and the stages in which it runs them. A failed
 // decode leaves nothing. tests/sil/decode_entry_test.cpp has the order of the stages.
 #include "base/error_store.h"
-#include "base/parser_space.h"
 #include "sil/decoder.h"
 #include "tree/comment.h"
 #include "tree/links.h"

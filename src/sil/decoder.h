@@ -1,7 +1,7 @@
 // The state of one decoding, which the actions of all machines share, and what they ask of it.
 //
 // The open blocks need no stack of their own: `top` is the innermost one, and its parent link leads to the
-// next.
+// next. tests/sil/robustness_test.cpp decodes damaged texts and finds no node left over.
 #ifndef JT_SIL_DECODER_H
 #define JT_SIL_DECODER_H
 

@@ -1,5 +1,6 @@
 // The encoder: writes a template tree as SIL text in its one layout. Names, statuses' texts and overridden
-// values are written as they are; values are escaped.
+// values are written as they are; values are escaped. tests/sil/encoder_test.cpp has the layout,
+// tests/sil/round_trip_test.cpp reads back what was written.
 #include "base/error_store.h"
 #include "base/memory.h"
 #include "base/text.h"

@@ -1,5 +1,5 @@
 // The text of a value as it stands in SIL: strings in quotes, everything else with a backslash before each
-// character that would mean something to the lexer.
+// character that would mean something to the lexer. tests/sil/encoded_value_test.cpp writes every byte.
 #ifndef JT_SIL_ESCAPE_H
 #define JT_SIL_ESCAPE_H
 

@@ -1,4 +1,6 @@
 // Actions of what frames the body: the header, the section's marks and the end marker.
+// tests/sil/header_test.cpp, tests/sil/section_test.cpp and tests/sil/end_marker_test.cpp have each place
+// where one may be wrong.
 #include <array>
 
 #include "base/error_store.h"

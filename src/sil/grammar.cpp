@@ -2,6 +2,8 @@
 // its rows.
 #include "sil/grammar.h"
 
+#include <algorithm>
+
 #include "sil/actions.h"
 #include "sil/decoder.h"
 
@@ -255,10 +257,8 @@ constexpr auto kStates = by_number(kHeaderStates, kSectionOpeningStates, kSectio
 static_assert(kStates.size() == kStateCount);
 
 constexpr bool all_are_there() {
-  for (const StateFacts &facts : kStates) {
-    if (facts.expectation == nullptr) return false;
-  }
-  return true;
+  return std::all_of(kStates.begin(), kStates.end(),
+                     [](const StateFacts &facts) { return facts.expectation != nullptr; });
 }
 static_assert(all_are_there(), "every state has its facts, once");
 

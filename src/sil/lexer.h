@@ -1,6 +1,7 @@
 // The lexer cuts SIL text into tokens, one for each call, and can hand the last one out again. It allocates
 // and, as a rule, copies nothing: the text of a token is a piece of the SIL text. Only what is not there as
 // it is meant (escapes, comments) is put together in the cursor's buffer, and stays until the next call.
+// tests/sil/lexer_test.cpp has every kind of token.
 #ifndef JT_SIL_LEXER_H
 #define JT_SIL_LEXER_H
 

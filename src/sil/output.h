@@ -1,6 +1,7 @@
 // The encoder's output: a growing text with the layout rules of columns. The column is counted from the last
 // line feed on. There is one counter for each thread, and it goes on from one encoding to the next, because
-// the layout of a text depends on where the last one ended.
+// the layout of a text depends on where the last one ended. tests/sil/column_counter_test.cpp has the
+// counter, tests/sil/encoder_test.cpp the columns.
 #ifndef JT_SIL_OUTPUT_H
 #define JT_SIL_OUTPUT_H
 

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 #include <cstdlib>
 
-#include "base/parser_space.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "tree/session.h"
 #include "tree/sibling_order.h"
 #include "types/type_tables.h"
 
@@ -21,9 +22,15 @@ struct Slot {
 
 }  // namespace
 
-// A hash table with open addressing and linear probing, half full at most. Every child has an entry; a slot
-// leads to the first child of each key, which is the top of the heap of its equals. Slots are kept dense by
-// closing the gap when one goes, so there are no tombstones.
+// A hash table with open addressing and linear probing, half full at most:
+//
+//     slots                  hash and entry of the first child of each key, at (hash & mask) or behind it
+//       `-- children[entry]  the child; a child knows its entry, so that it is found again in one step
+//       `-- places[entry]    the child's place in the list and in the heap of its equals (sibling_order.h)
+//
+// Every child has an entry. A key has one slot, however many children have it: the slot leads to the first of
+// them in the list, the top of their heap. Places are made when two children of one key meet, which names
+// hardly ever do. Where a slot goes, the gap behind it is closed, so there are no tombstones.
 //
 // No walk through the slots is longer than kMaxRun while the hash is the plain one: a run that is longer was
 // made on purpose, or by a rare chance, and the table changes to the session's secret hash, with which nobody
@@ -43,7 +50,7 @@ struct ChildIndex {
 
 namespace {
 
-constexpr int kShortList = 12;
+constexpr int kMaxUnindexed = 12;
 constexpr std::uint32_t kMaxRun = 128;
 
 // With this many children or more a table would need more slots than can be counted.
@@ -177,7 +184,7 @@ std::uint32_t close_gap(ChildIndex &index, std::uint32_t gap) {
 }
 
 // Gives a child an entry, and a place before `after` where children have places.
-void take_entry(ChildIndex &index, jt_node &child, const jt_node *after) {
+void allocate_entry(ChildIndex &index, jt_node &child, const jt_node *after) {
   EntryNumber number = index.released;
   if (number != kNoEntry) {
     index.released = index.children[number].next_released;
@@ -242,7 +249,7 @@ void use_secret_hash(jt_node &parent) {
   }
 }
 
-// Room for one more entry; false when the parent has no index any more.
+// Makes sure of one more entry; false when the parent has no index any more.
 bool reserve_entry(jt_node &parent) {
   const ChildIndex &index = *parent.index;
   if (index.released != kNoEntry || index.entries < max_entries(index.mask)) return true;
@@ -279,11 +286,11 @@ void build_index(jt_node &parent) {
   }
   parent.index = open_index(std::bit_ceil(children * 2));
   if (parent.index == nullptr) return;
-  mark_owner(parent);
+  set_owns_heap_blocks(parent);
   for (jt_node *child = parent.first_child; child != nullptr && parent.index != nullptr;
        child = child->next_sibling) {
     hash_child(parent.index->secret, *child, hash);
-    take_entry(*parent.index, *child, nullptr);
+    allocate_entry(*parent.index, *child, nullptr);
     if (has_key(*child)) enter(parent, *child, hash, *child);
   }
 }
@@ -304,7 +311,7 @@ jt_node *find_in_list(jt_node &parent, Matches matches) {
   jt_node *child = parent.first_child;
   int passed = 0;
   for (; child != nullptr && !matches(*child); child = child->next_sibling) ++passed;
-  if (passed > kShortList) build_index(parent);
+  if (passed > kMaxUnindexed) build_index(parent);
   return child;
 }
 
@@ -351,18 +358,20 @@ void index_child(jt_node &parent, jt_node &child) {
   ChildIndex &index = *parent.index;
   std::uint32_t hash = 0;
   if (!hash_child(index.secret, child, hash)) return drop_index(parent);
-  take_entry(index, child, child.next_sibling);
+  allocate_entry(index, child, child.next_sibling);
   if (has_key(child)) enter(parent, child, hash, *parent.last_child);
 }
 
 void unindex_child(jt_node &parent, jt_node &child) {
   if (parent.index == nullptr) return;
   ChildIndex &index = *parent.index;
+  assert(child.entry != kNoEntry && index.children[child.entry].child == &child);
   bool too_long = false;
   if (has_key(child)) {
     std::uint32_t hash = 0;
     hash_key(index.secret, key_of(child), hash);
     Slot &slot = *probe_for(index, key_of(child), hash).slot;
+    assert(slot.entry != kNoEntry);
     slot.entry = index.places != nullptr ? leave_heap(index.places, slot.entry, child.entry) : kNoEntry;
     if (slot.entry == kNoEntry) {
       too_long = close_gap(index, static_cast<std::uint32_t>(&slot - index.slots)) > kMaxRun;
@@ -386,3 +395,8 @@ void release_index(jt_node &parent) {
 }
 
 }  // namespace jt_core
+
+extern "C" jt_node *get_child(jt_parser_space *space, jt_node *parent, const char *name) {
+  const bool searchable = space != nullptr && parent != nullptr && parent->node_class != JT_NODE_VALUE;
+  return searchable && name != nullptr ? jt_core::find_child(*parent, name) : nullptr;
+}

@@ -1,11 +1,16 @@
-// The children of a node by their key: blocks and attributes by name, values by equality under their type. A
-// list is searched one by one until a search has passed more than a dozen children; then it gets a hash
-// table, which is kept through every edit and goes with the node. Both find the same child: the first with
-// that key in the order of the list. A table that cannot be had only costs time.
+// The children of a node by their key: blocks and attributes by name, values by equality under their type.
+//
+// Most lists are short, and a search one by one through a dozen children is as fast as a table and needs no
+// memory. So a list has no index at first. A search that has passed more than 12 children builds one: a list
+// that is only written and read in order never pays for it, however long it is. The index is kept through
+// every edit and goes with the node. With it or without, the same child is found: the first with that key in
+// the order of the list. An index that cannot be had, for want of memory or because a value has no hash, only
+// costs time.
 //
 // The cost of a search or an edit does not grow with the number of children, however their keys were chosen
 // (child_index.cpp says how), but for a logarithm where many of them are equal.
-// tests/tree/child_lookup_test.cpp and equal_values_test.cpp compare every answer with a plain list.
+// tests/tree/child_lookup_test.cpp and tests/tree/equal_values_test.cpp compare every answer with a plain
+// list, tests/tree/crafted_keys_test.cpp has keys that were chosen to collide.
 #ifndef JT_TREE_CHILD_INDEX_H
 #define JT_TREE_CHILD_INDEX_H
 

@@ -1,5 +1,6 @@
-// Comments of nodes. A comment grows line by line and may have any length, so its block keeps its own length
-// and room in front of the text: appending costs time linear in what is appended.
+// Comments of nodes. A comment grows line by line and may have any length, so its block keeps its length and
+// its capacity in front of the text: appending costs time linear in what is appended.
+// tests/tree/comment_test.cpp
 #ifndef JT_TREE_COMMENT_H
 #define JT_TREE_COMMENT_H
 

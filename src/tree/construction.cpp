@@ -3,9 +3,10 @@
 #include <cstring>
 
 #include "base/memory.h"
-#include "base/parser_space.h"
+#include "tree/bookmarks.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "tree/session.h"
 #include "types/type_tables.h"
 
 namespace jt_core {
@@ -23,8 +24,8 @@ jt_node *registered(jt_parser_space &space, jt_node *node) {
   return nullptr;
 }
 
-// Stores a copy of the text in the field; false after a report with the text.
-bool keep_text(jt_parser_space &space, InlineStorage &storage, char *&field, std::string_view text) {
+// Gives the field a copy of the text; false after a report with the text.
+bool set_text(jt_parser_space &space, InlineStorage &storage, char *&field, std::string_view text) {
   field = storage.place(text);
   if (field == nullptr) report(&space, message::kNoNodeText, text);
   return field != nullptr;
@@ -53,7 +54,7 @@ jt_node *make_node_of_block(jt_parser_space &space, const jt_type *type, jt_valu
     if (type->kill != nullptr) type->kill(&space, value);
     return nullptr;
   }
-  mark_owner(*node);
+  set_owns_heap_blocks(*node);
   return finish_value_node(space, *node, type, value);
 }
 
@@ -100,7 +101,7 @@ ValueResult make_known_value_node(jt_parser_space &space, const jt_type *type, c
 // it gives one: it is given a copy, and its value is a block of its own.
 jt_node *make_foreign_value_node(jt_parser_space &space, const jt_type *type, const char *text) {
   if (type->eval == nullptr) return nullptr;
-  space.must_visit = true;
+  space.bulk_release_unsafe = true;
   char *const copy = copy_text(&space, text);
   if (copy == nullptr) {
     report(&space, message::kNoValueNode, text);
@@ -116,7 +117,7 @@ jt_node *copy_into_node(jt_parser_space &space, const jt_type *type, const jt_va
                         std::string_view detail) {
   NodeSink sink;
   const ValueFamily *const family = family_of(type);
-  if (family == nullptr) space.must_visit = true;
+  if (family == nullptr) space.bulk_release_unsafe = true;
   jt_value *const copy =
       family != nullptr ? family->operations->copy(&space, value, sink) : type->copy(&space, value);
   if (copy != nullptr) return make_node_of_sink(space, sink, type, copy, detail);
@@ -139,8 +140,8 @@ jt_node *make_typed_node(jt_parser_space &space, const jt_type *type, const char
   init_typed_node(*node, type, node_class, name);
   InlineStorage storage(space, *node);
   const bool complete =
-      (name.empty() || keep_text(space, storage, node->name, name)) &&
-      (!keeps_type_name || keep_text(space, storage, node->unresolved_type_name, unresolved));
+      (name.empty() || set_text(space, storage, node->name, name)) &&
+      (!keeps_type_name || set_text(space, storage, node->unresolved_type_name, unresolved));
   if (complete) return registered(space, node);
   release_node(space, node);
   return nullptr;
@@ -154,7 +155,7 @@ jt_node *make_header_attribute(jt_parser_space &space, std::string_view name, st
   }
   init_typed_node(*node, find_base_type("string"), JT_NODE_ATTRIBUTE, name);
   InlineStorage storage(space, *node);
-  if (keep_text(space, storage, node->name, name)) {
+  if (set_text(space, storage, node->name, name)) {
     node->value = reinterpret_cast<jt_value *>(storage.place(text));
     if (node->value != nullptr) return registered(space, node);
   }

@@ -1,5 +1,6 @@
 // Making nodes. A node is made whole or not at all, and stands in the node table from then on; linking it
-// into a tree is a separate step.
+// into a tree is a separate step. tests/tree/construction_test.cpp and tests/tree/value_node_test.cpp;
+// tests/faults/internal_test.cpp lets every allocation fail.
 #ifndef JT_TREE_CONSTRUCTION_H
 #define JT_TREE_CONSTRUCTION_H
 

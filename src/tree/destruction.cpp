@@ -1,12 +1,14 @@
 #include "tree/destruction.h"
 
+#include <cassert>
 #include <utility>
 
-#include "base/parser_space.h"
+#include "tree/bookmarks.h"
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "tree/session.h"
 
 namespace jt_core {
 namespace {
@@ -30,21 +32,21 @@ void unregister_and_release(jt_node *node) {
   release_node(space, node);
 }
 
-// What becomes of nodes of another session.
-enum class Strangers { kReleased, kSpared };
+// What becomes of foreign nodes: those of another session.
+enum class ForeignNodes { kReleased, kSpared };
 
 // The node or the first sibling behind it that is to be released.
-template <Strangers Which>
+template <ForeignNodes Which>
 jt_node *next_to_release(const jt_parser_space &space, jt_node *node) {
-  if constexpr (Which == Strangers::kSpared) {
+  if constexpr (Which == ForeignNodes::kSpared) {
     while (node != nullptr && !is_live(space, *node)) node = node->next_sibling;
   }
   return node;
 }
 
-// From leaf to leaf, which is nearly the order in which the nodes lie in memory: a node whose last child has
-// gone is the next leaf.
-template <Strangers Which>
+// Post-order without a stack: goes down by the first child; after a release goes on with the next sibling or,
+// where there is none, with the parent. That is nearly the order in which the nodes lie in memory.
+template <ForeignNodes Which>
 void release_below(jt_parser_space &space, jt_node &top) {
   jt_node *node = next_to_release<Which>(space, std::exchange(top.first_child, nullptr));
   while (node != nullptr) {
@@ -56,12 +58,13 @@ void release_below(jt_parser_space &space, jt_node &top) {
     while (next == nullptr && node != &top) {
       next = next_to_release<Which>(space, node->next_sibling);
       jt_node *const parent = node->parent;
-      if constexpr (Which == Strangers::kSpared) {
-        vacate_slot(space, node->bookmark);
+      if constexpr (Which == ForeignNodes::kSpared) {
+        vacate_slot(space.table, space.free_slots, node->bookmark);
         release_node(space, node);
       } else {
         unregister_and_release(node);
       }
+      assert(space.linked_nodes > 0 || space.bulk_release_unsafe);
       --space.linked_nodes;
       node = parent;
     }
@@ -72,19 +75,25 @@ void release_below(jt_parser_space &space, jt_node &top) {
 void destroy(jt_parser_space &space, jt_node &node) {
   if (is_header_attribute(node)) destroy(space, *node.first_child);
   unlink(space, node);
-  release_below<Strangers::kReleased>(space, node);
+  release_below<ForeignNodes::kReleased>(space, node);
   unregister_and_release(&node);
 }
 
-// The nodes at the top of a structure (root, section, header and its attributes), in the order in which they
-// were reached, linked through their cursors.
-class ReachedNodes {
+// The tops of a template: the nodes that hang below no other. destroy_all_nodes() may start from any node. It
+// climbs to a top, follows the links between tops from there, and then takes what hangs below each of them:
+//
+//     header attribute - header attribute - header attribute
+//           `-- header -- root -- section
+//                         `-- services   `-- services
+//
+// The tops are linked through their cursors, in the order in which they were reached.
+class TemplateTops {
  public:
-  explicit ReachedNodes(jt_parser_space &space) : space_(space) {}
+  explicit TemplateTops(jt_parser_space &space) : space_(space) {}
 
   void reach(jt_node *node) {
     if (node == nullptr || !is_live(space_, *node)) return;
-    vacate_slot(space_, node->bookmark);
+    vacate_slot(space_.table, space_.free_slots, node->bookmark);
     node->cursor = nullptr;
     (last_ != nullptr ? last_->cursor : first_) = node;
     last_ = node;
@@ -109,20 +118,22 @@ class ReachedNodes {
  private:
   // Whether the session has no nodes but these and what hangs below them. The reached ones have no slot any
   // more: what is left must all hang below something.
-  bool are_all() const { return live_nodes(space_) == space_.linked_nodes && !space_.must_visit; }
+  bool are_all() const {
+    return live_slots(space_.table, space_.free_slots) == space_.linked_nodes && !space_.bulk_release_unsafe;
+  }
 
   // Enough to be worth a walk through the table, which is as long as it ever was.
   bool are_many() const { return space_.linked_nodes >= space_.table.count / 64; }
 
   void release_all() {
     release_all_nodes(space_);
-    vacate_all_slots(space_);
+    vacate_all_slots(space_.table, space_.free_slots);
     space_.linked_nodes = 0;
   }
 
   void release_each() {
     for (jt_node *node = first_; node != nullptr; node = node->cursor) {
-      if (!is_header_attribute(*node)) release_below<Strangers::kSpared>(space_, *node);
+      if (!is_header_attribute(*node)) release_below<ForeignNodes::kSpared>(space_, *node);
     }
     for (jt_node *node = first_; node != nullptr;) {
       jt_node *const next = node->cursor;
@@ -168,7 +179,7 @@ int32_t destroy_children(jt_parser_space *space, jt_node *node) {
     return 1;
   }
   jt_core::release_index(*node);
-  jt_core::release_below<jt_core::Strangers::kReleased>(*space, *node);
+  jt_core::release_below<jt_core::ForeignNodes::kReleased>(*space, *node);
   node->last_child = nullptr;
   if (node->cursor != jt_core::not_started()) node->cursor = nullptr;
   return 1;
@@ -182,7 +193,7 @@ int32_t delete_index_child(jt_parser_space *space, jt_node *parent) {
 
 int32_t destroy_all_nodes(jt_parser_space *space, jt_node *node) {
   if (space == nullptr || node == nullptr || !jt_core::is_registered(*space, *node)) return 0;
-  jt_core::ReachedNodes nodes(*space);
+  jt_core::TemplateTops nodes(*space);
   nodes.reach(jt_core::top_of(*space, node));
   nodes.reach_neighbours();
   nodes.release();

@@ -1,5 +1,6 @@
 // Walking the children of a node with the cursor that the node keeps. A read returns a copy that the caller
 // owns; whether it moves the cursor on depends on how far it came.
+// tests/tree/iteration_test.cpp
 #include "base/error_store.h"
 #include "base/memory.h"
 #include "tree/links.h"

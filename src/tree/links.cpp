@@ -1,9 +1,11 @@
 #include "tree/links.h"
 
-#include "base/parser_space.h"
+#include <cassert>
+
 #include "tree/child_index.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "tree/session.h"
 
 namespace jt_core {
 namespace {
@@ -24,6 +26,7 @@ void leave_siblings(jt_node &node) {
 }
 
 void leave_parent(jt_parser_space &space, jt_node &node) {
+  assert(space.linked_nodes > 0 || space.bulk_release_unsafe);
   --space.linked_nodes;
   jt_node &parent = *node.parent;
   if (parent.index != nullptr) unindex_child(parent, node);
@@ -120,7 +123,7 @@ void rename(jt_node &node, char *name) {
   unindex_child(*node.parent, node);
   release_text(node, node.name);
   node.name = name;
-  mark_owner(node);
+  set_owns_heap_blocks(node);
   node.key_hash = name_hash(view_of(name));
   index_child(*node.parent, node);
 }

@@ -4,6 +4,7 @@
 // The root's previous sibling is its header and its next sibling its section; both point back to the root
 // through their previous-sibling link. The header's parent link holds the first of its three attributes,
 // which are chained as siblings and point back to the header through their first-child link.
+// tests/tree/header_ring_test.cpp takes the ring apart in every order, tests/tree/linking_test.cpp the lists.
 #ifndef JT_TREE_LINKS_H
 #define JT_TREE_LINKS_H
 

@@ -1,14 +1,14 @@
 // The node record: one element of a template tree. A node owns every text it points to, its value and its
-// status; what lies inside the node's own piece of storage goes with it, everything else is a block of the
-// heap. There are two or three nodes to an attribute, so the record is kept small: what a device can spare
-// for templates is mostly this.
+// status; what lies inside the node's own cell goes with it, everything else is a block of the heap. There
+// are two or three nodes to an attribute, so the record is kept small: what a device can spare for templates
+// is mostly this. tests/tree/construction_test.cpp has the fields of a new node.
 #ifndef JT_TREE_NODE_H
 #define JT_TREE_NODE_H
 
 #include <cstdint>
 
+#include "base/arena.h"
 #include "base/markers.h"
-#include "base/piece_pool.h"
 #include "base/text.h"
 #include "jt.h"
 
@@ -17,10 +17,10 @@ struct ChildIndex;
 }
 
 struct jt_node {
-  jt_core::PieceHead piece;  // the node's storage
+  jt_core::CellHead cell;  // the node's storage
   std::int16_t node_class;
   bool non_compulsory;
-  bool may_own_blocks;  // beside its piece; set by mark_owner()
+  bool owns_heap_blocks;  // beside its cell, or has owned some
   std::int32_t bookmark;
   union {
     std::uint32_t key_hash;  // of the name

@@ -1,5 +1,6 @@
 // The status that a node holds. One with a name of the list is shared by all nodes; only another number and
 // the text of an unknown status need a block.
+// tests/tree/node_status_test.cpp
 #include <cstring>
 
 #include "base/error_store.h"

@@ -3,21 +3,21 @@
 #include <cstring>
 
 #include "base/memory.h"
-#include "base/parser_space.h"
 #include "tree/child_index.h"
 #include "tree/comment.h"
 #include "tree/node.h"
+#include "tree/session.h"
 #include "types/status.h"
 
 namespace jt_core {
 namespace {
 
-static_assert(alignof(jt_node) == kPieceUnit);
+static_assert(alignof(jt_node) == kCellUnit);
 
-constexpr std::size_t kMaxInline = kMaxPiece - sizeof(jt_node);
+constexpr std::size_t kMaxInline = kMaxCell - sizeof(jt_node);
 
 bool is_block_of_its_own(const jt_node &node, const void *address) {
-  return address != nullptr && !in_piece(&node, address);
+  return address != nullptr && !in_cell(&node, address);
 }
 
 bool owns_status(const jt_node &node) { return node.status != nullptr && !is_shared_status(node.status); }
@@ -31,12 +31,15 @@ void release_status(jt_parser_space &space, jt_node &node) {
 
 jt_node *allocate_node(jt_parser_space &space, std::size_t bytes) {
   const std::size_t inline_bytes = bytes <= kMaxInline ? bytes : 0;
-  auto *const node = static_cast<jt_node *>(take_piece(space, sizeof(jt_node) + inline_bytes));
-  if (node == nullptr) return nullptr;
+  auto *const node = static_cast<jt_node *>(allocate_cell(space.arena, sizeof(jt_node) + inline_bytes));
+  if (node == nullptr) {
+    report(&space, message::kAllocation);
+    return nullptr;
+  }
   static constexpr jt_node kEmpty = {};
-  const PieceHead head = node->piece;
+  const CellHead head = node->cell;
   std::memcpy(node, &kEmpty, sizeof(kEmpty));
-  node->piece = head;
+  node->cell = head;
   return node;
 }
 
@@ -44,8 +47,8 @@ InlineStorage::InlineStorage(jt_parser_space &space, jt_node &node)
     : space_(space), node_(node), used_(sizeof(jt_node)) {}
 
 char *InlineStorage::place(std::string_view text) {
-  if (node_.piece.units() * kPieceUnit < used_ + text.size() + 1) {
-    mark_owner(node_);
+  if (node_.cell.units() * kCellUnit < used_ + text.size() + 1) {
+    set_owns_heap_blocks(node_);
     return copy_text(&space_, text);
   }
   char *const place = reinterpret_cast<char *>(&node_) + used_;
@@ -68,12 +71,12 @@ void *allocate_behind_node(ValueSink &sink, jt_parser_space *space, std::size_t 
 
 NodeSink::NodeSink() : ValueSink{allocate_behind_node} {}
 
-void mark_owner(jt_node &node) {
-  node.may_own_blocks = true;
-  mark_piece(&node);
+void set_owns_heap_blocks(jt_node &node) {
+  node.owns_heap_blocks = true;
+  flag_page_of(&node);
 }
 
-jt_parser_space &session_of(const jt_node &node) { return session_of_piece(&node); }
+jt_parser_space &session_of(const jt_node &node) { return session_of_cell(&node); }
 
 void release_text(jt_node &node, char *&text) {
   if (is_block_of_its_own(node, text)) er_free(text);
@@ -89,7 +92,7 @@ void release_value(jt_parser_space &space, jt_node &node) {
 void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status) {
   release_status(space, node);
   node.status = status;
-  if (owns_status(node)) mark_owner(node);
+  if (owns_status(node)) set_owns_heap_blocks(node);
 }
 
 namespace {
@@ -106,16 +109,16 @@ namespace {
 
 }  // namespace
 
-// Most nodes own nothing but their piece.
+// Most nodes own nothing but their cell.
 void release_node(jt_parser_space &space, jt_node *node) {
-  if (node->may_own_blocks) release_blocks(space, *node);
-  release_piece(space, node);
+  if (node->owns_heap_blocks) release_blocks(space, *node);
+  release_cell(space.arena, node);
 }
 
 void release_all_nodes(jt_parser_space &space) {
-  release_all_pieces(space, [](jt_parser_space &owner, void *piece) {
-    auto *const node = static_cast<jt_node *>(piece);
-    if (node->may_own_blocks) release_blocks(owner, *node);
+  release_all_cells(space.arena, [](Arena & /*arena*/, void *cell) {
+    auto *const node = static_cast<jt_node *>(cell);
+    if (node->owns_heap_blocks) release_blocks(session_of(*node), *node);
   });
 }
 

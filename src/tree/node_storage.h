@@ -1,6 +1,8 @@
-// Storage of nodes. A node, its name and its value are one piece: they are born together and mostly die
-// together. What comes later (a comment, a new name, the text of an unknown status) or is too long for a
-// piece is a block of the heap. This file is the only one that knows which is which.
+// Storage of nodes. A node, its name and its value are one cell of the arena: they are made together and
+// mostly go together. What comes later (a comment, a new name, the text of an unknown status) or is too long
+// for a cell is a block of the heap. This file is the only one that knows which is which.
+// tests/tree/construction_test.cpp makes nodes on both sides of that limit, tests/tree/client_type_test.cpp
+// counts what a client's type releases.
 #ifndef JT_TREE_NODE_STORAGE_H
 #define JT_TREE_NODE_STORAGE_H
 
@@ -39,9 +41,9 @@ struct NodeSink : ValueSink {
   jt_node *node = nullptr;
 };
 
-// Must be called for a node that comes to own a block (a comment, a text, a value, a status, an index): no
-// other node is asked for its blocks when it is released.
-void mark_owner(jt_node &node);
+// Must be called for a node that comes to own a block (a comment, a text, a value, a status, an index): only
+// nodes with this flag are asked for their blocks when they are released.
+void set_owns_heap_blocks(jt_node &node);
 
 // The session that the node was made in.
 jt_parser_space &session_of(const jt_node &node);
@@ -49,7 +51,7 @@ jt_parser_space &session_of(const jt_node &node);
 // Releases a text of the node and clears the field.
 void release_text(jt_node &node, char *&text);
 
-// Releases the node's value with its type, unless it goes with the node's piece.
+// Releases the node's value with its type, unless it goes with the node's cell.
 void release_value(jt_parser_space &space, jt_node &node);
 
 // Gives the node a status, which it owns from now on unless it is a shared one. An old one is released.

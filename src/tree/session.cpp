@@ -1,12 +1,26 @@
-// Opening and closing a session. The parser space itself belongs to base; a session is closed here,
-// because closing it destroys the nodes that are still alive.
+// Opening and closing a session, and the way from its parts to the whole.
+#include "tree/session.h"
+
+#include <cstddef>
+#include <type_traits>
+
 #include "base/memory.h"
-#include "base/parser_space.h"
 #include "tree/destruction.h"
 
-extern "C" {
+namespace jt_core {
 
-char *g_szCurrentLocale = nullptr;
+ErrorStore &errors_of(jt_parser_space &space) { return space.errors; }
+
+// Arenas are only ever parts of sessions.
+jt_parser_space &session_of_cell(const void *cell) {
+  static_assert(std::is_standard_layout_v<jt_parser_space>);
+  auto *const arena = reinterpret_cast<std::byte *>(&arena_of(cell));
+  return *reinterpret_cast<jt_parser_space *>(arena - offsetof(jt_parser_space, arena));
+}
+
+}  // namespace jt_core
+
+extern "C" {
 
 jt_parser_space *create_parser_space(const char *label) {
   if (label == nullptr) return nullptr;
@@ -14,7 +28,7 @@ jt_parser_space *create_parser_space(const char *label) {
       static_cast<jt_parser_space *>(jt_core::allocate_block(nullptr, sizeof(jt_parser_space)));
   if (space == nullptr) return nullptr;
   space->label = jt_core::copy_text(nullptr, label);
-  if (space->label != nullptr && jt_core::open_node_table(*space)) return space;
+  if (space->label != nullptr && jt_core::open_node_table(space->table, space->free_slots)) return space;
   er_free(space->label);
   er_free(space);
   return nullptr;
@@ -23,8 +37,8 @@ jt_parser_space *create_parser_space(const char *label) {
 int32_t delete_parser_space(jt_parser_space *space) {
   if (space == nullptr) return 1;
   jt_core::destroy_registered_nodes(*space);
-  jt_core::close_piece_pool(*space);
-  jt_core::close_node_table(*space);
+  jt_core::close_arena(space->arena);
+  jt_core::close_node_table(space->table, space->free_slots);
   er_free(space->label);
   return er_free(space);
 }

@@ -8,11 +8,11 @@ namespace jt_core {
 namespace {
 
 // What a failed look-up means for the class of node.
-enum class Missing { kRefused, kUnknownService, kUnknownAttribute };
+enum class OnMiss { kRefused, kUnknownService, kUnknownAttribute };
 
-struct Answer {
+struct Lookup {
   const jt_type *type;
-  Missing otherwise;
+  OnMiss on_miss;
 };
 
 // The types of an invocation are those of its service's name or, where the service has a name of its own,
@@ -33,37 +33,36 @@ const jt_type *find_service_type(std::string_view type_name) {
 }
 
 // The types of an invocation were settled when its own type was looked up.
-Answer find_attribute_type(const jt_node &enclosing, std::string_view type_name) {
+Lookup find_attribute_type(const jt_node &enclosing, std::string_view type_name) {
   if (enclosing.node_class == JT_NODE_INVOCATION) {
-    return {find_type_in_scope(find_table_of_row(enclosing.type), type_name).type,
-            Missing::kUnknownAttribute};
+    return {find_type_in_scope(find_table_of_row(enclosing.type), type_name).type, OnMiss::kUnknownAttribute};
   }
-  if (enclosing.name == nullptr || !same_name(enclosing.name, "header")) return {nullptr, Missing::kRefused};
-  return {find_base_type(type_name), Missing::kUnknownAttribute};
+  if (enclosing.name == nullptr || !same_name(enclosing.name, "header")) return {nullptr, OnMiss::kRefused};
+  return {find_base_type(type_name), OnMiss::kUnknownAttribute};
 }
 
-Answer find_type(std::string_view type_name, std::int32_t node_class, const jt_node *enclosing) {
+Lookup find_type(std::string_view type_name, std::int32_t node_class, const jt_node *enclosing) {
   const auto inside = [&](std::int32_t wanted) {
     return enclosing != nullptr && enclosing->node_class == wanted;
   };
-  constexpr Answer kNothing = {nullptr, Missing::kRefused};
+  constexpr Lookup kNothing = {nullptr, OnMiss::kRefused};
   switch (node_class) {
     case JT_NODE_TEMPLATE:
     case JT_NODE_HEADER:
     case JT_NODE_HEADER_QUESTION:
     case JT_NODE_HEADER_PLAIN:
     case JT_NODE_HEADER_EXCLAIM:
-      return enclosing == nullptr ? Answer{find_base_type(type_name), Missing::kRefused} : kNothing;
+      return enclosing == nullptr ? Lookup{find_base_type(type_name), OnMiss::kRefused} : kNothing;
     case JT_NODE_SERVICE:
-      return inside(JT_NODE_TEMPLATE) ? Answer{find_service_type(type_name), Missing::kRefused} : kNothing;
+      return inside(JT_NODE_TEMPLATE) ? Lookup{find_service_type(type_name), OnMiss::kRefused} : kNothing;
     case JT_NODE_INVOCATION:
       return inside(JT_NODE_SERVICE)
-                 ? Answer{find_invocation_type(*enclosing, type_name), Missing::kUnknownService}
+                 ? Lookup{find_invocation_type(*enclosing, type_name), OnMiss::kUnknownService}
                  : kNothing;
     case JT_NODE_ATTRIBUTE:
       return enclosing != nullptr ? find_attribute_type(*enclosing, type_name) : kNothing;
     case JT_NODE_VALUE:
-      return inside(JT_NODE_ATTRIBUTE) ? Answer{enclosing->type, Missing::kRefused} : kNothing;
+      return inside(JT_NODE_ATTRIBUTE) ? Lookup{enclosing->type, OnMiss::kRefused} : kNothing;
     default:
       return kNothing;
   }
@@ -82,9 +81,9 @@ void report_unknown_type(jt_parser_space *space, std::int32_t node_class, std::s
 
 const jt_type *look_up_type(jt_parser_space *space, std::string_view type_name, std::int32_t node_class,
                             const jt_node *enclosing) {
-  const Answer answer = find_type(type_name, node_class, enclosing);
-  if (answer.type != nullptr) return answer.type;
-  if (answer.otherwise == Missing::kRefused) {
+  const Lookup lookup = find_type(type_name, node_class, enclosing);
+  if (lookup.type != nullptr) return lookup.type;
+  if (lookup.on_miss == OnMiss::kRefused) {
     report(space, message::kUnknownType, shown(type_name));
     return nullptr;
   }

@@ -1,5 +1,6 @@
 // The type of a node in its context: which table a type name is looked up in follows from the class of the
-// node and from the node that encloses it.
+// node and from the node that encloses it. tests/tree/type_lookup_test.cpp asks for every kind of name in
+// every place.
 #ifndef JT_TREE_TYPE_LOOKUP_H
 #define JT_TREE_TYPE_LOOKUP_H
 

@@ -1,5 +1,6 @@
 // struct_borders. What follows the first side is first tried as the name of a flip, so a second side that is
 // written out always warns about a name that the scan list does not know; clients are used to that.
+// tests/types/borders_test.cpp
 #include <algorithm>
 #include <array>
 #include <utility>

@@ -1,5 +1,6 @@
 // The five operations of an exported descriptor, from what its family does: `eval`, `copy` and `deval` make
 // blocks of the heap, as clients expect, and all of them have an answer to null.
+// tests/types/every_type_test.cpp gives null to each of them.
 #ifndef JT_TYPES_EXPORTED_OPERATIONS_H
 #define JT_TYPES_EXPORTED_OPERATIONS_H
 

@@ -6,6 +6,7 @@
 //   compared   the numbers that the order of two records looks at, or fewer
 //   kOfNulls   what comparing with a null answers
 // and everything else follows from the record's size.
+// tests/types/every_type_test.cpp takes a value of each family through all operations.
 #ifndef JT_TYPES_FLAT_TYPE_H
 #define JT_TYPES_FLAT_TYPE_H
 

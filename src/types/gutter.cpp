@@ -1,4 +1,5 @@
 // struct_gutter, and its five operations under their exported names.
+// tests/types/gutter_test.cpp
 #include <array>
 
 #include "base/error_store.h"

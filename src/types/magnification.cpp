@@ -1,5 +1,6 @@
 // struct_magnification. The mode is a name of the scan list; how many percentages follow it is the mode's
 // own.
+// tests/types/magnification_test.cpp
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -15,8 +16,8 @@ namespace jt_core {
 namespace {
 
 constexpr char kSeparator = '/';
-constexpr std::int32_t kLeast = 25;
-constexpr std::int32_t kMost = 400;
+constexpr std::int32_t kMin = 25;
+constexpr std::int32_t kMax = 400;
 
 struct Mode {
   std::int32_t number;
@@ -50,7 +51,7 @@ bool read_percentages(std::string_view text, Percentages &percentages) {
   return text.empty();
 }
 
-bool is_in_range(std::int32_t percentage) { return percentage >= kLeast && percentage <= kMost; }
+bool is_in_range(std::int32_t percentage) { return percentage >= kMin && percentage <= kMax; }
 
 }  // namespace
 

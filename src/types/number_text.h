@@ -1,5 +1,6 @@
 // Numbers in the texts of values: decimal digits, saturating where 32 bits end, and never dependent on a
-// locale. Each call takes what it has read off the front of the text.
+// locale. Each call takes what it has read off the front of the text. tests/types/integer_test.cpp goes to
+// the ends of 32 bits.
 #ifndef JT_TYPES_NUMBER_TEXT_H
 #define JT_TYPES_NUMBER_TEXT_H
 

@@ -1,5 +1,6 @@
 // struct_rectangle. Unlike the other types with units it refuses what lies outside its limits, and a name
 // that is no unit at all.
+// tests/types/rectangle_test.cpp
 #include <array>
 
 #include "base/error_store.h"

@@ -1,5 +1,6 @@
 // The built-in types of one or few numbers, and the string. What a family has to state is described with
-// FlatType. tests/types/ has a file for each.
+// FlatType. tests/types/integer_test.cpp, tests/types/real_test.cpp and the files beside them have one type
+// each.
 #ifndef JT_TYPES_SCALAR_TYPES_H
 #define JT_TYPES_SCALAR_TYPES_H
 

@@ -1,5 +1,6 @@
-// The text of a value under construction. No flat value needs more room than this: the longest text is that
+// The text of a value under construction. No flat value needs more than this: the longest text is that
 // of borders, eight numbers and two names, and a value's text form has to stay a single block.
+// tests/types/borders_test.cpp writes the longest one.
 #ifndef JT_TYPES_SHORT_TEXT_H
 #define JT_TYPES_SHORT_TEXT_H
 

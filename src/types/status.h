@@ -1,5 +1,6 @@
 // Statuses are values of the base list, held by nodes or handed to clients. Beside the exported operations,
 // which are those of every enumeration, the tree needs to look at a status without making one.
+// tests/types/status_test.cpp
 #ifndef JT_TYPES_STATUS_H
 #define JT_TYPES_STATUS_H
 

@@ -1,5 +1,7 @@
 // The types of several numbers and a name in one text, separated by slashes. What a family has to state is
 // described with FlatType. Numbers are digits without a sign; an empty number is 0.
+// tests/types/borders_test.cpp, tests/types/gutter_test.cpp, tests/types/magnification_test.cpp and
+// tests/types/rectangle_test.cpp
 #ifndef JT_TYPES_STRUCTURED_TYPES_H
 #define JT_TYPES_STRUCTURED_TYPES_H
 

@@ -1,4 +1,5 @@
 // The orders that comparisons answer with, and the report of a text that is no value of its type.
+// tests/types/every_type_test.cpp
 #ifndef JT_TYPES_TYPE_OPERATIONS_H
 #define JT_TYPES_TYPE_OPERATIONS_H
 

@@ -232,7 +232,7 @@ constexpr int32_t MAX_VALIDATION_TYPES = 3;
 namespace jt_core {
 namespace {
 
-// Clients search the tables too, and may halve their way through: rows are in order.
+// Clients may search the exported tables by halves (binary search), so the rows must be sorted.
 consteval bool is_table(std::span<const jt_type> rows, std::int32_t count) {
   const auto out_of_order = [](const jt_type &a, const jt_type &b) {
     return compare_names(a.name, b.name) >= 0;
@@ -388,10 +388,10 @@ bool holds_row(const TypeTable &table, const jt_type *row) {
 }
 
 const ServiceTypes *find_service_of_row(const jt_type *row) {
-  const auto found = std::find_if(kServices.begin(), kServices.end(), [row](const ServiceTypes &service) {
-    return holds_row(service.types, row);
-  });
-  return found != kServices.end() ? &*found : nullptr;
+  const auto *const found =
+      std::find_if(kServices.begin(), kServices.end(),
+                   [row](const ServiceTypes &service) { return holds_row(service.types, row); });
+  return found != kServices.end() ? found : nullptr;
 }
 
 const ValueFamily *family_in(const TypeTable &table, const jt_type *row) {

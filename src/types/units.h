@@ -1,5 +1,6 @@
 // Units of length as structured types use them: a name of the base list that is one of three, each with the
-// type's own limits.
+// type's own limits. tests/types/gutter_test.cpp and tests/types/rectangle_test.cpp go to the limits of each
+// unit.
 #ifndef JT_TYPES_UNITS_H
 #define JT_TYPES_UNITS_H
 

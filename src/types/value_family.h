@@ -20,8 +20,9 @@
 
 namespace jt_core {
 
-// Where the storage of one value comes from: a block of the heap, or space in the node that is made for it.
-// It is asked once for a value, after everything that can refuse the text; null after "allocation error".
+// Where the storage of one value comes from: a block of the heap, or the cell of the node that is made for
+// it. `allocate` gives storage that is not initialised, or null after "allocation error". It is called
+// exactly once for each read or copy, after everything that can refuse the value.
 struct ValueSink {
   void *(*allocate)(ValueSink &sink, jt_parser_space *space, std::size_t bytes);
 };
@@ -122,7 +123,7 @@ jt_value *store_text(jt_parser_space *space, ValueSink &sink, std::string_view t
 // A block with a written text; null after "allocation error".
 char *copy_value_text(jt_parser_space *space, const ValueText &text);
 
-// The pieces of a text as one, terminated, into room for them.
+// Writes the pieces of a text as one, terminated; `out` has space for all of them.
 void join_pieces(const ValueText &text, char *out);
 
 }  // namespace jt_core

@@ -1,6 +1,6 @@
 // A value list as it is used: the names and numbers that all enumerations of one service accept. It is found
 // by name through a hash table and by number through an index, both laid out at compile time
-// (value_packing.h), and never changes.
+// (value_packing.h), and never changes. tests/types/enumeration_test.cpp looks up every name and number.
 #ifndef JT_TYPES_VALUE_LIST_H
 #define JT_TYPES_VALUE_LIST_H
 

@@ -1,5 +1,6 @@
 // The eleven value lists: one for the enumerations of each service that has any, and the base list, whose
 // names serve statuses, units and the algorithms of system identifiers alike.
+// tests/types/enumeration_test.cpp has every name and number.
 #ifndef JT_TYPES_VALUE_LISTS_H
 #define JT_TYPES_VALUE_LISTS_H
 

@@ -1,4 +1,5 @@
 // The value list of documents: media sizes, formats, compressions, resolutions, screens.
+// tests/types/enumeration_test.cpp has every row.
 #include <array>
 
 #include "types/value_lists.h"

@@ -1,5 +1,5 @@
 // The value list of character recognition: the formats of its output and its languages. Their numbers follow
-// from their order.
+// from their order. tests/types/enumeration_test.cpp has every row.
 #include <array>
 
 #include "types/value_lists.h"

@@ -1,4 +1,5 @@
 // The value list of scanning: media sizes, rotations, sources, originals, magnifications, flips.
+// tests/types/enumeration_test.cpp has every row.
 #include <array>
 
 #include "types/value_lists.h"

@@ -6,8 +6,8 @@
 
 #include <string>
 
-#include "base/parser_space.h"
 #include "support/session.h"
+#include "tree/session.h"
 
 namespace {
 

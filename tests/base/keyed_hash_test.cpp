@@ -35,6 +35,11 @@ TEST(KeyedHash, OfANameFoldsLettersAndNothingElse) {
     hashes.insert(jt_core::keyed_name_hash(kKey, name));
   }
   EXPECT_EQ(hashes.size(), 255U - 26U);
+  hashes.clear();
+  for (int byte = 1; byte < 256; ++byte) {
+    hashes.insert(jt_core::keyed_name_hash(kKey, std::string("eight") + static_cast<char>(byte) + "to"));
+  }
+  EXPECT_EQ(hashes.size(), 255U - 26U);
   EXPECT_EQ(jt_core::keyed_name_hash(kKey, "Scan_1"), jt_core::keyed_name_hash(kKey, "sCAN_1"));
   EXPECT_NE(jt_core::keyed_name_hash(kKey, "@"), jt_core::keyed_name_hash(kKey, "`"));
   EXPECT_NE(jt_core::keyed_name_hash(kKey, "_"), jt_core::keyed_name_hash(kKey, "\x7f"));

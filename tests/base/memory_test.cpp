@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "base/parser_space.h"
 #include "support/session.h"
+#include "tree/session.h"
 
 // A sanitizer's allocator ends the program on an impossible request unless it is told to refuse it instead.
 extern "C" const char *__asan_default_options();

@@ -52,6 +52,25 @@ TEST(IncludeDirection, NoFileIncludesAFloorAbove) {
   }
 }
 
+TEST(IncludeDirection, BaseSeesItselfAndThePublicHeaderAlone) {
+  for (const auto &[file, included] : includes_below(JT_SOURCE_DIR "/src/base")) {
+    for (const std::string &other : included) {
+      EXPECT_TRUE(other == "jt.h" || other.starts_with("base/")) << file << " includes " << other;
+    }
+  }
+}
+
+// What a session holds is known from its floor on; below it a session is a pointer that is handed on.
+TEST(IncludeDirection, NothingBelowTheTreeLooksIntoASession) {
+  static const std::regex kLook(R"re(space(->|\.)|struct jt_parser_space)re");
+  for (const char *floor : {"base", "types"}) {
+    const std::string directory = std::string(JT_SOURCE_DIR "/src/") + floor;
+    for (const auto &[file, included] : includes_below(directory)) {
+      EXPECT_FALSE(std::regex_search(read_whole(directory + "/" + file), kLook)) << file;
+    }
+  }
+}
+
 TEST(IncludeDirection, NoTwoFilesIncludeEachOther) {
   const Includes includes = includes_below(JT_SOURCE_DIR "/src");
   for (const auto &[file, included] : includes) {

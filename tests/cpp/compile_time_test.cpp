@@ -69,7 +69,8 @@ TEST(OwnerClasses, AreMadeOnPurpose) {
 TEST(Calls, DoNotThrow) {
   static_assert(noexcept(std::declval<jt::Session>().decode(std::declval<const jt::TextArgument &>())));
   static_assert(noexcept(std::declval<jt::Template>().encode()));
-  static_assert(noexcept(std::declval<jt::Template>().services().begin()));
+  static_assert(noexcept(std::declval<const jt::Template &>().services()));
+  static_assert(noexcept(std::declval<jt::Services &>().begin()));
   static_assert(noexcept(std::declval<jt::Service>().type()));
   static_assert(noexcept(std::declval<jt::Service>().get<bool>(std::declval<const jt::TextArgument &>())));
   static_assert(noexcept(std::declval<jt::Value>().copy()));
@@ -98,6 +99,86 @@ TEST(TypedClasses, StandForNoOtherTypes) {
   static_assert(!jt::Typed<char> && !jt::Typed<std::int64_t> && !jt::Typed<double>);
   static_assert(!jt::Typed<const char *> && !jt::Typed<std::string>);
   static_assert(std::is_trivially_copyable_v<jt::Timestamp> && std::is_trivially_copyable_v<jt::Borders>);
+  SUCCEED();
+}
+
+template <typename T>
+concept CanBeSet = requires(const jt::Service &service, const T &value) {
+  service.set("Copies", value);
+  service.add("Copies", value);
+};
+
+TEST(NumberClasses, AreAllThatAreNeitherTruthsNorCharacters) {
+  static_assert(jt::Number<short> && jt::Number<unsigned> && jt::Number<long> && jt::Number<unsigned long>);
+  static_assert(jt::Number<long long> && jt::Number<unsigned long long> && jt::Number<std::size_t>);
+  static_assert(jt::Number<std::int8_t> && jt::Number<std::uint8_t>);
+  static_assert(jt::Number<float> && jt::Number<double> && jt::Number<long double>);
+  static_assert(!jt::Number<bool> && !jt::Number<char> && !jt::Number<wchar_t> && !jt::Number<char8_t>);
+  static_assert(!jt::Number<char16_t> && !jt::Number<char32_t> && !jt::Number<jt::Unit>);
+  static_assert(!jt::Number<const char *> && !jt::Number<std::byte>);
+  SUCCEED();
+}
+
+TEST(NumberClasses, CanBeSet) {
+  static_assert(CanBeSet<bool> && CanBeSet<double> && CanBeSet<unsigned long> && CanBeSet<long long>);
+  static_assert(!CanBeSet<char> && !CanBeSet<wchar_t> && !CanBeSet<char32_t> && !CanBeSet<jt::Unit>);
+  SUCCEED();
+}
+
+// ---- What a temporary does not give, because it would be gone before it is used ----
+
+template <typename T>
+concept HasArrow = requires {
+  std::declval<T>().operator->();
+};
+template <typename T>
+concept HasBegin = requires {
+  std::declval<T>().begin();
+};
+template <typename T>
+concept HasServices = requires {
+  std::declval<T>().services();
+};
+template <typename T>
+concept HasService = requires {
+  std::declval<T>().service("Scanner");
+};
+template <typename T>
+concept AddsServices = requires {
+  std::declval<T>().add_service("kmt_svc_scan", "Scanner");
+};
+
+TEST(TemporaryResults, HaveNoArrow) {
+  static_assert(HasArrow<jt::Result<jt::Text> &> && HasArrow<const jt::Result<jt::Text> &>);
+  static_assert(!HasArrow<jt::Result<jt::Text>> && !HasArrow<const jt::Result<jt::Text>>);
+  static_assert(!HasArrow<jt::Result<jt::Template>> && !HasArrow<jt::Result<jt::Service>>);
+  SUCCEED();
+}
+
+TEST(TemporaryResults, GiveTheirValueAndTheirErrorAway) {
+  using Texts = jt::Result<jt::Text>;
+  static_assert(std::is_same_v<decltype(*std::declval<Texts>()), jt::Text>);
+  static_assert(std::is_same_v<decltype(std::declval<Texts>().value()), jt::Text>);
+  static_assert(std::is_same_v<decltype(std::declval<Texts>().error()), jt::Error>);
+  static_assert(std::is_same_v<decltype(std::declval<jt::Result<>>().error()), jt::Error>);
+  static_assert(std::is_same_v<decltype(std::declval<jt::Error>().messages()), jt::Messages>);
+  static_assert(std::is_same_v<decltype(*std::declval<Texts &>()), jt::Text &>);
+  SUCCEED();
+}
+
+TEST(TemporaryWalks, HaveNoBegin) {
+  static_assert(HasBegin<jt::Services &> && HasBegin<const jt::Messages &>);
+  static_assert(!HasBegin<jt::Services> && !HasBegin<jt::Invocations> && !HasBegin<jt::Attributes>);
+  static_assert(!HasBegin<jt::Texts> && !HasBegin<jt::Values>);
+  static_assert(!HasBegin<jt::Messages> && !HasBegin<const jt::Messages>);
+  SUCCEED();
+}
+
+TEST(TemporaryTemplates, AreNotWalked) {
+  static_assert(HasServices<const jt::Template &> && HasService<jt::Template &>);
+  static_assert(AddsServices<const jt::Template &>);
+  static_assert(!HasServices<jt::Template> && !HasServices<const jt::Template>);
+  static_assert(!HasService<jt::Template> && !AddsServices<jt::Template>);
   SUCCEED();
 }
 

@@ -228,7 +228,7 @@ TEST(Order, OfValuesAndTheirSessionIsFree) {
     const jt::Session session("label");
     value = session.parse("integer", "7").value();
     status = session.status("KMT_STATUS_IGNORED").value();
-    text = session.create()->encode().value();
+    text = session.create().value().encode().value();
   }
   EXPECT_EQ(*value.as<std::int32_t>(), 7);
   EXPECT_EQ(*value.text(), "7");

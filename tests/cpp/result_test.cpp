@@ -142,6 +142,12 @@ TEST(Result, CopiesAndMovesWithItsValue) {
   EXPECT_EQ(*copy, "value");
 }
 
+TEST(Result, LetsTheMessagesOfATemporaryBeWalkedOver) {
+  Words words;
+  for (const std::string_view message : bad().error().messages()) words.emplace_back(message);
+  EXPECT_EQ(words, (Words{"newer", "older"}));
+}
+
 TEST(Result, OfNothingTellsSuccess) {
   const jt::Result<> result;
   EXPECT_TRUE(result);
@@ -158,12 +164,111 @@ TEST(Result, OfNothingHoldsAnError) {
   EXPECT_TRUE(says(jt::Result<>(result).error(), Category::syntax_error, {"newer", "older"}));
 }
 
+// ---- Going on with a result ----
+
+jt::Result<int> size_of(const std::string &text) { return static_cast<int>(text.size()); }
+jt::Result<int> refuse(const std::string &) { return jt::Error(Category::warning, {}); }
+
+TEST(AndThen, CallsWithTheValue) {
+  const jt::Result<std::string> result = good();
+  EXPECT_EQ(*result.and_then(size_of), 5);
+  EXPECT_EQ(*good().and_then(size_of), 5);
+  EXPECT_TRUE(failed(result.and_then(refuse), Category::warning, {}));
+}
+
+TEST(AndThen, PassesAnErrorOnWithoutACall) {
+  const jt::Result<std::string> result = bad();
+  int calls = 0;
+  const auto next = [&](const std::string &) { return ++calls, jt::Result<int>(1); };
+  EXPECT_TRUE(failed(result.and_then(next), Category::syntax_error, {"newer", "older"}));
+  EXPECT_TRUE(failed(bad().and_then(next), Category::syntax_error, {"newer", "older"}));
+  EXPECT_EQ(calls, 0);
+}
+
+TEST(AndThen, CallsWithoutArgumentsForAResultOfNothing) {
+  EXPECT_EQ(*jt::Result<>().and_then(good), "value");
+  EXPECT_TRUE(failed(jt::Result<>(bad().error()).and_then(good), Category::syntax_error, {"newer", "older"}));
+}
+
+TEST(AndThen, LetsTheValueInHandBeChanged) {
+  jt::Result<std::string> result = good();
+  EXPECT_TRUE(result.and_then([](std::string &text) { return text += '1', jt::Result<>(); }));
+  EXPECT_EQ(*result, "value1");
+}
+
+TEST(AndThen, GivesTheValueOfATemporaryAway) {
+  const auto keep = [](std::unique_ptr<int> number) {
+    return jt::Result<std::unique_ptr<int>>(std::move(number));
+  };
+  EXPECT_EQ(**jt::Result<std::unique_ptr<int>>(std::make_unique<int>(7)).and_then(keep), 7);
+}
+
+TEST(Transform, MakesSomethingElseOfTheValue) {
+  const jt::Result<std::string> result = good();
+  EXPECT_EQ(*result.transform(&std::string::size), 5U);
+  EXPECT_EQ(*good().transform([](std::string text) { return text + '1'; }), "value1");
+  EXPECT_EQ(*jt::Result<>().transform([] { return 7; }), 7);
+}
+
+TEST(Transform, CopiesWhatIsGivenByReference) {
+  jt::Result<std::string> result = good();
+  jt::Result<std::string> copy = result.transform([](std::string &text) -> std::string & { return text; });
+  *copy += '1';
+  EXPECT_EQ(*result, "value");
+}
+
+TEST(Transform, MakesAResultOfNothingOfNothing) {
+  std::string seen;
+  const jt::Result<> result = good().transform([&](const std::string &text) { seen = text; });
+  EXPECT_TRUE(result);
+  EXPECT_EQ(seen, "value");
+}
+
+TEST(Transform, PassesAnErrorOnWithoutACall) {
+  int calls = 0;
+  const jt::Result<std::string> result = bad();
+  EXPECT_TRUE(failed(result.transform([&](const std::string &) { return ++calls; }), Category::syntax_error,
+                     {"newer", "older"}));
+  EXPECT_TRUE(failed(bad().transform([&](const std::string &) { ++calls; }), Category::syntax_error,
+                     {"newer", "older"}));
+  EXPECT_EQ(calls, 0);
+}
+
+TEST(OrElse, CallsWithTheError) {
+  const auto first_message = [](const jt::Error &error) {
+    return jt::Result<std::string>(std::string(error.message()));
+  };
+  const jt::Result<std::string> result = bad();
+  EXPECT_EQ(*result.or_else(first_message), "newer");
+  EXPECT_EQ(*bad().or_else(first_message), "newer");
+  EXPECT_TRUE(jt::Result<>(bad().error()).or_else([](const jt::Error &) { return jt::Result<>(); }));
+}
+
+TEST(OrElse, KeepsTheValueWithoutACall) {
+  int calls = 0;
+  const auto other = [&](const jt::Error &) { return ++calls, bad(); };
+  const jt::Result<std::string> result = good();
+  EXPECT_EQ(*result.or_else(other), "value");
+  EXPECT_EQ(*result, "value");
+  EXPECT_EQ(*good().or_else(other), "value");
+  EXPECT_EQ(calls, 0);
+}
+
+TEST(OrElse, MovesTheValueOfATemporary) {
+  using Owner = jt::Result<std::unique_ptr<int>>;
+  const auto other = [](const jt::Error &error) { return Owner(error); };
+  EXPECT_EQ(**Owner(std::make_unique<int>(7)).or_else(other), 7);
+}
+
 void expect_abort(void (*use)()) { EXPECT_EXIT(use(), ::testing::KilledBySignal(SIGABRT), ""); }
 
 TEST(ResultDeathTest, AbortsWhereAMissingValueIsUsed) {
   expect_abort([] { bad().value(); });
   expect_abort([] { *bad(); });
-  expect_abort([] { (void)bad()->size(); });
+  expect_abort([] {
+    jt::Result<std::string> result = bad();
+    (void)result->size();
+  });
   expect_abort([] { jt::Result<>(bad().error()).value(); });
   expect_abort([] { *jt::Result<>(bad().error()); });
 }

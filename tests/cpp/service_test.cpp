@@ -223,10 +223,10 @@ TEST_F(AttributeTexts, AreRefusedByTheType) {
 using AttributeStatuses = Services;
 
 TEST_F(AttributeStatuses, AreReadWhereTheyStand) {
-  EXPECT_EQ(scanner.status()->code(), jt::StatusCode::error);
+  EXPECT_EQ(scanner.status().value().code(), jt::StatusCode::error);
   EXPECT_TRUE(failed_silently(scanner.invocation_status()));
   EXPECT_TRUE(scanner.select_invocation("2"));
-  EXPECT_EQ(scanner.invocation_status()->code(), jt::StatusCode::completed);
+  EXPECT_EQ(scanner.invocation_status().value().code(), jt::StatusCode::completed);
   EXPECT_TRUE(failed_silently(scanner.attribute_status("Copies")));
 }
 
@@ -234,9 +234,9 @@ TEST_F(AttributeStatuses, AreSetByTheirNumber) {
   EXPECT_TRUE(scanner.set_status(jt::StatusCode::aborted));
   EXPECT_TRUE(scanner.set_invocation_status(jt::StatusCode::ignored));
   EXPECT_TRUE(scanner.set_attribute_status("Copies", jt::StatusCode::warning));
-  EXPECT_EQ(scanner.status()->code(), jt::StatusCode::aborted);
-  EXPECT_EQ(scanner.invocation_status()->code(), jt::StatusCode::ignored);
-  EXPECT_EQ(scanner.attribute_status("Copies")->code(), jt::StatusCode::warning);
+  EXPECT_EQ(scanner.status().value().code(), jt::StatusCode::aborted);
+  EXPECT_EQ(scanner.invocation_status().value().code(), jt::StatusCode::ignored);
+  EXPECT_EQ(scanner.attribute_status("Copies").value().code(), jt::StatusCode::warning);
 }
 
 TEST_F(AttributeStatuses, AreSetToOneThatThereIs) {
@@ -244,7 +244,7 @@ TEST_F(AttributeStatuses, AreSetToOneThatThereIs) {
   EXPECT_TRUE(scanner.set_status(status));
   EXPECT_TRUE(scanner.set_invocation_status(status));
   EXPECT_TRUE(scanner.set_attribute_status("Copies", status));
-  EXPECT_EQ(scanner.status()->code(), jt::StatusCode::ignored);
+  EXPECT_EQ(scanner.status().value().code(), jt::StatusCode::ignored);
   EXPECT_TRUE(failed_silently(scanner.set_status(jt::Status())));
 }
 

@@ -45,7 +45,7 @@ TEST_F(Statuses, HaveANumberAndAName) {
 }
 
 TEST_F(Statuses, AreFoundInAnyCase) {
-  EXPECT_EQ(session.status("kmt_status_error")->code(), StatusCode::error);
+  EXPECT_EQ(session.status("kmt_status_error").value().code(), StatusCode::error);
 }
 
 TEST_F(Statuses, KeepANameThatNoNumberHas) {

@@ -22,7 +22,7 @@ class Values : public CppTest {
     EXPECT_EQ(*scanner.text("New"), text);
     EXPECT_TRUE(scanner.set("New", value));
     EXPECT_EQ(words_of(scanner.texts("New")), Words{text});
-    EXPECT_TRUE(*scanner.parse("New", text)->as<T>() == value);
+    EXPECT_TRUE(*scanner.parse("New", text).value().as<T>() == value);
   }
 };
 
@@ -42,7 +42,7 @@ TEST_F(Values, AreParsed) {
   const jt::Result<jt::Value> value = session.parse("integer", "+007");
   EXPECT_EQ(*value->text(), "7");
   EXPECT_STREQ(value->type()->name, "integer");
-  EXPECT_EQ(*session.parse("enum_sided", "two_sided", "kmt_svc_scan")->text(), "TWO_SIDED");
+  EXPECT_EQ(*session.parse("enum_sided", "two_sided", "kmt_svc_scan").value().text(), "TWO_SIDED");
 }
 
 TEST_F(Values, AreRefusedWhereTheTypeDoesNotReadThem) {
@@ -181,7 +181,50 @@ TEST_F(Reading, FindsTheTypesOfTheServicesNameFirst) {
   ASSERT_TRUE(print.add_attribute("enum_sidestoprint", "Sides"));
   ASSERT_TRUE(print.add("Sides", "TWO_SIDED"));
   const jt_type *const row = get_type_from_services(session.get(), "kmt_svc_print", "enum_sidestoprint");
-  EXPECT_EQ(print.value("Sides")->type(), row);
+  EXPECT_EQ(print.value("Sides").value().type(), row);
+}
+
+// ---- Names that no list knows ----
+
+class UnknownValues : public Values {
+ protected:
+  // Of the attribute "Sides", once this is its value.
+  bool is_unknown(const char *name) {
+    EXPECT_TRUE(scanner.set("Sides", name));
+    return scanner.value("Sides").value().is_unknown();
+  }
+};
+
+TEST_F(UnknownValues, AreThoseWhoseNameNoListHas) {
+  EXPECT_TRUE(is_unknown("THREE_SIDED"));
+  EXPECT_TRUE(is_unknown(""));
+  EXPECT_FALSE(is_unknown("TWO_SIDED"));
+  EXPECT_FALSE(is_unknown("one_sided"));
+}
+
+TEST_F(UnknownValues, KeepTheirNames) {
+  EXPECT_TRUE(is_unknown("THREE_SIDED"));
+  EXPECT_EQ(*scanner.value("Sides").value().text(), "THREE_SIDED");
+}
+
+TEST_F(UnknownValues, AreFoundInAWalk) {
+  ASSERT_TRUE(scanner.add("Sides", "THREE_SIDED"));
+  std::vector<bool> unknown;
+  for (const jt::Value &value : scanner.values("Sides")) unknown.push_back(value.is_unknown());
+  EXPECT_EQ(unknown, (std::vector<bool>{false, true}));
+}
+
+TEST_F(UnknownValues, AreSoAsCopies) {
+  EXPECT_TRUE(is_unknown("THREE_SIDED"));
+  EXPECT_TRUE(scanner.value("Sides").value().copy().value().is_unknown());
+}
+
+TEST_F(UnknownValues, AreOfTheEnumeratedTypesAlone) {
+  EXPECT_FALSE(parsed("integer", "-1").is_unknown());
+  EXPECT_FALSE(parsed("string", "\xff\xff\xff\xff").is_unknown());
+  EXPECT_FALSE(jt::Value().is_unknown());
+  EXPECT_TRUE(parsed("kmt_enum_status", "KMT_STATUS_LATE").is_unknown());
+  EXPECT_FALSE(parsed("kmt_enum_status", "KMT_STATUS_ERROR").is_unknown());
 }
 
 // ---- Writing ----
@@ -205,13 +248,116 @@ TEST_F(Writing, TakesAnInteger) { expect_kept(std::int32_t{-2147483647}, "-21474
 TEST_F(Writing, TakesATruth) { expect_kept(false, "FALSE"); }
 TEST_F(Writing, TakesAReal) { expect_kept(0.25F, "0.250000"); }
 
+// ---- Numbers of every class ----
+
+constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kSmallest = std::numeric_limits<std::int32_t>::min();
+constexpr float kLargestReal = std::numeric_limits<float>::max();
+
+class Numbers : public Values {
+ protected:
+  // Writes a number in both ways, and reads it back as text.
+  template <typename T>
+  void expect_written(const char *attribute, const T &number, const char *text) {
+    EXPECT_TRUE(scanner.set(attribute, number));
+    EXPECT_TRUE(scanner.add(attribute, number));
+    EXPECT_EQ(words_of(scanner.texts(attribute)), (Words{text, text}));
+  }
+
+  template <typename T>
+  void expect_refused(const char *attribute, const T &number, const char *message) {
+    const std::string before = encoded();
+    EXPECT_TRUE(failed(scanner.set(attribute, number), Category::call_error, {message}));
+    EXPECT_TRUE(failed(scanner.add(attribute, number), Category::call_error, {message}));
+    EXPECT_EQ(encoded(), before);
+  }
+
+  static constexpr const char *kNoInteger = "CALL ERROR: number is not a value of the type:integer ...";
+  static constexpr const char *kNoReal = "CALL ERROR: number is not a value of the type:real ...";
+};
+
+TEST_F(Numbers, OfEveryWidthBecomeIntegers) {
+  expect_written("Copies", std::int8_t{-5}, "-5");
+  expect_written("Copies", std::uint8_t{200}, "200");
+  expect_written("Copies", short{-300}, "-300");
+  expect_written("Copies", 7U, "7");
+  expect_written("Copies", -8L, "-8");
+  expect_written("Copies", 9UL, "9");
+  expect_written("Copies", -10LL, "-10");
+  expect_written("Copies", 11ULL, "11");
+}
+
+TEST_F(Numbers, ThatAreTheLastToFitAreTaken) {
+  expect_written("Copies", std::int64_t{kLargest}, "2147483647");
+  expect_written("Copies", std::int64_t{kSmallest}, "-2147483648");
+  expect_written("Copies", std::uint32_t{2147483647}, "2147483647");
+}
+
+TEST_F(Numbers, BeyondAnIntegerAreRefused) {
+  expect_refused("Copies", std::int64_t{kLargest} + 1, kNoInteger);
+  expect_refused("Copies", std::int64_t{kSmallest} - 1, kNoInteger);
+  expect_refused("Copies", std::uint32_t{2147483648U}, kNoInteger);
+  expect_refused("Copies", std::numeric_limits<std::uint64_t>::max(), kNoInteger);
+  expect_refused("Copies", std::int64_t{1} << 32, kNoInteger);
+}
+
+TEST_F(Numbers, WithAPointBecomeReals) {
+  expect_written("Weight", 0.75, "0.750000");
+  expect_written("Weight", 1.5F, "1.500000");
+  expect_written("Weight", 2.25L, "2.250000");
+  EXPECT_TRUE(scanner.set("Weight", 0.1));
+  EXPECT_EQ(*scanner.get<float>("Weight"), 0.1F);
+}
+
+TEST_F(Numbers, UpToTheLargestRealAreTaken) {
+  EXPECT_TRUE(scanner.set("Weight", double{kLargestReal}));
+  EXPECT_EQ(*scanner.get<float>("Weight"), kLargestReal);
+}
+
+TEST_F(Numbers, OfZeroLoseTheirSign) {
+  expect_written("Weight", -0.0, "0.000000");
+  expect_written("Weight", -0.0F, "0.000000");
+}
+
+TEST_F(Numbers, BelowZeroAreNoReals) {
+  expect_refused("Weight", -0.5, kNoReal);
+  expect_refused("Weight", -0.5F, kNoReal);
+  expect_refused("Weight", -std::numeric_limits<double>::denorm_min(), kNoReal);
+}
+
+TEST_F(Numbers, BeyondARealAreRefused) {
+  expect_refused("Weight", 2.0 * kLargestReal, kNoReal);
+  expect_refused("Weight", std::numeric_limits<double>::infinity(), kNoReal);
+  expect_refused("Weight", std::numeric_limits<float>::infinity(), kNoReal);
+  expect_refused("Weight", -std::numeric_limits<float>::infinity(), kNoReal);
+}
+
+TEST_F(Numbers, ThatAreNoneAreRefused) {
+  expect_refused("Weight", std::numeric_limits<double>::quiet_NaN(), kNoReal);
+  expect_refused("Weight", std::numeric_limits<float>::quiet_NaN(), kNoReal);
+}
+
+TEST_F(Numbers, OfTheOtherKindAreRefused) {
+  expect_refused("Copies", 2.0, "CALL ERROR: value is not of the type:integer ...");
+  expect_refused("Weight", 2L, "CALL ERROR: value is not of the type:real ...");
+  expect_refused("Fast", 1U, "CALL ERROR: value is not of the type:boolean ...");
+  expect_refused("Copies", true, "CALL ERROR: value is not of the type:integer ...");
+}
+
+TEST_F(Numbers, AreGivenToNewAttributes) {
+  EXPECT_TRUE(scanner.add_attribute("integer", "Pages", std::size_t{12}));
+  EXPECT_TRUE(scanner.add_attribute("real", "Gamma", 2.2));
+  EXPECT_EQ(*scanner.text("Pages"), "12");
+  EXPECT_EQ(*scanner.text("Gamma"), "2.200000");
+}
+
 TEST_F(Writing, KnowsEveryWayOfScaling) {
   for (const auto &[scaling, text] :
        {std::pair(jt::Scaling::none, "NONE"), std::pair(jt::Scaling::automatic_iso, "AUTOISO"),
         std::pair(jt::Scaling::automatic_ana, "AUTOANA"), std::pair(jt::Scaling::manual_iso, "MANISO/50"),
         std::pair(jt::Scaling::manual_ana, "MANANA/50/60")}) {
     const jt::Value value = parsed("struct_magnification", text, "kmt_svc_scan");
-    EXPECT_EQ(value.as<jt::Magnification>()->scaling, scaling) << text;
+    EXPECT_EQ(value.as<jt::Magnification>().value().scaling, scaling) << text;
   }
 }
 
@@ -255,7 +401,7 @@ TEST_F(Writing, OverridesAValue) {
   const jt::Value ten = scanner.parse("Note", "ten").value();
   EXPECT_TRUE(scanner.override_value("Note", one, ten));
   EXPECT_EQ(words_of(scanner.texts("Note")), (Words{"ten", "two", "three"}));
-  EXPECT_EQ(scanner.attribute_status("Note")->code(), jt::StatusCode::overridden);
+  EXPECT_EQ(scanner.attribute_status("Note").value().code(), jt::StatusCode::overridden);
 }
 
 TEST_F(Writing, OverridesOnlyWhatHasAStarAndTheType) {
@@ -267,7 +413,7 @@ TEST_F(Writing, OverridesOnlyWhatHasAStarAndTheType) {
 }
 
 TEST_F(Writing, ParsesWithTheTypeOfTheAttribute) {
-  EXPECT_EQ(*scanner.parse("Sides", "one_sided")->text(), "ONE_SIDED");
+  EXPECT_EQ(*scanner.parse("Sides", "one_sided").value().text(), "ONE_SIDED");
   EXPECT_TRUE(
       failed(scanner.parse("Copies", "x"), Category::syntax_error,
              {"SYNTAX ERROR: trying to evaluate the following value string as -- integer --:\n\nx ..."}));

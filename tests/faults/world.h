@@ -6,10 +6,10 @@
 #include <string>
 
 #include "base/markers.h"
-#include "base/parser_space.h"
 #include "support/failing_allocator.h"
 #include "support/session.h"
 #include "tree/node.h"
+#include "tree/session.h"
 
 namespace jt_test {
 

@@ -12,11 +12,11 @@
 
 #include "api/value_types.h"
 #include "base/markers.h"
-#include "base/parser_space.h"
 #include "support/guarded_text.h"
 #include "support/program.h"
 #include "support/readable.h"
 #include "support/session.h"
+#include "tree/session.h"
 
 namespace jt_test {
 namespace {

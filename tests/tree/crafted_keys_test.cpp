@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "base/parser_space.h"
 #include "base/text.h"
 #include "tree/child_index.h"
+#include "tree/session.h"
 #include "tree/tree_session.h"
 
 namespace jt_test {

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "base/parser_space.h"
 #include "support/session.h"
 #include "tree/node.h"
+#include "tree/session.h"
 
 namespace jt_test {
 
@@ -67,7 +67,7 @@ inline bool is_linked(const jt_node *node) { return node->parent != nullptr && !
 inline void expect_sound(const jt_parser_space &space) {
   const std::set<const jt_node *> alive = registered_nodes(space);
   const auto linked = std::count_if(alive.begin(), alive.end(), is_linked);
-  if (!space.must_visit) {
+  if (!space.bulk_release_unsafe) {
     ASSERT_EQ(space.linked_nodes, linked);
   }
   for (const jt_node *const node : alive) {

@@ -4,27 +4,27 @@
 
 #include <cstdint>
 
-#include "base/node_table.h"
-#include "base/parser_space.h"
 #include "support/session.h"
+#include "tree/bookmarks.h"
+#include "tree/session.h"
 
 namespace jt_test {
 namespace {
 
-class NodeTableLimit : public SessionTest {
+class BookmarkLimit : public SessionTest {
  protected:
-  NodeTableLimit() : table(space->table) { space->table.capacity = space->table.count = INT32_MAX / 4 + 1; }
-  ~NodeTableLimit() override { space->table = table; }
+  BookmarkLimit() : table(space->table) { space->table.capacity = space->table.count = INT32_MAX / 4 + 1; }
+  ~BookmarkLimit() override { space->table = table; }
 
   const jt_core::NodeTable table;
 };
 
-TEST_F(NodeTableLimit, NoSlotIsAssignedBeyondIt) {
+TEST_F(BookmarkLimit, NoSlotIsAssignedBeyondIt) {
   EXPECT_EQ(jt_core::assign_bookmark(space, nullptr), -1);
   EXPECT_EQ(messages(), Messages{"MEMORY ERROR: allocating for book keeping ..."});
 }
 
-TEST_F(NodeTableLimit, NoNodeIsMadeBeyondIt) {
+TEST_F(BookmarkLimit, NoNodeIsMadeBeyondIt) {
   EXPECT_EQ(jt_create_template(space), 0);
   EXPECT_EQ(status(), JT_SYSTEM_ERROR);
   EXPECT_EQ(messages(), (Messages{"MEMORY ERROR: allocating for book keeping ...",

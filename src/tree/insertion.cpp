@@ -1,11 +1,11 @@
-// The checked operations that put nodes into a tree: add_child, add_unique_child, add_index_child; and the
-// two that only touch one node or look for one, add_comment and get_child.
-#include "base/parser_space.h"
+// The checked operations that put nodes into a tree: add_child, add_unique_child, add_index_child. A node
+// that does not fit stays where it is. tests/tree/linking_test.cpp has what fits where,
+// tests/tree/moving_test.cpp what becomes of the place that a node leaves.
 #include "tree/child_index.h"
-#include "tree/comment.h"
 #include "tree/links.h"
 #include "tree/node.h"
 #include "tree/node_storage.h"
+#include "tree/session.h"
 
 namespace jt_core {
 namespace {
@@ -28,10 +28,10 @@ bool fits(jt_parser_space *space, const jt_node &parent, const jt_node &child) {
 }
 
 // A node of another session comes into a tree of this one, or the other way round.
-void note_strangers(jt_parser_space &space, const jt_node &parent, const jt_node &child) {
+void note_foreign_nodes(jt_parser_space &space, const jt_node &parent, const jt_node &child) {
   for (const jt_node *const node : {&parent, &child}) {
     jt_parser_space &session = session_of(*node);
-    if (&session != &space) session.must_visit = space.must_visit = true;
+    if (&session != &space) session.bulk_release_unsafe = space.bulk_release_unsafe = true;
   }
 }
 
@@ -41,7 +41,7 @@ std::int32_t add(jt_parser_space *space, jt_node *parent, jt_node *child, Link l
   if (space == nullptr || parent == nullptr) return 0;
   if (child == nullptr) return 1;
   if (!fits(space, *parent, *child)) return 0;
-  note_strangers(*space, *parent, *child);
+  note_foreign_nodes(*space, *parent, *child);
   unlink(*space, *child);
   link(*space, *parent, *child);
   return 1;
@@ -64,7 +64,7 @@ int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child
     jt_core::report(space, jt_core::message::kDuplicateName, child->name);
     return 0;
   }
-  jt_core::note_strangers(*space, *parent, *child);
+  jt_core::note_foreign_nodes(*space, *parent, *child);
   jt_core::unlink(*space, *child);
   jt_core::append_child(*space, *parent, *child);
   return 1;
@@ -72,16 +72,6 @@ int32_t add_unique_child(jt_parser_space *space, jt_node *parent, jt_node *child
 
 int32_t add_index_child(jt_parser_space *space, jt_node *parent, jt_node *child) {
   return jt_core::add(space, parent, child, jt_core::insert_at_cursor);
-}
-
-int32_t add_comment(jt_parser_space *space, jt_node *node, const char *text) {
-  if (space == nullptr || node == nullptr || text == nullptr) return 0;
-  return jt_core::append_comment(*space, *node, text) ? 1 : 0;
-}
-
-jt_node *get_child(jt_parser_space *space, jt_node *parent, const char *name) {
-  const bool searchable = space != nullptr && parent != nullptr && parent->node_class != JT_NODE_VALUE;
-  return searchable && name != nullptr ? jt_core::find_child(*parent, name) : nullptr;
 }
 
 }  // extern "C"

@@ -1,5 +1,5 @@
 // Sessions: what a new one holds, what closing one takes with it, and the order of the record's fields.
-#include "base/parser_space.h"
+#include "tree/session.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,34 @@
+// The parser space: the one record that a session owns, and with it all nodes. The stated fields come first
+// and in their order; the fields after them only serve speed. tests/tree/session_test.cpp holds the order,
+// and what opening and closing a session does.
+#ifndef JT_TREE_SESSION_H
+#define JT_TREE_SESSION_H
+
+#include <cstdint>
+
+#include "base/arena.h"
+#include "base/error_store.h"
+#include "base/keyed_hash.h"
+#include "base/node_table.h"
+#include "jt.h"
+
+struct jt_parser_space {
+  char *label;
+  jt_core::NodeTable table;
+  jt_core::ErrorStore errors;
+  jt_core::FreeSlots free_slots;
+  jt_core::Arena arena;
+  std::int32_t linked_nodes;  // nodes that hang below another
+  jt_core::HashKey hash_key;  // made when it is first wanted
+  bool has_hash_key;
+  bool bulk_release_unsafe;  // there is, or was, a node of another session or a value of a client's type
+};
+
+namespace jt_core {
+
+// The session of a cell that was allocated in its arena.
+jt_parser_space &session_of_cell(const void *cell);
+
+}  // namespace jt_core
+
+#endif
