@@ -97,7 +97,7 @@ void bin_cells_of(Arena &arena, Page *page) {
 }
 
 // A released cell of that length, if there is one. Kept out of the way of those who only cut a new one.
-[[gnu::noinline]] void *allocate_released(Arena &arena, std::size_t units) {
+void *allocate_released(Arena &arena, std::size_t units) {
   while (arena.bins[units] == nullptr && arena.pending != nullptr) bin_cells_of(arena, arena.pending);
   FreeCell *const cell = arena.bins[units];
   if (cell == nullptr) return nullptr;
@@ -118,7 +118,7 @@ void unlink_page(Page *page) {
 }
 
 // All cells of the page have been released: none may be found in a list any more.
-[[gnu::noinline]] void discard_page(Arena &arena, Page *page) {
+void discard_page(Arena &arena, Page *page) {
   assert(page->live == 0);
   drop_pending(arena, page);
   if (page->binned > 0) {
@@ -136,7 +136,7 @@ void unlink_page(Page *page) {
 
 // What is left of the current page is given up; it is less than the cell that is wanted. The page holds live
 // cells: an empty one is long enough for any.
-[[gnu::noinline]] Page *open_page(Arena &arena) {
+Page *open_page(Arena &arena) {
   const std::size_t bytes = std::clamp(arena.page_bytes, kFirstPage, kMaxPage);
   auto *const page = static_cast<Page *>(std::malloc(bytes));
   if (page == nullptr) return nullptr;

@@ -52,7 +52,7 @@ bool reserve(NodeTable &table, FreeSlots &map, std::int32_t wanted) {
 }
 
 // 0, or why the table cannot grow.
-[[gnu::noinline]] std::int32_t grow(NodeTable &table, FreeSlots &map) {
+std::int32_t grow(NodeTable &table, FreeSlots &map) {
   if (table.capacity >= map.reserved) {
     if (table.capacity > kMaxTable) return kTableFull;
     if (!reserve(table, map, table.capacity * 2)) return kNoMemory;
@@ -62,7 +62,7 @@ bool reserve(NodeTable &table, FreeSlots &map, std::int32_t wanted) {
 }
 
 // A word of level 0 is no longer zero: tells the levels above.
-[[gnu::noinline]] void set_free_above(FreeSlots &map, std::uint32_t bit) {
+void set_free_above(FreeSlots &map, std::uint32_t bit) {
   for (std::uint32_t level = 1; level < FreeSlots::kLevels; ++level) {
     std::uint32_t &word = map.levels[level][bit / kWordBits];
     const bool known_above = word != 0;
@@ -85,7 +85,7 @@ void set_free(FreeSlots &map, std::int32_t slot) {
 
 // The words of level 0 up to this one have become zero. The highest level is one word; each step down follows
 // the lowest bit that is set.
-[[gnu::noinline]] std::uint32_t next_lowest(FreeSlots &map, std::uint32_t emptied) {
+std::uint32_t next_lowest(FreeSlots &map, std::uint32_t emptied) {
   std::uint32_t bit = emptied;
   for (std::uint32_t level = 1; level < FreeSlots::kLevels; ++level) {
     std::uint32_t &word = map.levels[level][bit / kWordBits];

@@ -38,7 +38,7 @@ enum class ByteClass : std::uint8_t {
 
 constexpr std::size_t index_of(char c) { return static_cast<unsigned char>(c); }
 
-inline constexpr std::array<ByteClass, 256> kByteClasses = [] {
+consteval std::array<ByteClass, 256> classify_bytes() {
   std::array<ByteClass, 256> classes{};
   classes.fill(ByteClass::kWord);
   for (const char c : kSpaces) classes[index_of(c)] = ByteClass::kSpace;
@@ -50,7 +50,9 @@ inline constexpr std::array<ByteClass, 256> kByteClasses = [] {
   classes[index_of('\\')] = ByteClass::kBackslash;
   classes[index_of('"')] = ByteClass::kQuote;
   return classes;
-}();
+}
+
+inline constexpr std::array<ByteClass, 256> kByteClasses = classify_bytes();
 
 constexpr ByteClass class_of(char c) { return kByteClasses[index_of(c)]; }
 
@@ -58,27 +60,33 @@ constexpr ByteClass class_of(char c) { return kByteClasses[index_of(c)]; }
 using ByteSet = std::array<bool, 256>;
 
 // What may stand bare in a word.
-inline constexpr ByteSet kWordBytes = [] {
+consteval ByteSet word_bytes() {
   ByteSet set{};
   for (std::size_t i = 0; i < set.size(); ++i) set[i] = kByteClasses[i] == ByteClass::kWord;
   return set;
-}();
+}
+
+inline constexpr ByteSet kWordBytes = word_bytes();
 
 // What means itself in quotes.
-inline constexpr ByteSet kQuotedBytes = [] {
+consteval ByteSet quoted_bytes() {
   ByteSet set{};
   for (std::size_t i = 1; i < set.size(); ++i) {
     set[i] = kByteClasses[i] != ByteClass::kQuote && kByteClasses[i] != ByteClass::kBackslash;
   }
   return set;
-}();
+}
+
+inline constexpr ByteSet kQuotedBytes = quoted_bytes();
 
 // What is written as it is in quotes: control characters that have an escape are not.
-inline constexpr ByteSet kQuotedBytesToWrite = [] {
+consteval ByteSet quoted_bytes_to_write() {
   ByteSet set = kQuotedBytes;
   for (const Escape &escape : kEscapes) set[index_of(escape.meaning)] = false;
   return set;
-}();
+}
+
+inline constexpr ByteSet kQuotedBytesToWrite = quoted_bytes_to_write();
 
 // The first byte of a terminated text that is not in the set. Most of a text consists of bytes that stand for
 // themselves. Four at a time, which is a third less to do for each.

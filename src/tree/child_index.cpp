@@ -370,7 +370,8 @@ void unindex_child(jt_node &parent, jt_node &child) {
   if (has_key(child)) {
     std::uint32_t hash = 0;
     hash_key(index.secret, key_of(child), hash);
-    Slot &slot = *probe_for(index, key_of(child), hash).slot;
+    const Probe probe = probe_for(index, key_of(child), hash);
+    Slot &slot = *probe.slot;
     assert(slot.entry != kNoEntry);
     slot.entry = index.places != nullptr ? leave_heap(index.places, slot.entry, child.entry) : kNoEntry;
     if (slot.entry == kNoEntry) {

@@ -97,7 +97,7 @@ void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status
 
 namespace {
 
-[[gnu::noinline]] void release_blocks(jt_parser_space &space, jt_node &node) {
+void release_blocks(jt_parser_space &space, jt_node &node) {
   release_comment(node);
   for (char **const text : {&node.name, &node.unresolved_type_name, &node.overridden_value}) {
     release_text(node, *text);

@@ -22,7 +22,7 @@ std::int32_t with_sign(std::int64_t magnitude, bool negative) {
 // ---- real ----
 
 std::size_t count_digits(std::string_view text) {
-  const auto *const end = std::find_if_not(text.begin(), text.end(), is_digit);
+  const auto *const end = std::find_if_not(text.begin(), text.end(), [](char c) { return is_digit(c); });
   return static_cast<std::size_t>(end - text.begin());
 }
 

@@ -6,12 +6,6 @@
 
 namespace jt_core {
 
-void ShortText::add(std::string_view part) {
-  const std::size_t taken = std::min(part.size(), text_.size() - length_);
-  std::copy_n(part.begin(), taken, text_.data() + length_);
-  length_ += taken;
-}
-
 void ShortText::add_number(std::int32_t number) { add_padded(number, 1); }
 
 void ShortText::add_padded(std::int32_t number, std::size_t width) {

@@ -4,6 +4,7 @@
 #ifndef JT_TYPES_SHORT_TEXT_H
 #define JT_TYPES_SHORT_TEXT_H
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -13,7 +14,11 @@ namespace jt_core {
 
 class ShortText {
  public:
-  void add(std::string_view part);
+  void add(std::string_view part) {
+    const std::size_t taken = std::min(part.size(), text_.size() - length_);
+    std::copy_n(part.begin(), taken, text_.data() + length_);
+    length_ += taken;
+  }
 
   void add_number(std::int32_t number);
 

@@ -15,12 +15,6 @@ void *allocate_block(ValueSink & /*sink*/, jt_parser_space *space, std::size_t b
 
 ValueSink heap_sink() { return {allocate_block}; }
 
-jt_value *store_value(jt_parser_space *space, ValueSink &sink, const void *bytes, std::size_t count) {
-  void *const storage = sink.allocate(sink, space, count);
-  if (storage != nullptr) std::memcpy(storage, bytes, count);
-  return static_cast<jt_value *>(storage);
-}
-
 jt_value *store_text(jt_parser_space *space, ValueSink &sink, std::string_view text) {
   auto *const storage = static_cast<char *>(sink.allocate(sink, space, text.size() + 1));
   if (storage == nullptr) return nullptr;

@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "base/keyed_hash.h"
@@ -23,7 +24,7 @@ namespace jt_core {
 // it. `allocate` gives storage that is not initialised, or null after "allocation error". It is called
 // exactly once for each read or copy, after everything that can refuse the value.
 struct ValueSink {
-  void *(*allocate)(ValueSink &sink, jt_parser_space *space, std::size_t bytes);
+  void *(*allocate)(ValueSink &sink, jt_parser_space *space, std::size_t bytes) = nullptr;
 };
 
 // Makes each value a block of its own.
@@ -109,8 +110,12 @@ consteval ValueOperations operations_of() {
 template <typename Family>
 constexpr ValueOperations kOperations = operations_of<Family>();
 
-// A value with these bytes; null after "allocation error".
-jt_value *store_value(jt_parser_space *space, ValueSink &sink, const void *bytes, std::size_t count);
+// A value with these bytes; null after "allocation error". Inline, as most callers know how many bytes.
+inline jt_value *store_value(jt_parser_space *space, ValueSink &sink, const void *bytes, std::size_t count) {
+  void *const storage = sink.allocate(sink, space, count);
+  if (storage != nullptr) std::memcpy(storage, bytes, count);
+  return static_cast<jt_value *>(storage);
+}
 
 // The same for a text and its terminator.
 jt_value *store_text(jt_parser_space *space, ValueSink &sink, std::string_view text);
