@@ -6,21 +6,6 @@
 
 namespace jt_core {
 
-// Cells follow the page record, each at a multiple of the unit, up to `used`.
-struct alignas(kCellUnit) Page {
-  std::uint32_t bytes;  // the whole page
-  std::uint32_t used;   // up to here cells have been cut
-  Arena *arena;
-  Page *older;  // among all pages
-  Page *newer = nullptr;
-  std::uint32_t live = 0;       // cells that have not been released
-  std::uint32_t binned = 0;     // released cells that are in the bins
-  FreeCell *pending = nullptr;  // the other released cells
-  Page *next = nullptr;         // among the pages that have pending cells
-  Page *previous = nullptr;
-  bool flagged = false;  // see flag_page_of()
-};
-
 namespace {
 
 constexpr std::size_t kFirstPage = 2048;
@@ -152,22 +137,14 @@ Page *open_page(Arena &arena) {
 
 }  // namespace
 
-void *allocate_cell(Arena &arena, std::size_t bytes) {
-  assert(bytes <= kMaxCell);
-  const std::size_t units = (std::max(bytes, sizeof(FreeCell)) + kCellUnit - 1) / kCellUnit;
+void *allocate_units(Arena &arena, std::size_t units) {
   if (arena.bins[units] != nullptr || arena.pending != nullptr) {
     void *const cell = allocate_released(arena, units);
     if (cell != nullptr) return cell;
   }
   Page *page = arena.current;
   if (page == nullptr || page->bytes - page->used < units * kCellUnit) page = open_page(arena);
-  if (page == nullptr) return nullptr;
-  const std::size_t offset = page->used;
-  page->used += static_cast<std::uint32_t>(units * kCellUnit);
-  ++page->live;
-  void *const cell = byte_of(page, offset);
-  head_of(cell) = {units, offset / kCellUnit};
-  return cell;
+  return page != nullptr ? cut_cell(*page, units) : nullptr;
 }
 
 void release_cell(Arena &arena, void *cell) {

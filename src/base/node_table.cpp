@@ -126,16 +126,14 @@ void close_node_table(NodeTable &table, FreeSlots &free_slots) {
   free_slots = {};
 }
 
-std::int32_t assign_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node) {
+std::int32_t claim_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node) {
   std::int32_t slot = table.count;
   if (free_slots.free > 0) {
     slot = claim_lowest(free_slots);
     assert(table.slots[slot] == released_slot());
   } else {
-    if (table.count == table.capacity) {
-      const std::int32_t refused = grow(table, free_slots);
-      if (refused < 0) return refused;
-    }
+    const std::int32_t refused = grow(table, free_slots);
+    if (refused < 0) return refused;
     ++table.count;
   }
   table.slots[slot] = node;

@@ -43,8 +43,17 @@ constexpr std::int32_t kTableFull = -2;
 bool open_node_table(NodeTable &table, FreeSlots &free_slots);
 void close_node_table(NodeTable &table, FreeSlots &free_slots);
 
-// The slot that now holds the node.
-std::int32_t assign_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node);
+// The slot that now holds the node: a free one below the count or, where there is none, one of a table that has
+// just grown.
+std::int32_t claim_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node);
+
+// The slot that now holds the node. The common case, the next slot behind all others, stands here for the same
+// reason as that of allocate_cell().
+inline std::int32_t assign_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node) {
+  if (free_slots.free > 0 || table.count == table.capacity) return claim_slot(table, free_slots, node);
+  table.slots[table.count] = node;
+  return table.count++;
+}
 
 // Makes a live slot free.
 void vacate_slot(NodeTable &table, FreeSlots &free_slots, std::int32_t slot);

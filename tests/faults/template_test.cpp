@@ -207,7 +207,7 @@ TEST(LongTemplate, IsDecodedWithoutATableOfNames) {
   std::string text;
   for (int i = 0; i < 100; ++i) text += "[ kmt_svc_scan S" + std::to_string(i) + " ] { } end\n";
   Scenario scenario = decoding(text);
-  scenario.dispensable = 2;
+  scenario.dispensable = 4;
   expect_whole_failures(scenario);
 }
 
