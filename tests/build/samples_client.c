@@ -1,0 +1,50 @@
+/* The sample code of jt.h, between two marks of its name each, as a C compiler takes it. What stands there for
+   a body of the reader's own counts here. */
+#include "build/samples_client.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+
+#include "jt.h"
+
+const char *jt_test_opening_sample(const char *text) {
+  // [opening]
+  jt_parser_space *session = jt_open_parsing_utility("my program");
+  int32_t job = jt_decode_template(session, text);
+  if (job == 0) puts(jt_last_api_error(session) ? jt_get_recent_error(session) : "the text is cut off");
+  // read and change it
+  char *result = jt_encode_template(session, job);
+  // [opening]
+  if (result != NULL) fputs(result, stdout);
+  const int written = result != NULL;
+  // [closing]
+  free(result);
+  jt_close_parsing_utility(session);
+  // [closing]
+  return written ? "written" : "refused";
+}
+
+int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service) {
+  int count = 0;
+  {
+    const char *const name = service;
+    // [invocations]
+    for (int32_t more = jt_first_invocation(s, job, name); more; more = jt_next_invocation(s, job, name)) {
+      // [invocations]
+      count += 100;
+    }
+  }
+  jt_first_invocation(s, job, service);
+  // [attributes]
+  for (char *name = jt_get_first_attribute_name(s, job, service); name != NULL;
+       free(name), name = jt_get_next_attribute_name(s, job, service)) {
+    // [attributes]
+    count += 10;
+  }
+  // [elements]
+  for (int32_t child = jt_first_child(s, job); child != 0; child = jt_next_sibling(s, child)) {
+    // [elements]
+    count += 1;
+  }
+  return count;
+}
