@@ -15,7 +15,7 @@
 /// ```
 ///
 /// One header, valid C11 and C++. Its chapters: handles and records; sessions, errors, texts; templates;
-/// values; services and invocations; reading attributes; changing attributes; statuses; elements. The last
+/// values; services and invocations; reading attributes; changing attributes; statuses; elements; catalogue. The last
 /// three chapters export what lies beneath these calls, reports, nodes and types, for tools that look closer;
 /// most clients never need them.
 
@@ -1185,6 +1185,51 @@ JT_API char *jt_element_status_text(jt_parser_space *space, int32_t element);
 /// \of_element
 /// \return The sum of the JT_ELEMENT_ numbers that hold; -1 on failure.
 JT_API int32_t jt_element_flags(jt_parser_space *space, int32_t element);
+
+/// \}
+
+// ---- Catalogue --------------------------------------------------------------------------------------------
+
+/// \defgroup catalogue Catalogue
+///
+/// What jt knows of services, types and names of values, as data: for editors, checkers and converters. All of
+/// it is constant, so these calls take no session, record nothing and may be made on any thread. A list is
+/// walked by number from 0 on, to the first null:
+///
+/// ```c
+/// for (int32_t i = 0; jt_catalogue_service(i) != NULL; ++i) ...
+/// ```
+/// \{
+
+/// The name of a service that templates can name and that has types of its own.
+///
+/// \param index  Which one, from 0 on. They have no order that means anything.
+/// \return Its name, the library's; null behind the last one and for a negative index.
+JT_API const char *jt_catalogue_service(int32_t index);
+
+/// The types that a service has of its own, or the built-in ones, which every service has beside them.
+///
+/// \param service_name  The service, one of those of jt_catalogue_service(), letters folded; null for the
+///                      built-in types.
+/// \param count         Where the number of types goes; may be null.
+/// \return The first of `count` rows, the library's, in the order of their names with letters folded. A row without
+/// operations is a kind of block, the service's own among them. Null, and 0 as the number, when there is no
+/// such service.
+JT_API const jt_type *jt_catalogue_types(const char *service_name, int32_t *count);
+
+/// A name that the enumerated types of a service accept, with its number. Of several names for one number
+/// jt_encode_value() tells which is written. All enumerated types of a service share one list: which of its names
+/// are meant for which type is not known.
+///
+/// \param service_name  The service, letters folded; null for the names of `kmt_enum_status`, `enum_units` and
+///                      `enum_systemidalgorithm`.
+/// \param index         Which one, from 0 on, in the order of the names with letters folded.
+/// \param number        Where its number goes; may be null. Set only when there is such a name.
+/// \return A new text; null behind the last one, for a negative index, when there is no such service or when it has no
+/// enumerated types, and without memory.
+/// \owner The caller: jt_destroy_value_string() or `free`.
+/// \cost O(its length).
+JT_API char *jt_catalogue_name(const char *service_name, int32_t index, uint32_t *number);
 
 /// \}
 

@@ -974,33 +974,10 @@ inline bool same_type_name(const char *a, const char *b) noexcept { return lower
 /// The types that a service has of its own, sorted by name: of one of the fourteen services of jt.h, any
 /// case; none for any other text. The service's own row, a kind of block without operations, is among them.
 inline std::span<const jt_type> types_of(const TextArgument &service) noexcept {
-  struct Table {
-    const char *service;
-    const jt_type *types;
-    const std::int32_t *count;
-  };
-  static constexpr std::array<Table, 14> kTables = {{
-      {"kmt_document", doc_type_tab, &MAX_DOC_TYPES},
-      {"kmt_dscrpt_metadata", metadata_type_tab, &MAX_METADATA_TYPES},
-      {"kmt_svc_desktop", desksvc_type_tab, &MAX_DESKTOP_TYPES},
-      {"kmt_svc_docman", docman_type_tab, &MAX_DOCMAN_TYPES},
-      {"kmt_svc_email", email_type_tab, &MAX_EMAIL_TYPES},
-      {"kmt_svc_fax", fax_type_tab, &MAX_FAX_TYPES},
-      {"kmt_svc_file", file_type_tab, &MAX_FILE_TYPES},
-      {"kmt_svc_general", gen_type_tab, &MAX_GEN_TYPES},
-      {"kmt_svc_notification", notif_type_tab, &MAX_NOTIF_TYPES},
-      {"kmt_svc_ocr", ocr_type_tab, &MAX_OCR_TYPES},
-      {"kmt_svc_paperware", ppware_type_tab, &MAX_PPWARE_TYPES},
-      {"kmt_svc_print", print_type_tab, &MAX_LPRNT_TYPES},
-      {"kmt_svc_scan", scan_type_tab, &MAX_SCAN_TYPES},
-      {"kmt_svc_validation", validation_type_tab, &MAX_VALIDATION_TYPES},
-  }};
-  if (service.problem() != nullptr) return {};
-  for (const Table &table : kTables) {
-    if (!detail::same_type_name(table.service, service.c_str())) continue;
-    return {table.types, static_cast<std::size_t>(*table.count)};
-  }
-  return {};
+  if (service.problem() != nullptr || service.c_str() == nullptr) return {};
+  std::int32_t count = 0;
+  const jt_type *const types = jt_catalogue_types(service.c_str(), &count);
+  return {types, static_cast<std::size_t>(count)};
 }
 
 /// \}

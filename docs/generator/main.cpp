@@ -35,8 +35,8 @@ int main(int argc, char **argv) {
     written &= write_whole(directory + "/pictures" + name + ".dot", jt_docs::draw(drawing));
     written &= write_whole(directory + "/tables" + name + ".md", jt_docs::tabulate(drawing));
   }
-  for (const jt_docs::Service &service : jt_docs::kServices) {
-    const std::string path = directory + "/catalogue/" + jt_docs::name_of(service) + ".md";
+  for (const jt_core::ServiceTypes &service : jt_core::services()) {
+    const std::string path = directory + "/catalogue/" + std::string(service.name) + ".md";
     written &= write_whole(path, jt_docs::write_service(service));
   }
   return written ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -402,6 +402,8 @@ const ValueFamily *family_in(const TypeTable &table, const jt_type *row) {
 
 std::span<const ServiceTypes> services() { return kServices; }
 
+const TypeTable &base_types() { return kBaseTable; }
+
 const jt_type *find_base_type(std::string_view name) { return find_entry(kBaseTable, name).type; }
 
 const TypeTable *find_service_table(std::string_view service_name) {

@@ -37,6 +37,9 @@ struct ServiceTypes {
 // The sixteen services in the order in which they are compared; those that are looked up come first.
 std::span<const ServiceTypes> services();
 
+// The built-in types, which every service has beside its own.
+const TypeTable &base_types();
+
 // A row of a table with what the library does with its values; both null when there is no such type.
 struct TypeEntry {
   const jt_type *type;

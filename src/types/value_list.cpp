@@ -4,14 +4,10 @@
 #include "base/text.h"
 
 namespace jt_core {
-namespace {
-
 std::string_view name_of_row(const ValueList &list, unsigned row) {
   const unsigned begin = list.begins[row];
   return {list.characters + begin, list.begins[row + 1] - begin};
 }
-
-}  // namespace
 
 bool find_number(const ValueList &list, std::string_view name, std::uint32_t &number) {
   for (std::uint32_t slot = name_hash(name);; ++slot) {

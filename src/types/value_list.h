@@ -17,7 +17,11 @@ struct ValueList {
   const std::uint16_t *written;  // by number: 1 + the row whose name is written for it, or 0
   std::uint16_t last_slot;       // the number of slots is a power of 2
   std::uint16_t number_end;
+  std::uint16_t rows;
 };
+
+// The name of a row, which is not terminated.
+std::string_view name_of_row(const ValueList &list, unsigned row);
 
 // Finds the number of a name, letters folded.
 bool find_number(const ValueList &list, std::string_view name, std::uint32_t &number);

@@ -68,13 +68,10 @@ struct PackedList {
   std::array<char, Characters> characters{};
 
   constexpr ValueList list() const {
-    return {characters.data(),
-            begins.data(),
-            numbers.data(),
-            slots.data(),
-            written.data(),
-            static_cast<std::uint16_t>(slots.size() - 1),
-            Numbers};
+    return {characters.data(), begins.data(),
+            numbers.data(),    slots.data(),
+            written.data(),    static_cast<std::uint16_t>(slots.size() - 1),
+            Numbers,           Rows};
   }
 
   consteval void add_row(std::size_t row, const NamedNumber &named) {

@@ -46,5 +46,10 @@ int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service) {
     // [elements]
     count += 1;
   }
+  // [catalogue]
+  for (int32_t i = 0; jt_catalogue_service(i) != NULL; ++i) {
+    // [catalogue]
+    count += 1000;
+  }
   return count;
 }

@@ -11,7 +11,8 @@ extern "C" {
 // Decodes and encodes a text, and prints what the sample prints. "written" or "refused".
 const char *jt_test_opening_sample(const char *text);
 
-// 100 for each invocation of the service, 10 for each attribute of its first one, 1 for each service.
+// 100 for each invocation of the service, 10 for each attribute of its first one, 1 for each service, 1000 for
+// each service of the catalogue.
 int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service);
 
 #ifdef __cplusplus
