@@ -4,12 +4,15 @@
 #include "base/memory.h"
 #include "tree/iteration.h"
 #include "tree/node.h"
+#include "tree/session.h"
 
 namespace jt_core {
 namespace {
 
-std::int32_t handle_of(const jt_node *node) {
-  return node != nullptr ? bookmark_to_opaque(node->bookmark) : 0;
+// 0 for a node of another session, whose handle means another node here.
+std::int32_t handle_of(const jt_parser_space *space, const jt_node *node) {
+  const bool ours = node != nullptr && holds_node(space->table, node->bookmark, node);
+  return ours ? bookmark_to_opaque(node->bookmark) : 0;
 }
 
 bool is_template(const jt_node &node) { return node.node_class == JT_NODE_TEMPLATE; }
@@ -65,17 +68,17 @@ int32_t jt_root(jt_parser_space *space, int32_t element) {
   if (!at) return 0;
   const jt_node *node = &at.element();
   while (const jt_node *const parent = jt_core::parent_of(*node)) node = parent;
-  return jt_core::handle_of(node);
+  return jt_core::handle_of(space, node);
 }
 
 int32_t jt_header(jt_parser_space *space, int32_t handle) {
   const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
-  return at ? jt_core::handle_of(jt_core::header_of(at.root())) : 0;
+  return at ? jt_core::handle_of(space, jt_core::header_of(at.root())) : 0;
 }
 
 int32_t jt_section(jt_parser_space *space, int32_t handle) {
   const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
-  return at ? jt_core::handle_of(at.root().next_sibling) : 0;
+  return at ? jt_core::handle_of(space, at.root().next_sibling) : 0;
 }
 
 char *jt_header_version(jt_parser_space *space, int32_t handle) {
@@ -90,24 +93,24 @@ char *jt_header_identifier(jt_parser_space *space, int32_t handle) {
 
 int32_t jt_parent(jt_parser_space *space, int32_t element) {
   const jt_core::Frame at = jt_core::in_element(space, element);
-  return at ? jt_core::handle_of(jt_core::parent_of(at.element())) : 0;
+  return at ? jt_core::handle_of(space, jt_core::parent_of(at.element())) : 0;
 }
 
 int32_t jt_first_child(jt_parser_space *space, int32_t element) {
   const jt_core::Frame at = jt_core::in_element(space, element);
-  return at ? jt_core::handle_of(jt_core::first_child_of(at.element())) : 0;
+  return at ? jt_core::handle_of(space, jt_core::first_child_of(at.element())) : 0;
 }
 
 // What has no parent stands in the ring of a template, or is loose.
 int32_t jt_next_sibling(jt_parser_space *space, int32_t element) {
   const jt_core::Frame at = jt_core::in_element(space, element);
-  return at && at.element().parent != nullptr ? jt_core::handle_of(at.element().next_sibling) : 0;
+  return at && at.element().parent != nullptr ? jt_core::handle_of(space, at.element().next_sibling) : 0;
 }
 
 int32_t jt_find_child(jt_parser_space *space, int32_t element, const char *name) {
   const jt_core::Frame at = jt_core::in_element(space, element);
   if (!at || jt_core::first_child_of(at.element()) == nullptr) return 0;
-  return jt_core::handle_of(get_child(space, &at.element(), name));
+  return jt_core::handle_of(space, get_child(space, &at.element(), name));
 }
 
 int32_t jt_element_kind(jt_parser_space *space, int32_t element) {

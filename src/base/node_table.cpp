@@ -55,7 +55,7 @@ bool reserve(NodeTable &table, FreeSlots &map, std::int32_t wanted) {
 std::int32_t grow(NodeTable &table, FreeSlots &map) {
   if (table.capacity >= map.reserved) {
     if (table.capacity > kMaxTable) return kTableFull;
-    if (!reserve(table, map, table.capacity * 2)) return kNoMemory;
+    if (!reserve(table, map, table.capacity * 2)) return kNoSlotMemory;
   }
   table.capacity += kTableStep;
   return 0;

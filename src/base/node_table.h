@@ -17,7 +17,7 @@ namespace jt_core {
 
 constexpr std::int32_t kTableStep = 512;
 
-// The stated fields of the table come first; they stand in the parser space right after its label.
+// The fields of the table that clients may rely on; they stand in the parser space right after its label.
 struct NodeTable {
   jt_node **slots;
   std::int32_t capacity;
@@ -36,7 +36,7 @@ struct FreeSlots {
 };
 
 // Answers of assign_slot() that are no slot.
-constexpr std::int32_t kNoMemory = -1;
+constexpr std::int32_t kNoSlotMemory = -1;
 constexpr std::int32_t kTableFull = -2;
 
 // Storage for the first 512 slots; false without memory.

@@ -16,7 +16,7 @@ std::int32_t assign_bookmark(jt_parser_space *space, jt_node *node) {
   if (space == nullptr) return -1;
   const std::int32_t slot = assign_slot(space->table, space->free_slots, node);
   if (slot >= 0) return slot;
-  if (slot == kNoMemory) report(space, message::kAllocation);
+  if (slot == kNoSlotMemory) report(space, message::kAllocation);
   report(space, message::kNoNodeTable);
   return -1;
 }

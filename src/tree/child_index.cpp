@@ -275,9 +275,8 @@ void enter(jt_node &parent, const jt_node &child, std::uint32_t hash, const jt_n
   if (probe.too_long) use_secret_hash(parent);
 }
 
-// A quarter full or more, so that the number of children can double before the index grows.
+// Between a quarter and half full.
 void build_index(jt_node &parent) {
-  drop_index(parent);
   std::uint32_t children = 0;
   std::uint32_t hash = 0;
   for (const jt_node *child = parent.first_child; child != nullptr; child = child->next_sibling) {
@@ -311,7 +310,7 @@ jt_node *find_in_list(jt_node &parent, Matches matches) {
   jt_node *child = parent.first_child;
   int passed = 0;
   for (; child != nullptr && !matches(*child); child = child->next_sibling) ++passed;
-  if (passed > kMaxUnindexed) build_index(parent);
+  if (passed > kMaxUnindexed && parent.index == nullptr) build_index(parent);
   return child;
 }
 

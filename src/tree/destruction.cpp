@@ -35,13 +35,32 @@ void unregister_and_release(jt_node *node) {
 // What becomes of foreign nodes: those of another session.
 enum class ForeignNodes { kReleased, kSpared };
 
-// The node or the first sibling behind it that is to be released.
+// A node outlives the parent and the siblings that it has.
+void leave_behind(jt_node &node) {
+  node.parent = node.previous_sibling = node.next_sibling = nullptr;
+  node.key_hash = name_hash(view_of(node.name));
+}
+
+// The node or the first sibling behind it that is to be released. Those before it are spared.
 template <ForeignNodes Which>
 jt_node *next_to_release(const jt_parser_space &space, jt_node *node) {
   if constexpr (Which == ForeignNodes::kSpared) {
-    while (node != nullptr && !is_live(space, *node)) node = node->next_sibling;
+    while (node != nullptr && !is_live(space, *node)) leave_behind(*std::exchange(node, node->next_sibling));
   }
   return node;
+}
+
+bool is_foreign(const jt_parser_space &space, const jt_node &node) { return &session_of(node) != &space; }
+
+// Parts the nodes of a session that goes from those of others that they hang below, or that hang below them.
+void part_from_foreign_nodes(jt_parser_space &space, jt_node &node) {
+  if (!is_header(node) && node.parent != nullptr && is_foreign(space, *node.parent)) unlink(space, node);
+  if (is_header_attribute(node)) return;
+  for (jt_node *child = node.first_child; child != nullptr;) {
+    jt_node *const next = child->next_sibling;
+    if (is_foreign(space, *child)) unlink(space, *child);
+    child = next;
+  }
 }
 
 // Post-order without a stack: goes down by the first child; after a release goes on with the next sibling or,
@@ -131,7 +150,11 @@ class TemplateTops {
     space_.linked_nodes = 0;
   }
 
+  // A top that has a parent hangs below a foreign node.
   void release_each() {
+    for (jt_node *node = first_; node != nullptr; node = node->cursor) {
+      if (!is_header(*node) && node->parent != nullptr) unlink(space_, *node);
+    }
     for (jt_node *node = first_; node != nullptr; node = node->cursor) {
       if (!is_header_attribute(*node)) release_below<ForeignNodes::kSpared>(space_, *node);
     }
@@ -156,6 +179,10 @@ jt_node *top_of(const jt_parser_space &space, jt_node *node) {
 }  // namespace
 
 void destroy_registered_nodes(jt_parser_space &space) {
+  for (std::int32_t slot = 0; space.bulk_release_unsafe && slot < space.table.count; ++slot) {
+    jt_node *const node = space.table.slots[slot];
+    if (node != released_slot()) part_from_foreign_nodes(space, *node);
+  }
   for (std::int32_t slot = 0; slot < space.table.count; ++slot) {
     jt_node *const node = space.table.slots[slot];
     if (node != released_slot()) release_node(space, node);

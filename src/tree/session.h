@@ -1,5 +1,5 @@
-// The parser space: the one record that a session owns, and with it all nodes. The stated fields come first
-// and in their order; the fields after them only serve speed. tests/tree/session_test.cpp holds the order,
+// The parser space: the one record that a session owns, and with it all nodes. The fields that clients may rely on come
+// first and in their order; those after them only serve speed. tests/tree/session_test.cpp holds the order,
 // and what opening and closing a session does.
 #ifndef JT_TREE_SESSION_H
 #define JT_TREE_SESSION_H

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 #include <numeric>
 #include <string_view>
@@ -83,11 +82,12 @@ bool Reference<Texts>::write(jt_parser_space * /*space*/, const ValueList * /*na
   return true;
 }
 
+// The factor keeps two equal texts from cancelling each other.
 template <std::size_t Texts>
 bool Reference<Texts>::hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash) {
   hash = 0;
   for (const std::string_view part : parts_of<Texts>(value)) {
-    hash = std::rotl(hash, 16) ^ hash_name(secret, part);
+    hash = hash * 2654435761U ^ hash_name(secret, part);
   }
   return true;
 }

@@ -40,7 +40,7 @@ struct ReadResult {
 
 constexpr ReadResult kRefusedText = {ReadStatus::kRefused, nullptr};
 
-// Refused for want of memory where the value is null.
+// kNoMemory where the value is null.
 constexpr ReadResult made_if_there(jt_value *value) {
   return {value != nullptr ? ReadStatus::kMade : ReadStatus::kNoMemory, value};
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "tree/child_index.h"
 #include "tree/session.h"
 #include "tree/tree_session.h"
+#include "types/type_tables.h"
 
 namespace jt_test {
 namespace {
@@ -79,6 +81,22 @@ TEST_F(CraftedKeys, OrdinaryNamesNeedNoSecret) {
   EXPECT_NE(get_child(space, parent, "Attribute99999"), nullptr);
   EXPECT_NE(get_child(space, parent, "Attribute0"), nullptr);
   EXPECT_FALSE(secret_is_used());
+}
+
+// Whatever the secret, a reference to "x:x" must not have a hash of its own kind.
+TEST(ReferenceHashes, OfTwoEqualTextsUseAllOfTheirBits) {
+  const jt_type &type = *get_type_from_services(nullptr, nullptr, "ref_invocation");
+  const jt_core::HashKey secret = {1, 2};
+  std::set<std::uint32_t> hashes;
+  for (int i = 0; i < 10'000; ++i) {
+    std::string text = std::to_string(i) + ":" + std::to_string(i);
+    jt_value *const value = type.eval(nullptr, text.data());
+    std::uint32_t hash = 0;
+    EXPECT_TRUE(jt_core::family_of(&type)->operations->hash(&secret, value, hash));
+    hashes.insert(hash);
+    type.kill(nullptr, value);
+  }
+  EXPECT_GT(hashes.size(), 9'990U);
 }
 
 // Numbers that the plain hash puts side by side, one in each slot: a run without gaps, although each is where
