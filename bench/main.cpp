@@ -7,6 +7,7 @@
 //   jt_bench --first LIBRARY FILE                     seconds of the first parse of a process
 #include <benchmark/benchmark.h>
 #include <malloc.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -104,7 +105,10 @@ int parse_first(const std::string &name, const char *path) {
 }
 
 void run_first(benchmark::State &state, const Task &task) {
-  const std::string path = std::filesystem::temp_directory_path() / "jt_bench.XXXXXX";
+  std::string path = std::filesystem::temp_directory_path() / "jt_bench.XXXXXX";
+  const int descriptor = mkstemp(path.data());
+  require(descriptor >= 0, "a file for the text");
+  close(descriptor);
   std::ofstream(path) << task.text;
   const std::string program = std::filesystem::read_symlink("/proc/self/exe");
   const std::string command = program + " --first '" + task.library->name + "' " + path;

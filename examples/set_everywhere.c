@@ -39,12 +39,19 @@ static int set_everywhere(jt_parser_space *session, int32_t job, const char *nam
   char *service = jt_get_first_service_name(session, job);
   while (service != NULL && is_done) {
     is_done = set_in_service(session, job, service, name, value);
-    jt_destroy_name(session, service);
+    free(service); /* jt_destroy_name() would clear the status of a refusal */
     service = is_done ? jt_get_next_service_name(session, job) : NULL;
   }
   return is_done;
 }
 /* [set everywhere] */
+
+/* Some refusals come without a message: the newest one may be of something else. */
+static const char *why_not(jt_parser_space *session, const char *text) {
+  if (text == NULL) return "cannot be read";
+  if (jt_last_api_error(session) != JT_OK) return jt_get_recent_error(session);
+  return "the text is cut off, or the value is none of its type";
+}
 
 /* One session for each file: its history then has no messages of another. */
 static int convert(const char *file, const char *name, const char *value) {
@@ -54,9 +61,8 @@ static int convert(const char *file, const char *name, const char *value) {
   const int32_t job = text != NULL ? jt_decode_template(session, text) : 0;
   char *result =
       job != 0 && set_everywhere(session, job, name, value) ? jt_encode_template(session, job) : NULL;
-  const char *error = result == NULL ? jt_get_recent_error(session) : NULL;
+  if (result == NULL) fprintf(stderr, "%s: %s\n", file, why_not(session, text));
   if (result != NULL) fputs(result, stdout);
-  if (result == NULL) fprintf(stderr, "%s: %s\n", file, error != NULL ? error : "refused");
   const int is_done = result != NULL;
   jt_destroy_value_string(session, result);
   jt_close_parsing_utility(session);

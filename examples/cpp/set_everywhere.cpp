@@ -23,8 +23,10 @@ int main(int argc, char **argv) {
   for (int i = 3; i < argc; ++i) {
     const auto text = read_file(argv[i]);
     const auto job = text ? convert(session, *text, argv) : jt::Error();
+    const char *const silent =
+        text ? "the text is cut off, or the value is none of its type" : "cannot be read";
     if (job) std::fputs(job->c_str(), stdout);
-    if (!job) status = fail(argv[i] + (": " + std::string(job.error().messages().newest_or("refused"))));
+    if (!job) status = fail(argv[i] + (": " + std::string(job.error().messages().newest_or(silent))));
   }
   return status;
 }

@@ -52,13 +52,21 @@ jt_node *next_to_release(const jt_parser_space &space, jt_node *node) {
 
 bool is_foreign(const jt_parser_space &space, const jt_node &node) { return &session_of(node) != &space; }
 
+// The parent does without its index, so that closing a session links nothing of the types into a program.
+void part_from_parent(jt_parser_space &space, jt_node &node) {
+  drop_index(*node.parent);
+  leave_list(space, node);
+  leave_behind(node);
+}
+
 // Parts the nodes of a session that goes from those of others that they hang below, or that hang below them.
 void part_from_foreign_nodes(jt_parser_space &space, jt_node &node) {
-  if (!is_header(node) && node.parent != nullptr && is_foreign(space, *node.parent)) unlink(space, node);
+  if (!is_header(node) && node.parent != nullptr && is_foreign(space, *node.parent))
+    part_from_parent(space, node);
   if (is_header_attribute(node)) return;
   for (jt_node *child = node.first_child; child != nullptr;) {
     jt_node *const next = child->next_sibling;
-    if (is_foreign(space, *child)) unlink(space, *child);
+    if (is_foreign(space, *child)) part_from_parent(space, *child);
     child = next;
   }
 }

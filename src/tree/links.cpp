@@ -26,15 +26,8 @@ void leave_siblings(jt_node &node) {
 }
 
 void leave_parent(jt_parser_space &space, jt_node &node) {
-  assert(space.linked_nodes > 0 || space.bulk_release_unsafe);
-  --space.linked_nodes;
-  jt_node &parent = *node.parent;
-  if (parent.index != nullptr) unindex_child(parent, node);
-  jt_node *const neighbour = node.previous_sibling != nullptr ? node.previous_sibling : node.next_sibling;
-  if (parent.cursor == &node) parent.cursor = neighbour;
-  if (parent.first_child == &node) parent.first_child = node.next_sibling;
-  if (parent.last_child == &node) parent.last_child = node.previous_sibling;
-  leave_siblings(node);
+  if (node.parent->index != nullptr) unindex_child(*node.parent, node);
+  leave_list(space, node);
 }
 
 // The header goes: its attributes and the template beside it no longer know one.
@@ -64,6 +57,17 @@ void unlink_template(jt_node &node) {
 }
 
 }  // namespace
+
+void leave_list(jt_parser_space &space, jt_node &node) {
+  assert(space.linked_nodes > 0 || space.bulk_release_unsafe);
+  --space.linked_nodes;
+  jt_node &parent = *node.parent;
+  jt_node *const neighbour = node.previous_sibling != nullptr ? node.previous_sibling : node.next_sibling;
+  if (parent.cursor == &node) parent.cursor = neighbour;
+  if (parent.first_child == &node) parent.first_child = node.next_sibling;
+  if (parent.last_child == &node) parent.last_child = node.previous_sibling;
+  leave_siblings(node);
+}
 
 void append_child(jt_parser_space &space, jt_node &parent, jt_node &child) {
   link_between(space, parent, parent.last_child, child, nullptr);

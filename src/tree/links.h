@@ -24,6 +24,9 @@ void insert_at_cursor(jt_parser_space &space, jt_node &parent, jt_node &child);
 // else to the one after it.
 void unlink(jt_parser_space &space, jt_node &node);
 
+// The same for a child whose parent has no index; its own links stay as they are.
+void leave_list(jt_parser_space &space, jt_node &node);
+
 // A cursor that has not started is put on the first child.
 void start_cursor(jt_node &parent);
 

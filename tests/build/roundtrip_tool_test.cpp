@@ -163,6 +163,14 @@ TEST(RoundTripTool, SaysWhyTheResultCannotBePrinted) {
   EXPECT_EQ(run.err, "jt-roundtrip: standard output: No space left on device\n");
 }
 
+TEST(RoundTripTool, SaysWhyItsHelpAndVersionCannotBePrinted) {
+  for (const char *option : {"--help >/dev/full", "--version >/dev/full"}) {
+    const ProgramRun run = tool_in_shell(option);
+    EXPECT_EQ(run.exit_status, 2) << option;
+    EXPECT_EQ(run.err, "jt-roundtrip: standard output: No space left on device\n") << option;
+  }
+}
+
 TEST(RoundTripTool, TellsItsVersion) {
   const ProgramRun run = tool({"--version"});
   EXPECT_EQ(run.exit_status, 0);

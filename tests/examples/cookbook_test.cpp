@@ -122,6 +122,18 @@ TEST(SetEverywhere, SaysWhichFileHasNoSuchValue) {
   EXPECT_EQ(run.out, "");
 }
 
+// Neither is reported by the library, and the messages of the decode before are not to blame.
+TEST(SetEverywhere, SaysWhatIsWrongWithoutAMessageOfTheLibrary) {
+  const std::string doubtful = JT_SOURCE_DIR "/examples/doubtful_values.sil";
+  EXPECT_EQ(run_client("set_everywhere", {"Copies", "", doubtful}).err,
+            doubtful + ": the text is cut off, or the value is none of its type\n");
+  const std::string cut_off = JT_SOURCE_DIR "/examples/rejected/end_marker_cut_off.sil";
+  EXPECT_EQ(run_client("set_everywhere", {"Copies", "1", cut_off}).err,
+            cut_off + ": the text is cut off, or the value is none of its type\n");
+  EXPECT_EQ(run_client("set_everywhere", {"Copies", "1", "/no/such/file"}).err,
+            "/no/such/file: cannot be read\n");
+}
+
 TEST(Annotate, WritesComments) {
   expect_output(run_client("annotate"), 0,
                 "[kmt_svc_scan Scanner]\n"

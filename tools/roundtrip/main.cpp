@@ -163,14 +163,12 @@ ExitStatus round_trip(const std::string &path) {
 }
 
 ExitStatus print_version() {
-  std::printf("jt-roundtrip %d.%d.%d\n", JT_VERSION_MAJOR, JT_VERSION_MINOR, JT_VERSION_PATCH);
-  return kNoDoubt;
+  const std::string version = std::to_string(JT_VERSION_MAJOR) + "." + std::to_string(JT_VERSION_MINOR) +
+                              "." + std::to_string(JT_VERSION_PATCH);
+  return print(("jt-roundtrip " + version + "\n").c_str()) ? kNoDoubt : kTrouble;
 }
 
-ExitStatus print_help() {
-  std::printf("%s%s", kUsage, kHelp);
-  return kNoDoubt;
-}
+ExitStatus print_help() { return print((std::string(kUsage) + kHelp).c_str()) ? kNoDoubt : kTrouble; }
 
 ExitStatus wrong_use(const std::string &about, std::string_view what) {
   say(about, what);
