@@ -16,6 +16,7 @@
 
 #include "base/keyed_hash.h"
 #include "jt.h"
+#include "types/remarks.h"
 #include "types/short_text.h"
 
 namespace jt_core {
@@ -25,6 +26,7 @@ namespace jt_core {
 // exactly once for each read or copy, after everything that can refuse the value.
 struct ValueSink {
   void *(*allocate)(ValueSink &sink, jt_parser_space *space, std::size_t bytes) = nullptr;
+  Remarks *remarks = nullptr;  // null: nobody
 };
 
 // Makes each value a block of its own.
