@@ -1,6 +1,7 @@
 // What the types have to remark on the texts of their values. A text is gone over once more for that, as the
 // reader itself does not keep where its numbers stood; all of it is called only when somebody listens, or when
-// a text is refused. tests/types/remarks_test.cpp has every remark of every type.
+// a text is refused, and stays out of line, so that readers stay small. tests/types/remarks_test.cpp has every
+// remark of every type.
 #ifndef JT_TYPES_VALUE_REMARKS_H
 #define JT_TYPES_VALUE_REMARKS_H
 
@@ -68,7 +69,7 @@ constexpr std::array<NumberRange, 2> kTimeRanges = {{{0, 23}, {0, 59}}};
 
 // A mode with percentages behind it, which is refused for one of them or because they are not as many as the
 // mode has; or, where it is none, for its name.
-constexpr std::size_t kNoMode = 3;
+constexpr std::size_t kNoMode = 3;  // percentages, which no mode has
 constexpr NumberRange kPercentage = {25, 400};
 [[gnu::noinline]] void remark_magnification(Reading reading, std::string_view text, std::size_t percentages);
 
