@@ -97,7 +97,9 @@ void SourceDecoder::tell_code(std::int32_t code, jt_range range) {
 }
 
 void SourceDecoder::tell_trouble(jt_range range) {
-  switch (decoder_.trouble) {
+  const Trouble trouble = decoder_.trouble;
+  decoder_.trouble = Trouble::kNone;
+  switch (trouble) {
     case Trouble::kOtherVersion:
       return tell_code(JT_FINDING_HEADER_VERSION, range);
     case Trouble::kOtherEncoding:
@@ -127,7 +129,7 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
     }
     finding.severity = entry.refused ? JT_SEVERITY_LOSS : code.severity_when_kept;
     finding.type = decoder_.top->type->name;
-    if (entry.remark == Remark::kNoSuchName) {
+    if (entry.remark == Remark::kUnknownName) {
       finding.candidates = JT_CANDIDATES_NAMES;
       finding.scope = service_of_names(decoder_.family);
     }

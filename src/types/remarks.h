@@ -24,7 +24,7 @@ enum class Remark : std::uint8_t {
   kTail,         // Text behind the value is passed over. That text.
   kEmptyNumber,  // No digit where a number belongs: read as 0. The place: a sign, a point, or empty.
   kImpossible,   // A date or time that no calendar has, as it is kept. The field to blame.
-  kNoSuchName,   // A name that the list does not know, or that is none of those that may stand there: kept or
+  kUnknownName,  // A name that the list does not know, or that is none of those that may stand there: kept or
                  // refused. The name.
   kRounded       // A real will be written back as another number than was written. The whole number.
 };
