@@ -48,14 +48,16 @@ constexpr std::uint64_t one_of_states(std::initializer_list<State> states) {
 }
 static_assert(kStateCount < 64);
 
-// The encoder puts the comments of a block, and those of an attribute's values, in front of the first one.
+// The encoder puts the comments of a block, and those of an attribute's values, in front of the first one, and
+// those of a header in front of the header.
 constexpr std::uint64_t kPlacesOfComments =
-    one_of_states({State::kFirstValue, State::kInInvocation, State::kInService, State::kBetweenServices,
-                   State::kHeaderSaved, State::kSectionContent});
+    one_of_states({State::kHeaderBegin, State::kFirstValue, State::kInInvocation, State::kInService,
+                   State::kBetweenServices, State::kSectionContent});
 
 // Whether a comment that stands before the next token is written back where it stands.
 bool keeps_comments(const Decoder &decoder, State state) {
-  return (kPlacesOfComments >> static_cast<unsigned>(state) & 1U) != 0 && decoder.top->first_child == nullptr;
+  const bool is_place = (kPlacesOfComments >> static_cast<unsigned>(state) & 1U) != 0;
+  return is_place && decoder.top->first_child == nullptr && !is_header(*decoder.top);
 }
 
 const char *end_of_comment(const char *at, const char *end) {
