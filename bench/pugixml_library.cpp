@@ -30,7 +30,9 @@ class Pugixml : public Library {
   }
 
   std::string_view save() override {
-    text_ = save_xml(*document_);
+    StringWriter writer;
+    document_->save(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    text_ = std::move(writer.text);
     return text_;
   }
 
@@ -60,19 +62,17 @@ struct Value {
 };
 
 // Every other type is an enumeration.
-const std::unordered_map<std::string_view, Kind> kKinds = {
-    {"boolean", Kind::kBoolean},
-    {"integer", Kind::kInteger},
-    {"real", Kind::kReal},
-    {"ref_collection", Kind::kReference},
-    {"ref_invocation", Kind::kReference},
-    {"string", Kind::kString},
-    {"struct_gutter", Kind::kStructure},
-    {"struct_magnification", Kind::kStructure},
-    {"struct_rectangle", Kind::kStructure},
-    {"struct_timeofday", Kind::kStructure},
-    {"timestamp", Kind::kStructure},
-};
+const std::unordered_map<std::string_view, Kind> kKinds = {{"boolean", Kind::kBoolean},
+                                                           {"integer", Kind::kInteger},
+                                                           {"real", Kind::kReal},
+                                                           {"ref_collection", Kind::kReference},
+                                                           {"ref_invocation", Kind::kReference},
+                                                           {"string", Kind::kString},
+                                                           {"struct_gutter", Kind::kStructure},
+                                                           {"struct_magnification", Kind::kStructure},
+                                                           {"struct_rectangle", Kind::kStructure},
+                                                           {"struct_timeofday", Kind::kStructure},
+                                                           {"timestamp", Kind::kStructure}};
 
 struct TextHash : std::hash<std::string_view> {
   using is_transparent = void;
@@ -92,9 +92,8 @@ const Names kNames = [] {
 
 bool convert_name(std::string_view text, std::int32_t &number) {
   const auto found = kNames.find(text);
-  if (found == kNames.end()) return false;
-  number = found->second;
-  return true;
+  number = found == kNames.end() ? -1 : found->second;
+  return number >= 0;
 }
 
 // All structures are numbers or names between slashes; the time of day has a colon.
@@ -179,11 +178,5 @@ class ConvertingPugixml : public Pugixml {
 std::unique_ptr<Library> make_pugixml() { return std::make_unique<Pugixml>(); }
 
 std::unique_ptr<Library> make_converting_pugixml() { return std::make_unique<ConvertingPugixml>(); }
-
-std::string save_xml(const pugi::xml_document &document) {
-  StringWriter writer;
-  document.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
-  return std::move(writer.text);
-}
 
 }  // namespace bench
