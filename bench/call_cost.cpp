@@ -100,11 +100,10 @@ Run::Run(const Row &row, std::size_t all) : Row(row), count(all) {
   require(jt_add_service(space, job, "kmt_svc_scan", kScan) == 1, "adding a service");
   require(jt_add_invocation(space, job, kScan) == 1, "adding an invocation");
   if (kind->type == nullptr) return;
-  require(jt_set_invocation_name(space, job, kScan, "first") == 1, "naming the invocation");
   require(jt_add_attribute(space, job, kScan, kind->type, kValues) == 1, "adding an attribute");
   jt_set_attribute_non_compulsory(space, job, kScan, kValues);
-  jt_node *const service = get_child(space, opaque_to_node(space, job), kScan);
-  attribute = get_child(space, get_child(space, service, "first"), kValues);
+  const int32_t invocation = jt_first_child(space, jt_find_child(space, job, kScan));
+  attribute = opaque_to_node(space, jt_find_child(space, invocation, kValues));
   type = jt_get_type(space, kind->type, JT_NODE_VALUE, attribute);
 }
 
