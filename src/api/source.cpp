@@ -5,6 +5,7 @@
 
 #include "api/frame.h"
 #include "sil/source.h"
+#include "sil/template_check.h"
 #include "tree/node.h"
 #include "tree/session.h"
 
@@ -61,6 +62,13 @@ int32_t jt_check_source(jt_parser_space *space, const char *text, size_t size,
   jt_core::SourceDecoder decoder(*session.get(), teller, jt_core::options_from(options),
                                  jt_core::SourceDecoder::Purpose::kCheck);
   return decoder.run(&session.get()->errors) != nullptr ? 1 : 0;
+}
+
+int32_t jt_check_template(jt_parser_space *space, int32_t handle, const jt_listener *listener) {
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
+  if (!at) return 0;
+  jt_core::Teller teller(*space, {}, listener);
+  return jt_core::check_template(*space, at.root(), teller) ? 1 : 0;
 }
 
 }  // extern "C"
