@@ -162,12 +162,6 @@ Token look_at_token(SilCursor &cursor) { return next_token<Bounded>(nullptr, cur
 
 void restore_token(SilCursor &cursor) { cursor.position = cursor.mark; }
 
-char *writable_text(SilCursor &cursor, const Token &token) {
-  std::memmove(cursor.buffer.data(), token.text.data(), token.text.size());
-  cursor.buffer[token.text.size()] = '\0';
-  return cursor.buffer.data();
-}
-
 std::string_view text_from(const SilCursor &cursor, const char *at) {
   if (cursor.end == nullptr) return beginning_of(at);
   constexpr std::size_t kMost = JT_MESSAGE_SIZE;

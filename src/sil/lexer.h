@@ -114,9 +114,6 @@ struct Bounded {
 // Makes the next call read the last token again.
 void restore_token(SilCursor &cursor);
 
-// The text of the last token, terminated, where the caller may write into it until the next call.
-char *writable_text(SilCursor &cursor, const Token &token);
-
 // The text from a place on, and from so many characters before the current position, as far as a report shows
 // it.
 std::string_view text_from(const SilCursor &cursor, const char *at);
