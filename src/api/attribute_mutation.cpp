@@ -97,7 +97,7 @@ jt_node *find_overridable(jt_parser_space *space, const Frame &at, const char *a
   return stored;
 }
 
-// The text of a value, which may have none; false without memory for it.
+// The text of a stored value, which may have none; false without memory for it.
 bool copy_text_of(jt_parser_space *space, const jt_type &type, const jt_value *value, char *&copy) {
   const ValueFamily *const family = family_of(&type);
   if (family == nullptr) {
@@ -106,7 +106,7 @@ bool copy_text_of(jt_parser_space *space, const jt_type &type, const jt_value *v
   }
   ValueText text;
   copy = nullptr;
-  if (value == nullptr || !family->write(space, value, text)) return true;
+  if (!family->write(space, value, text)) return true;
   copy = family->operations->copy_text(space, text);
   return copy != nullptr;
 }

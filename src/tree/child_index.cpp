@@ -92,7 +92,7 @@ bool hash_key(const HashKey *secret, const Key &key, std::uint32_t &hash) {
     return true;
   }
   const ValueFamily *const family = family_of(key.type);
-  return family != nullptr && key.value != nullptr && family->operations->hash(secret, key.value, hash);
+  return family != nullptr && family->operations->hash(secret, key.value, hash);
 }
 
 const HashKey &secret_of(jt_parser_space &space) {
@@ -130,10 +130,8 @@ ChildIndex *open_index(std::uint32_t slots) {
 }
 
 bool open_places(ChildIndex &index) {
-  if (index.places == nullptr) {
-    index.places = static_cast<SiblingPlace *>(
-        std::calloc(max_entries(index.mask) + std::size_t{1}, sizeof(SiblingPlace)));
-  }
+  index.places = static_cast<SiblingPlace *>(
+      std::calloc(max_entries(index.mask) + std::size_t{1}, sizeof(SiblingPlace)));
   return index.places != nullptr;
 }
 

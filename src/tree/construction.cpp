@@ -86,8 +86,9 @@ jt_node *make_untyped_value_node(jt_parser_space &space, std::string_view text) 
 }
 
 ValueResult make_known_value_node(jt_parser_space &space, const jt_type *type, const ValueFamily &family,
-                                  std::string_view text) {
+                                  std::string_view text, Remarks *remarks) {
   NodeSink sink;
+  sink.remarks = remarks;
   const ReadResult read = family.read(&space, text, sink);
   if (read.status == ReadStatus::kMade) {
     return result_of(make_node_of_sink(space, sink, type, read.value, text));
@@ -164,10 +165,10 @@ jt_node *make_header_attribute(jt_parser_space &space, std::string_view name, st
 }
 
 ValueResult make_value_node(jt_parser_space &space, const jt_type *type, const ValueFamily *family,
-                            std::string_view text) {
+                            std::string_view text, Remarks *remarks) {
   if (type == unknown_type()) return result_of(make_untyped_value_node(space, text));
   if (family == nullptr) return {CreateStatus::kRefused, nullptr};
-  return make_known_value_node(space, type, *family, text);
+  return make_known_value_node(space, type, *family, text, remarks);
 }
 
 }  // namespace jt_core

@@ -69,7 +69,7 @@ void *allocate_behind_node(ValueSink &sink, jt_parser_space *space, std::size_t 
 
 }  // namespace
 
-NodeSink::NodeSink() : ValueSink{allocate_behind_node} {}
+NodeSink::NodeSink() : ValueSink{allocate_behind_node, nullptr} {}
 
 void set_owns_heap_blocks(jt_node &node) {
   node.owns_heap_blocks = true;

@@ -9,7 +9,9 @@
 
 namespace jt_core {
 
-ErrorStore &errors_of(jt_parser_space &space) { return space.errors; }
+ErrorStore &errors_of(jt_parser_space &space) {
+  return space.reports != nullptr ? *space.reports : space.errors;
+}
 
 // Arenas are only ever parts of sessions.
 jt_parser_space &session_of_cell(const void *cell) {

@@ -21,7 +21,9 @@ struct jt_parser_space {
   std::int32_t linked_nodes;  // nodes that hang below another
   jt_core::HashKey hash_key;  // made when it is first wanted
   bool has_hash_key;
-  bool bulk_release_unsafe;  // there is, or was, a node of another session or a value of a client's type
+  jt_core::ErrorStore *reports;  // where reports go; null: to its own errors
+  bool is_listened_to;           // a listener is being called
+  bool bulk_release_unsafe;      // there is, or was, a node of another session or a value of a client's type
 };
 
 namespace jt_core {

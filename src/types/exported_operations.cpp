@@ -30,7 +30,7 @@ std::int32_t compare_values(const ValueFamily &family, const jt_value *a, const 
 }
 
 std::int32_t kill_value(const ValueFamily &family, jt_parser_space *space, jt_value *value) {
-  if (value == nullptr && family.operations->null_to_kill != nullptr) {
+  if (value == nullptr) {
     report(space, family.operations->null_to_kill);
     return 0;
   }

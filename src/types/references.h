@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/messages.h"
 #include "jt.h"
 #include "types/type_operations.h"
 #include "types/value_family.h"

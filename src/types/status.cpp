@@ -30,7 +30,7 @@ constexpr std::size_t kShared = kBaseNumberEnd + 1;
 constexpr std::array<SharedStatus, kShared> kSharedStatuses = [] {
   std::array<SharedStatus, kShared> statuses{};
   for (std::uint32_t number = 0; number < kBaseNumberEnd; ++number) statuses[number].number = number;
-  statuses.back().number = kUnknownName;
+  statuses.back().number = kUnknownNameMarker;
   return statuses;
 }();
 
@@ -56,7 +56,7 @@ bool is_shared_status(const jt_status *status) {
 }
 
 const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number) {
-  if (number == kUnknownName) return shared_status(kShared - 1);
+  if (number == kUnknownNameMarker) return shared_status(kShared - 1);
   if (number < kBaseNumberEnd) return shared_status(number);
   ValueSink sink = heap_sink();
   return as_status(store_value(space, sink, &number, sizeof(number)));

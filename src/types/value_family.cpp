@@ -13,7 +13,7 @@ void *allocate_block(ValueSink & /*sink*/, jt_parser_space *space, std::size_t b
 
 }  // namespace
 
-ValueSink heap_sink() { return {allocate_block}; }
+ValueSink heap_sink() { return {allocate_block, nullptr}; }
 
 jt_value *store_text(jt_parser_space *space, ValueSink &sink, std::string_view text) {
   auto *const storage = static_cast<char *>(sink.allocate(sink, space, text.size() + 1));

@@ -16,15 +16,18 @@
 
 #include "base/keyed_hash.h"
 #include "jt.h"
+#include "types/remarks.h"
 #include "types/short_text.h"
 
 namespace jt_core {
 
 // Where the storage of one value comes from: a block of the heap, or the cell of the node that is made for
 // it. `allocate` gives storage that is not initialised, or null after "allocation error". It is called
-// exactly once for each read or copy, after everything that can refuse the value.
+// exactly once for each read or copy, after everything that can refuse the value. And who is told what a read
+// has to remark on the text.
 struct ValueSink {
   void *(*allocate)(ValueSink &sink, jt_parser_space *space, std::size_t bytes) = nullptr;
+  Remarks *remarks = nullptr;  // null: nobody
 };
 
 // Makes each value a block of its own.
