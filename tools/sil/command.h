@@ -47,7 +47,7 @@ struct Command {
   std::size_t fewest;         // of operands
   std::size_t most;
   std::string_view summary;  // a line
-  std::string_view text;     // what there is to know beyond that: lines of the help
+  std::string_view text;     // what there is to know beyond that, in sentences
   std::span<const Option> options;
   Example examples[2];
   ExitStatus (*run)(const Arguments &, Output &);
@@ -61,7 +61,7 @@ std::span<const Command *const> commands();
 /// What every command takes, and those that read a file.
 std::span<const Option> common_options();
 
-extern const Command kShow, kReport, kGet, kDiff, kJson, kFromJson, kTypes;
+extern const Command kShow, kReport, kGet, kDiff, kJson, kFromJson, kTypes, kExplain;
 
 /// The lines of `sil --help`, and of a command's.
 std::string help();

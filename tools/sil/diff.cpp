@@ -63,9 +63,9 @@ const Command kDiff = {
     2,
     2,
     "print what differs between two templates as jobs",
-    "+ is in B only, - in A only, ~ in both with another value. Named elements are matched by\n"
-    "name, unnamed invocations and values by order; layout, comments and the case of names\n"
-    "do not count. A value is what the device keeps: 09:05 is 9:5.\n",
+    "+ is in B only, - in A only, ~ in both with another value. Named elements are matched by "
+    "name, unnamed invocations and values by order; layout, comments and the case of names "
+    "do not count. A value is what the device keeps: 09:05 is 9:5.",
     kOptions,
     {{"sil diff sent.sil returned.sil", "what the device changed"},
      {"sil diff --json a.sil b.sil | jq length", "how many differences"}},

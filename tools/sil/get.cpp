@@ -133,18 +133,17 @@ ExitStatus run_get(const Arguments &arguments, Output &output) {
 
 }  // namespace
 
-const Command kGet = {
-    "get",
-    "FILE PATH",
-    2,
-    2,
-    "print the values at a path, one a line",
-    "Without quotes and escapes. A path is 'SERVICE/INVOCATION/ATTRIBUTE'; * is any,\n"
-    "S//A the only unnamed invocation, #2 the second one, A[2] the second value, and\n"
-    "@type, @status, @status-text, @compulsory, @comment follow an element. More: sil(1).\n",
-    kOptions,
-    {{"sil get job.sil 'Scanner/Letter/Copies'", "how many"},
-     {"sil get job.sil '*/*@status'", "how each invocation went"}},
-    run_get};
+const Command kGet = {"get",
+                      "FILE PATH",
+                      2,
+                      2,
+                      "print the values at a path, one a line",
+                      "Without quotes and escapes. A path is 'SERVICE/INVOCATION/ATTRIBUTE'; * is any, "
+                      "S//A the only unnamed invocation, #2 the second one, A[2] the second value, and "
+                      "@type, @status, @status-text, @compulsory, @comment follow an element. More: sil(1).",
+                      kOptions,
+                      {{"sil get job.sil 'Scanner/Letter/Copies'", "how many"},
+                       {"sil get job.sil '*/*@status'", "how each invocation went"}},
+                      run_get};
 
 }  // namespace sil

@@ -17,6 +17,18 @@ void pad(std::string &line, std::size_t width) {
   line += std::string(std::max(line.size() + 2, width) - line.size(), ' ');
 }
 
+// In lines that a terminal shows whole.
+std::string wrapped(std::string_view text) {
+  constexpr std::size_t kWidth = 79;
+  std::string lines;
+  while (text.size() > kWidth) {
+    const std::size_t end = text.rfind(' ', kWidth);
+    lines.append(text.substr(0, end)).append("\n");
+    text.remove_prefix(end + 1);
+  }
+  return lines.append(text).append("\n");
+}
+
 std::string line_of(const Option &option) {
   std::string line = "  ";
   if (!option.letter.empty()) line.append(option.letter).append(", ");
@@ -44,7 +56,7 @@ std::string help_of(const Command &command) {
   std::string text = "usage: sil " + std::string(command.name) + " [OPTION...]";
   if (!command.operands.empty()) text.append(" ").append(command.operands);
   text.append("\n\n").append(command.summary).append("\n");
-  text.append(command.text).append("\n");
+  text.append(wrapped(command.text)).append("\n");
   for (const Option &option : command.options) text += line_of(option);
   for (const Option &option : common_options()) text += line_of(option);
   text += "\nexamples:\n";

@@ -45,9 +45,9 @@ const Command kJson = {
     1,
     1,
     "print a template as JSON",
-    "Arrays, since order matters; sil.schema.json says its shape. Numbers and truth are\n"
-    "JSON's own, other values texts as the device keeps them. A file with losses gives its\n"
-    "JSON, and exit status 1.\n",
+    "Arrays, since order matters; sil.schema.json says its shape. Numbers and truth are "
+    "JSON's own, other values texts as the device keeps them. A file with losses gives its "
+    "JSON, and exit status 1.",
     kJsonOptions,
     {{"sil json job.sil | jq '.services[].name'", "the names of all services"},
      {"sil json --redact job.sil >report.json", "to show to strangers"}},
@@ -59,8 +59,8 @@ const Command kFromJson = {
     1,
     1,
     "write the template that JSON says",
-    "Takes what sil json prints. What cannot be a template, and what would not be read back\n"
-    "as it is given, is said with its JSON pointer, and nothing is written.\n",
+    "Takes what sil json prints. What cannot be a template, and what would not be read back "
+    "as it is given, is said with its JSON pointer, and nothing is written.",
     kFromJsonOptions,
     {{"sil from-json job.json >job.sil", "back to SIL"},
      {"sil json a.sil | sil from-json -", "a.sil without its layout"}},

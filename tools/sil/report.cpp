@@ -164,9 +164,9 @@ const Command kReport = {
     1,
     kAnyNumber,
     "print how jobs went: the statuses of templates that came back",
-    "What completed, failed, was overridden (with the value before and now) or ignored, and\n"
-    "the texts behind statuses; in the end how many of each. FILE may be a folder. Exit\n"
-    "status 1 where something failed.\n",
+    "What completed, failed, was overridden (with the value before and now) or ignored, and "
+    "the texts behind statuses; in the end how many of each. FILE may be a folder. Exit "
+    "status 1 where something failed.",
     kOptions,
     {{"sil report returned.sil", "how it went"}, {"sil report --json jobs/ | jq .summary", "how all went"}},
     run_report};

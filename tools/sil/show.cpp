@@ -53,8 +53,8 @@ const Command kShow = {"show",
                        1,
                        2,
                        "show a template, or what is at a path of it, as a tree",
-                       "Names, types, stars (*), values, statuses and comments. A path is\n"
-                       "'SERVICE/INVOCATION/ATTRIBUTE', see sil(1).\n",
+                       "Names, types, stars (*), values, statuses and comments. A path is "
+                       "'SERVICE/INVOCATION/ATTRIBUTE'.",
                        kOptions,
                        {{"sil show job.sil Scanner", "what is to be scanned, and how"},
                         {"sil show --paths job.sil | grep Copies", "where copies are counted"}},

@@ -128,9 +128,9 @@ const Command kTypes = {
     0,
     2,
     "list the services, the types of a service, or the names of a type",
-    "\"built-in\" in place of a service stands for the types that every service has beside its\n"
-    "own. All enumerated types of a service share one list of names: which of them fit which\n"
-    "type is not known.\n",
+    "\"built-in\" in place of a service stands for the types that every service has beside its "
+    "own. All enumerated types of a service share one list of names: which of them fit which "
+    "type is not known.",
     kOptions,
     {{"sil types kmt_svc_scan", "what a scan can be told"},
      {"sil types kmt_svc_scan enum_mediasize", "the names of sizes"}},
