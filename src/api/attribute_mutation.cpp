@@ -125,11 +125,7 @@ std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node 
     attribute.type->kill(space, copy);
     return 0;
   }
-  unindex_child(attribute, stored);
-  release_value(*space, stored);
-  stored.value = copy;
-  set_owns_heap_blocks(stored);
-  index_child(attribute, stored);
+  replace_value(*space, attribute, stored, copy);
   release_text(attribute, attribute.overridden_value);
   attribute.overridden_value = replaced;
   set_owns_heap_blocks(attribute);

@@ -18,7 +18,6 @@
 namespace jt_core::action {
 namespace {
 
-constexpr std::size_t kMaxName = JT_MAX_TOKEN_LENGTH - 1;
 constexpr std::size_t kMaxValue = JT_MAX_TOKEN_LENGTH;
 
 Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Outcome::kRefused; }

@@ -8,8 +8,6 @@
 namespace jt_core {
 namespace {
 
-constexpr std::size_t kMaxComment = JT_MAX_TOKEN_LENGTH - 1;
-
 static_assert(kPunctuationBytes.size() == static_cast<std::size_t>(TokenKind::kBar) + 1);
 
 constexpr Token kErrorToken = {TokenKind::kError, {}};
@@ -110,8 +108,6 @@ class WordReader {
   std::size_t length_ = 0;
   bool quoted_ = false;
 };
-
-bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
 
 }  // namespace
 

@@ -53,6 +53,12 @@ struct Token {
 constexpr std::size_t kMaxTokenText = 2047;
 constexpr std::size_t kMaxQuoted = JT_MAX_TOKEN_LENGTH + 1;
 
+// Lengths that a text may not exceed, a comment's with its "#".
+constexpr std::size_t kMaxName = JT_MAX_TOKEN_LENGTH - 1;
+constexpr std::size_t kMaxComment = JT_MAX_TOKEN_LENGTH - 1;
+
+constexpr bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
+
 struct SilCursor {
   const char *position;  // the next unread character
   const char *mark;      // where the last call began

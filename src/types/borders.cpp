@@ -7,6 +7,7 @@
 
 #include "base/error_store.h"
 #include "types/enumeration.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
@@ -16,10 +17,6 @@ namespace jt_core {
 namespace {
 
 constexpr char kSeparator = '/';
-
-constexpr WarningLimits kLimits = {{{unit::kMm, 50, message::kBordersRangeMm},
-                                    {unit::kIn, 200, message::kBordersRangeIn},
-                                    {unit::kMil, 2000, message::kBordersRangeMil}}};
 
 // Which margins of the first side change places to become the second.
 struct Flip {
@@ -56,7 +53,7 @@ bool read_side(jt_parser_space *space, std::string_view text, std::string_view &
   }
   const std::string_view unit_name = rest.substr(0, rest.find(kSeparator));
   rest.remove_prefix(unit_name.size());
-  return read_unit(space, kLimits, unit_name, side.margins, side.unit);
+  return read_unit(space, kBordersLimits, unit_name, side.margins, side.unit);
 }
 
 bool add_side(jt_parser_space *space, const Borders::Side &side, ShortText &text) {

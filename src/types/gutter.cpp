@@ -4,19 +4,12 @@
 
 #include "base/error_store.h"
 #include "types/exported_operations.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
-#include "types/value_lists.h"
 
 namespace jt_core {
-namespace {
-
-constexpr WarningLimits kLimits = {{{unit::kMm, 25, message::kGutterRangeMm},
-                                    {unit::kIn, 100, message::kGutterRangeIn},
-                                    {unit::kMil, 1000, message::kGutterRangeMil}}};
-
-}  // namespace
 
 bool Gutter::parse(jt_parser_space *space, std::string_view text, Value &value) {
   std::string_view rest = text;
@@ -24,7 +17,7 @@ bool Gutter::parse(jt_parser_space *space, std::string_view text, Value &value) 
     return refuse_value(space, "struct_gutter", text);
   }
   const std::array widths = {value.first_width, value.second_width};
-  return read_unit(space, kLimits, rest, widths, value.unit);
+  return read_unit(space, kGutterLimits, rest, widths, value.unit);
 }
 
 bool Gutter::format(jt_parser_space *space, const Value &value, ShortText &text) {

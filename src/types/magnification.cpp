@@ -8,6 +8,7 @@
 
 #include "base/error_store.h"
 #include "types/enumeration.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/value_lists.h"
@@ -16,8 +17,6 @@ namespace jt_core {
 namespace {
 
 constexpr char kSeparator = '/';
-constexpr std::int32_t kMin = 25;
-constexpr std::int32_t kMax = 400;
 
 struct Mode {
   std::int32_t number;
@@ -51,7 +50,9 @@ bool read_percentages(std::string_view text, Percentages &percentages) {
   return text.empty();
 }
 
-bool is_in_range(std::int32_t percentage) { return percentage >= kMin && percentage <= kMax; }
+bool is_in_range(std::int32_t percentage) {
+  return percentage >= kLeastPercentage && percentage <= kMostPercentage;
+}
 
 }  // namespace
 

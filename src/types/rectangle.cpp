@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/error_store.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
@@ -15,18 +16,7 @@ namespace {
 
 constexpr std::string_view kTypeName = "struct_rectangle";
 
-// All inclusive. A position may reach as far as a size.
-struct Limit {
-  std::int32_t unit;
-  std::int32_t most_across;  // x and width
-  std::int32_t most_down;    // y and height
-  std::int32_t least_size;
-};
-
-constexpr std::array<Limit, 3> kLimits = {
-    {{unit::kMm, 350, 500, 25}, {unit::kIn, 1400, 2000, 100}, {unit::kMil, 14000, 20000, 1000}}};
-
-bool is_within(const Rectangle::Value &value, const Limit &limit) {
+bool is_within(const Rectangle::Value &value, const RectangleLimit &limit) {
   return value.x <= limit.most_across && value.y <= limit.most_down && value.width >= limit.least_size &&
          value.width <= limit.most_across && value.height >= limit.least_size &&
          value.height <= limit.most_down;
@@ -48,7 +38,7 @@ bool Rectangle::parse(jt_parser_space *space, std::string_view text, Value &valu
     return false;
   }
   value.unit = static_cast<std::int32_t>(unit);
-  const Limit *const limit = find_limit(kLimits, value.unit);
+  const RectangleLimit *const limit = find_limit(kRectangleLimits, value.unit);
   if (limit == nullptr) return false;
   if (is_within(value, *limit)) return true;
   report(space, message::kRectangleRange);

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "base/text.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 
 namespace jt_core {
@@ -136,8 +137,6 @@ std::int32_t Timestamp::order(const Value &a, const Value &b) {
 }
 
 bool TimeOfDay::parse(jt_parser_space *space, std::string_view text, Value &value) {
-  constexpr std::int32_t kLastHour = 23;
-  constexpr std::int32_t kLastMinute = 59;
   std::string_view rest = text;
   if (!read_field(rest, ':', value.hour)) return refuse_value(space, "struct_timeofday", text);
   value.minute = read_number(rest);
