@@ -4,7 +4,13 @@
 # may be moved.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS jt_static jt_shared jt_cpp EXPORT jt_targets
+set(jt_usual jt::static)
+set(jt_libraries jt_static jt_cpp)
+if(TARGET jt_shared)
+  set(jt_usual jt::shared)
+  list(APPEND jt_libraries jt_shared)
+endif()
+install(TARGETS ${jt_libraries} EXPORT jt_targets
         ARCHIVE COMPONENT development
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ TYPE INCLUDE COMPONENT development)

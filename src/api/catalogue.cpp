@@ -64,9 +64,9 @@ int32_t jt_catalogue_is_written(const char *service_name, int32_t index) {
 
 const char *jt_catalogue_form(const jt_type *type) { return jt_core::form_of(type); }
 
-int32_t jt_catalogue_range(const jt_type *type, int32_t index, jt_range *range) {
+int32_t jt_catalogue_range(const jt_type *type, int32_t index, jt_value_range *range) {
   if (range == nullptr || index < 0) return 0;
-  jt_range found{};
+  jt_value_range found{};
   if (!jt_core::find_range(type, index, found)) return 0;
   const std::size_t size = std::min<std::size_t>(range->size, sizeof(found));
   found.size = range->size;

@@ -11,6 +11,7 @@
 #include "tree/node.h"
 #include "tree/node_storage.h"
 #include "types/status.h"
+#include "types/type_tables.h"
 
 namespace jt_core {
 namespace {
@@ -56,19 +57,19 @@ std::int32_t remove_star(jt_parser_space * /*space*/, jt_node &node, const char 
 
 // ---- Statuses ---------------------------------------------------------------------------------------------
 
-std::int32_t remove_status(jt_parser_space &space, jt_node &node) {
-  adopt_status(space, node, nullptr);
+std::int32_t remove_status(jt_node &node) {
+  adopt_status(node, nullptr);
   release_text(node, node.overridden_value);
   return 1;
 }
 
 std::int32_t set_status_name(jt_parser_space *space, jt_node &node, const char *name) {
-  if (name == nullptr) return remove_status(*space, node);
+  if (name == nullptr) return remove_status(node);
   if (!contains(kStatusName, kind_written(name))) return refuse(space, message::kNotReadBack, name);
   const jt_status *status = find_shared_status(name);
-  if (status == nullptr) status = get_status(space, name);
+  if (status == nullptr) status = status_of_name(space, heap_of(node), name);
   if (status == nullptr) return 0;
-  adopt_status(*space, node, status);
+  adopt_status(node, status);
   return 1;
 }
 
@@ -87,7 +88,7 @@ std::int32_t set_status_text(jt_parser_space *space, jt_node &node, const char *
   if (node.status == nullptr || status_text(nullptr, node.status).empty())
     return refuse(space, message::kStatusMissing);
   if (!may_stand_in_braces(node, text)) return refuse(space, message::kNotReadBack, text);
-  char *const copy = copy_text(space, text);
+  char *const copy = keep_text(space, heap_of(node), text);
   if (copy == nullptr) return 0;
   release_text(node, node.overridden_value);
   node.overridden_value = copy;
@@ -97,19 +98,27 @@ std::int32_t set_status_text(jt_parser_space *space, jt_node &node, const char *
 
 // ---- Values -----------------------------------------------------------------------------------------------
 
-// The type may write into the text that it reads. A client's own need not be able to read any.
-std::int32_t set_known_value(jt_parser_space *space, jt_node &node, const char *text) {
-  if (node.type->eval == nullptr) return 0;
+// A client's own type may write into the text that it reads, and need not be able to read any.
+jt_value *read_foreign_value(jt_parser_space *space, const jt_type &type, const char *text) {
+  if (type.eval == nullptr) return nullptr;
   char *const copy = copy_text(space, text);
-  jt_value *const value = copy != nullptr ? node.type->eval(space, copy) : nullptr;
+  jt_value *const value = copy != nullptr ? type.eval(space, copy) : nullptr;
   er_free(copy);
+  return value;
+}
+
+std::int32_t set_known_value(jt_parser_space *space, jt_node &node, const char *text) {
+  const ValueFamily *const family = family_of(node.type);
+  KeptSink sink(heap_of(node));
+  jt_value *const value =
+      family != nullptr ? family->read(space, text, sink).value : read_foreign_value(space, *node.type, text);
   if (value == nullptr) return 0;
-  replace_value(*space, *node.parent, node, value);
+  replace_value(*space, *node.parent, node, value, family != nullptr ? ReleasedBy::kHeap : ReleasedBy::kType);
   return 1;
 }
 
 std::int32_t set_pending_value(jt_parser_space *space, jt_node &node, const char *text) {
-  char *const copy = copy_text(space, text);
+  char *const copy = keep_text(space, heap_of(node), text);
   if (copy == nullptr) return 0;
   unindex_child(*node.parent, node);
   release_text(node, node.pending_value);

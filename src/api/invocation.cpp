@@ -7,6 +7,7 @@
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"
+#include "tree/node_storage.h"
 
 namespace jt_core {
 namespace {

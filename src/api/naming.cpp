@@ -8,6 +8,7 @@
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"
+#include "tree/node_storage.h"
 
 namespace jt_core {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 const char *missing_name(const char *name) { return view_of(name).empty() ? message::kNoName : nullptr; }
 
 std::int32_t give_name(jt_parser_space *space, jt_node &node, const char *name) {
-  char *const copy = copy_plain_text(name);
+  char *const copy = keep_plain_text(heap_of(node), name);
   if (copy == nullptr) return refuse(space, message::kNoInvocationName, name);
   rename(node, copy);
   return 1;

@@ -30,11 +30,11 @@ std::int32_t add_or_destroy(jt_parser_space *space, jt_node &parent, jt_node *no
   return 0;
 }
 
-void replace_value(jt_parser_space &space, jt_node &attribute, jt_node &stored, jt_value *value) {
+void replace_value(jt_parser_space &space, jt_node &attribute, jt_node &stored, jt_value *value,
+                   ReleasedBy owner) {
   unindex_child(attribute, stored);
   release_value(space, stored);
-  stored.value = value;
-  set_owns_heap_blocks(stored);
+  adopt_value(stored, value, owner);
   index_child(attribute, stored);
 }
 

@@ -1,5 +1,4 @@
-// The limits of the numbers that values are made of, all inclusive: the types test them, and the catalogue tells
-// them. tests/types/gutter_test.cpp and the files beside it go to each limit; tests/api/value_form_test.cpp has what
+// The limits of numbers with a unit, all inclusive: the types test them, and the catalogue tells them. tests/types/gutter_test.cpp and the files beside it go to each limit; tests/api/value_form_test.cpp has what
 // the catalogue tells.
 #ifndef JT_TYPES_LIMITS_H
 #define JT_TYPES_LIMITS_H
@@ -32,10 +31,6 @@ struct RectangleLimit {
 inline constexpr std::array<RectangleLimit, 3> kRectangleLimits = {
     {{unit::kMm, 350, 500, 25}, {unit::kIn, 1400, 2000, 100}, {unit::kMil, 14000, 20000, 1000}}};
 
-inline constexpr std::int32_t kLeastPercentage = 25;
-inline constexpr std::int32_t kMostPercentage = 400;
-inline constexpr std::int32_t kLastHour = 23;
-inline constexpr std::int32_t kLastMinute = 59;
 
 }  // namespace jt_core
 

@@ -7,6 +7,7 @@
 
 #include "types/limits.h"
 #include "types/type_tables.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 namespace {
@@ -44,7 +45,7 @@ enum Part : std::uint8_t {
   kY,
   kWidth,
   kHeight,
-  kPercentage,
+  kPercent,
   kMargin,
   kParts
 };
@@ -82,9 +83,9 @@ constexpr Range kWithoutUnits[] = {
     {Family::kTimestamp, kHour, kNone, JT_OUTSIDE_REFUSED, 0, kTwoDigits},
     {Family::kTimestamp, kMinute, kNone, JT_OUTSIDE_REFUSED, 0, kTwoDigits},
     {Family::kTimestamp, kSecond, kNone, JT_OUTSIDE_REFUSED, 0, kTwoDigits},
-    {Family::kTimeOfDay, kHour, kNone, JT_OUTSIDE_REFUSED, 0, kLastHour},
-    {Family::kTimeOfDay, kMinute, kNone, JT_OUTSIDE_REFUSED, 0, kLastMinute},
-    {Family::kMagnification, kPercentage, kNone, JT_OUTSIDE_REFUSED, kLeastPercentage, kMostPercentage},
+    {Family::kTimeOfDay, kHour, kNone, JT_OUTSIDE_REFUSED, kTimeRanges[0].least, kTimeRanges[0].most},
+    {Family::kTimeOfDay, kMinute, kNone, JT_OUTSIDE_REFUSED, kTimeRanges[1].least, kTimeRanges[1].most},
+    {Family::kMagnification, kPercent, kNone, JT_OUTSIDE_REFUSED, kPercentage.least, kPercentage.most},
 };
 
 // For each unit four of a rectangle, and one each of a gutter and of borders.
@@ -117,7 +118,7 @@ const char *form_of(const jt_type *type) {
   return form;
 }
 
-bool find_range(const jt_type *type, std::int32_t index, jt_range &range) {
+bool find_range(const jt_type *type, std::int32_t index, jt_value_range &range) {
   const Family family = family_number_of(type);
   for (const Range &row : kRanges) {
     if (row.family != family || index-- > 0) continue;

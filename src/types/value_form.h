@@ -14,7 +14,7 @@ namespace jt_core {
 const char *form_of(const jt_type *type);
 
 // The range of that number among those of a type; false when there are not so many. Its size is not looked at.
-bool find_range(const jt_type *type, std::int32_t index, jt_range &range);
+bool find_range(const jt_type *type, std::int32_t index, jt_value_range &range);
 
 }  // namespace jt_core
 

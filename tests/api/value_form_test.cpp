@@ -21,7 +21,7 @@ const jt_type *type_of(const char *name, const char *service = nullptr) {
 // A line for each range: part, limits, unit, and what becomes of a number outside.
 Lines ranges_of(const jt_type *type) {
   Lines lines;
-  jt_range range{};
+  jt_value_range range{};
   range.size = sizeof(range);
   for (int32_t i = 0; jt_catalogue_range(type, i, &range) != 0; ++i) {
     const std::string unit = range.unit != nullptr ? std::string(" ") + range.unit : "";
@@ -110,7 +110,7 @@ TEST(CatalogueRange, IsNotThereForTypesWithoutNumbersOrLimits) {
 
 TEST(CatalogueRange, OutsideTheListLeavesTheRecordAlone) {
   for (const int32_t index : {-1, INT32_MIN, 2, INT32_MAX}) {
-    jt_range range = {sizeof(jt_range), 7, 8, 9, "part", "unit"};
+    jt_value_range range = {sizeof(jt_value_range), 7, 8, 9, "part", "unit"};
     EXPECT_EQ(jt_catalogue_range(type_of("struct_timeofday"), index, &range), 0);
     EXPECT_EQ(range.outside, 7);
     EXPECT_STREQ(range.part, "part");
@@ -119,14 +119,14 @@ TEST(CatalogueRange, OutsideTheListLeavesTheRecordAlone) {
 }
 
 TEST(CatalogueRange, IsNotWrittenBehindTheRecord) {
-  jt_range range = {offsetof(jt_range, part), 7, 8, 9, "part", "unit"};
+  jt_value_range range = {offsetof(jt_value_range, part), 7, 8, 9, "part", "unit"};
   EXPECT_EQ(jt_catalogue_range(type_of("struct_timeofday"), 1, &range), 1);
-  EXPECT_EQ(range.size, offsetof(jt_range, part));
+  EXPECT_EQ(range.size, offsetof(jt_value_range, part));
   EXPECT_EQ(range.most, 59);
   EXPECT_STREQ(range.part, "part");
-  range = {sizeof(jt_range) + 100, 7, 8, 9, "part", "unit"};
+  range = {sizeof(jt_value_range) + 100, 7, 8, 9, "part", "unit"};
   EXPECT_EQ(jt_catalogue_range(type_of("struct_timeofday"), 1, &range), 1);
-  EXPECT_EQ(range.size, sizeof(jt_range) + 100);
+  EXPECT_EQ(range.size, sizeof(jt_value_range) + 100);
   EXPECT_STREQ(range.part, "minute");
   EXPECT_EQ(range.unit, nullptr);
 }
@@ -143,7 +143,7 @@ class ReadingValues : public SessionTest {
 };
 
 TEST_F(ReadingValues, KeepsToTheRangesOfTheCatalogue) {
-  jt_range range{};
+  jt_value_range range{};
   range.size = sizeof(range);
   for (int32_t i = 0; jt_catalogue_range(type_of("struct_gutter", "kmt_svc_scan"), i, &range) != 0; ++i) {
     const std::string unit = range.unit;

@@ -57,7 +57,7 @@ int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service) {
   }
   const jt_type *type = get_type_from_services(s, "kmt_svc_scan", "struct_gutter");
   // [ranges]
-  jt_range range = {.size = sizeof range};
+  jt_value_range range = {.size = sizeof range};
   for (int32_t i = 0; jt_catalogue_range(type, i, &range); ++i) puts(range.part);
   // [ranges]
   return count;

@@ -510,7 +510,7 @@ std::vector<Scenario> element_changes() {
        {}},
       {"SetValue",
        [=](World &w) -> Result { return jt_set_element_value_text(w.space, number(w), "4"); },
-       {{kNoMemory}, {kNoMemory}}},
+       {{kNoMemory}}},
       {"SetPendingValue",
        [=](World &w) -> Result { return jt_set_element_value_text(w.space, pending(w), "new"); },
        {{kNoMemory}},
