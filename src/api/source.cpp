@@ -22,7 +22,7 @@ jt_source_options options_from(const jt_source_options *given) {
 // the first error goes to the caller's.
 class CheckSession {
  public:
-  explicit CheckSession(jt_parser_space &space) : space_(create_parser_space("check")) {
+  explicit CheckSession(jt_parser_space &space) : space_(open_like(space)) {
     if (space_ != nullptr) space_->reports = &errors_of(space);
   }
   ~CheckSession() { delete_parser_space(space_); }
@@ -32,6 +32,11 @@ class CheckSession {
   jt_parser_space *get() const { return space_; }
 
  private:
+  static jt_parser_space *open_like(const jt_parser_space &space) {
+    const jt_allocator &allocator = space.heap.allocator;
+    return jt_open_session("check", allocator.allocate != nullptr ? &allocator : nullptr);
+  }
+
   jt_parser_space *space_;
 };
 

@@ -98,8 +98,10 @@ class SourceDecoder {
   void remember_name(const OpenElement &element);
   [[gnu::cold]] void tell_handles();
   [[gnu::cold]] bool re_read_string(std::size_t line_end, State &state);
+  [[gnu::cold]] std::int32_t report_no_memory();
   [[gnu::cold]] void begin_failure();
   [[gnu::cold]] bool is_within_limits();
+  jt_node *decode();
   bool ends() const { return is_refused_ || !teller_.goes_on(); }
 
   // Findings (source_findings.cpp).

@@ -311,7 +311,7 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   } else if (decoder_.trouble == Trouble::kBlockEnd) {
     describe_end(token, state, finding);
   } else if (outcome == Outcome::kStopped || token.kind == TokenKind::kComment) {
-    finding.code = JT_FINDING_MEMORY;
+    finding.code = report_no_memory();
   } else if (string_ran_over_lines(token, state)) {
     finding.code = JT_FINDING_STRING_OVER_LINES;
     finding.range = {last_string_.begin, end_of_line(last_string_.begin)};

@@ -86,7 +86,7 @@ void TemplateCheck::check_read_back(const jt_node &value, const ValueFamily &fam
   ValueText again;
   const bool is_same = family.operations->compare(value.value, read.value) == 0;
   const bool is_written = family.write(nullptr, read.value, again);
-  char *const text_again = is_written ? copy_value_text(nullptr, again) : nullptr;
+  char *const text_again = is_written ? copy_value_text(*family.operations, nullptr, again) : nullptr;
   if (!is_written || (text_again != nullptr && text != text_again)) {
     tell(value, JT_FINDING_VALUE_UNSAFE);
   } else if (!is_same) {
@@ -102,7 +102,7 @@ void TemplateCheck::check_known_value(const jt_node &value, const ValueFamily &f
     tell(value, JT_FINDING_VALUE_DROPPED);
     return;
   }
-  char *const text = copy_value_text(&space_, written);
+  char *const text = copy_value_text(*family.operations, &space_, written);
   if (text == nullptr) {
     tell(value, JT_FINDING_MEMORY, JT_SEVERITY_ERROR);
     return;

@@ -14,14 +14,17 @@ void set_limits(jt_parser_space &space, const Limits &limits) {
   bound_slots(space.table, space.free_slots, live + std::min(limits.nodes, kUnboundedSlots - live));
 }
 
+Limit reached_limit(const jt_parser_space &space) {
+  if (space.free_slots.bound_reached) return Limit::kNodes;
+  return space.heap.bound_reached ? Limit::kHeap : Limit::kNone;
+}
+
 Limit lift_limits(jt_parser_space &space) {
-  const bool nodes = space.free_slots.bound_reached;
-  const bool heap = space.heap.bound_reached;
+  const Limit reached = reached_limit(space);
   bound_slots(space.table, space.free_slots, kUnboundedSlots);
   space.heap.most = 0;
   space.heap.bound_reached = false;
-  if (nodes) return Limit::kNodes;
-  return heap ? Limit::kHeap : Limit::kNone;
+  return reached;
 }
 
 }  // namespace jt_core

@@ -20,6 +20,9 @@ enum class Limit : std::uint8_t { kNone, kHeap, kNodes };
 
 void set_limits(jt_parser_space &space, const Limits &limits);
 
+// The limit that has been reached so far.
+Limit reached_limit(const jt_parser_space &space);
+
 // Takes the limits back. Which of them was reached.
 Limit lift_limits(jt_parser_space &space);
 
