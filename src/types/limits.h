@@ -31,7 +31,6 @@ struct RectangleLimit {
 inline constexpr std::array<RectangleLimit, 3> kRectangleLimits = {
     {{unit::kMm, 350, 500, 25}, {unit::kIn, 1400, 2000, 100}, {unit::kMil, 14000, 20000, 1000}}};
 
-
 }  // namespace jt_core
 
 #endif
