@@ -128,7 +128,7 @@ void Reader::read_all(const JsonValue &json, const std::string &at,
                       std::vector<T> &into) {
   if (json.kind != Kind::kArray) return find(at, "an array is needed here");
   for (std::size_t i = 0; i < json.members.size(); ++i)
-    (this->*read)(json.members[i].second, pointer_to(at, std::to_string(i)), into.emplace_back());
+    (this->*read)(json.members[i].value, pointer_to(at, std::to_string(i)), into.emplace_back());
   check_names(into, at);
 }
 
@@ -227,12 +227,12 @@ void Reader::check_forms(const Model &model) {
   const std::string form = model.header ? model.header->form : "";
   const bool may_have_section = form == "?" || form == "!";
   if (model.section && !may_have_section)
-    find("/section", "only a header of the form \"?\" or \"!\" has a section");
-  if (form == "!" && !model.section) find("", "a header of the form \"!\" needs a section");
+    find("/section", R"(only a header of the form "?" or "!" has a section)");
+  if (form == "!" && !model.section) find("", R"(a header of the form "!" needs a section)");
   if (form == "!" && !model.services.empty())
-    find("/services", "a header of the form \"!\" has services in its section only");
+    find("/services", R"(a header of the form "!" has services in its section only)");
   if (form == "?" && !model.section && model.services.empty())
-    find("", "a header of the form \"?\" needs a section or services");
+    find("", R"(a header of the form "?" needs a section or services)");
   if (!model.header && model.services.empty()) find("", "a header or a service is needed");
 }
 
@@ -286,7 +286,7 @@ void Reader::values(const JsonValue &json, const std::string &at, Attribute &att
   if (type == nullptr) return;
   if (type->eval == nullptr && !json.members.empty()) return find(at, "a kind of block has no values");
   for (std::size_t i = 0; i < json.members.size(); ++i) {
-    std::optional<Value> read = value(json.members[i].second, pointer_to(at, std::to_string(i)), *type);
+    std::optional<Value> read = value(json.members[i].value, pointer_to(at, std::to_string(i)), *type);
     if (read) attribute.values.push_back(std::move(*read));
   }
 }
