@@ -15,7 +15,7 @@
 /// ```
 ///
 /// One header, valid C11 and C++. Its chapters: handles and records; sessions, errors, texts; templates;
-/// values; services and invocations; reading attributes; changing attributes; statuses; elements; catalogue. The last
+/// values; services and invocations; reading attributes; changing attributes; statuses; elements; catalogue; source. The last
 /// three chapters export what lies beneath these calls, reports, nodes and types, for tools that look closer;
 /// most clients never need them.
 
@@ -221,6 +221,35 @@ enum {
 /// \return The session; null also without memory, when there is no session to ask why.
 /// \owner The caller: jt_close_parsing_utility().
 JT_API jt_parser_space *jt_open_parsing_utility(const char *label);
+
+/// Where a session takes the memory that it keeps. The functions are called during calls on the session, on the
+/// thread of those calls, and may not use the session themselves.
+typedef struct jt_allocator {
+  /// `sizeof(jt_allocator)`: the record may grow in a later version.
+  size_t size;
+  /// Handed to each of the functions; may be null.
+  void *context;
+  /// A block of so many bytes, one at least, aligned as that of `malloc`; null when there is none.
+  void *(*allocate)(void *context, size_t bytes);
+  /// A block, never null, with another size, its content kept; null when there is none, and then the block is as
+  /// it was.
+  void *(*reallocate)(void *context, void *block, size_t bytes);
+  /// Takes back a block, never null.
+  void (*release)(void *context, void *block);
+} jt_allocator;
+
+/// Opens a session with memory of its own: what it keeps (templates with all that is in them, the session itself)
+/// and the text that is being encoded come from the allocator and have all gone back to it when
+/// jt_close_parsing_utility() returns. What is handed out, and what lives only as long as a call, still comes from
+/// `malloc`, so that `free` releases it; so does what a client's own type makes. An allocator that has nothing to
+/// give makes calls fail as any failing allocation does.
+///
+/// \param label      Any text, kept as a copy; null gives null.
+/// \param allocator  Copied, but for what its context points to, which must outlive the session; null stands for
+///                   the heap of the C library. One whose size is too small, or that lacks a function, gives null.
+/// \return The session; null also without memory, when there is no session to ask why.
+/// \owner The caller: jt_close_parsing_utility().
+JT_API jt_parser_space *jt_open_session(const char *label, const jt_allocator *allocator);
 
 /// Closes a session and destroys every template that is still alive in it. No frame.
 ///
@@ -1230,6 +1259,234 @@ JT_API const jt_type *jt_catalogue_types(const char *service_name, int32_t *coun
 /// \owner The caller: jt_destroy_value_string() or `free`.
 /// \cost O(its length).
 JT_API char *jt_catalogue_name(const char *service_name, int32_t index, uint32_t *number);
+
+/// \}
+
+// ---- Source -----------------------------------------------------------------------------------------------
+
+/// \defgroup source Source: places and findings
+///
+/// Where everything stands in a text, and everything that is wrong with it: for checkers, formatters and
+/// editors. A text has a length here and need not end in a NUL; the caller keeps it during the call. Offsets
+/// count its bytes from 0. Lines and columns count from 1, columns in bytes; a line ends at LF, CR LF or CR.
+///
+/// ```c
+/// static int32_t print_finding(void *context, const jt_finding *finding) {
+///   printf("%s:%zu:%zu: %s\n", (const char *)context, finding->line, finding->column,
+///          jt_finding_name(finding->code));
+///   return 0;
+/// }
+/// ```
+///
+/// **Listener.** What is told comes in the text's order: an element is opened before its first token and
+/// closed behind its last one, its status included; a token is told once, when it has been accepted, and a
+/// comment before the token that follows it. Ranges of tokens do not overlap; between them is white space and,
+/// behind an error, text that was skipped. What is found at a token follows it. Records and their texts live
+/// during the callback. A callback returns 0 to go on; any other result ends the call, which fails with
+/// `CALL ERROR: ended by the listener`. Calls on the same session from inside a callback fail with
+/// `CALL ERROR: made from inside a listener`.
+/// \{
+
+/// A piece of a text: the offset of its first byte, and of the byte behind its last one.
+typedef struct jt_range {
+  size_t begin;  ///< Its first byte.
+  size_t end;    ///< The byte behind its last one.
+} jt_range;
+
+/// What an element of a text is.
+enum {
+  JT_SOURCE_HEADER = 1,      ///< With the attributes of the header.
+  JT_SOURCE_SECTION = 2,     ///< From its opening marks to its closing ones.
+  JT_SOURCE_SERVICE = 3,     ///< From its bracket on.
+  JT_SOURCE_INVOCATION = 4,  ///< From its name or its brace on.
+  JT_SOURCE_ATTRIBUTE = 5,   ///< From its star or its type on.
+  JT_SOURCE_VALUE = 6,       ///< One of an attribute.
+  JT_SOURCE_STATUS = 7       ///< From its parenthesis on.
+};
+
+/// An element of a text.
+typedef struct jt_source_element {
+  size_t size;     ///< Of this record, which may grow.
+  int32_t kind;    ///< `JT_SOURCE_...`.
+  int32_t number;  ///< Elements count from 0 in the order in which they are opened.
+  jt_range range;  ///< Where it stands. When it is opened, its end is not known and equals its begin.
+} jt_source_element;
+
+/// The part that a token plays.
+enum {
+  JT_ROLE_PUNCTUATION = 0,      ///< The word `end` of a service is one.
+  JT_ROLE_MARKER = 1,           ///< `SIL`, `/SIL`, `/`, and the `?` or `!` of a form.
+  JT_ROLE_VERSION = 2,          ///< Of the header, as the next two.
+  JT_ROLE_ENCODING = 3,         ///< ASCII.
+  JT_ROLE_IDENTIFIER = 4,       ///< Of the interaction.
+  JT_ROLE_SERVICE_TYPE = 5,     ///< The first word in brackets.
+  JT_ROLE_SERVICE_NAME = 6,     ///< The second one.
+  JT_ROLE_INVOCATION_NAME = 7,  ///< In front of a brace.
+  JT_ROLE_STAR = 8,             ///< Of an attribute that is not compulsory.
+  JT_ROLE_ATTRIBUTE_TYPE = 9,   ///< The first word of an attribute.
+  JT_ROLE_ATTRIBUTE_NAME = 10,  ///< The second one.
+  JT_ROLE_VALUE = 11,           ///< Of an attribute.
+  JT_ROLE_STATUS = 12,          ///< The name in parentheses.
+  JT_ROLE_STATUS_TEXT = 13,     ///< A word in the braces of a status.
+  JT_ROLE_COMMENT = 14          ///< From `#` to the end of its line, which is no part of it.
+};
+
+/// A token of a text.
+typedef struct jt_source_token {
+  size_t size;       ///< Of this record, which may grow.
+  int32_t role;      ///< `JT_ROLE_...`.
+  jt_range range;    ///< As it is written, with its quotes and escapes.
+  const char *text;  ///< What it means, without them. Not terminated.
+  size_t length;     ///< Of that text.
+} jt_source_token;
+
+/// How bad a finding is.
+enum {
+  JT_SEVERITY_ERROR = 0,    ///< A decode fails.
+  JT_SEVERITY_LOSS = 1,     ///< Something that is written is dropped or changed.
+  JT_SEVERITY_WARNING = 2,  ///< Nothing is lost, but it is hardly what was meant.
+  JT_SEVERITY_NOTE = 3      ///< Worth knowing.
+};
+
+/// What was found. jt_finding_name() gives the name of a code, such as `syntax-expected`.
+enum {
+  JT_FINDING_SYNTAX_EXPECTED = 0,  ///< Something else belongs here.
+  JT_FINDING_SYNTAX_UNCLOSED,      ///< What was opened at the second range is never closed.
+  JT_FINDING_SYNTAX_STRING,        ///< A quote that does not end, or stands inside a word.
+  JT_FINDING_STRING_OVER_LINES,    ///< A quote that runs over the end of its line, and then into an error.
+  JT_FINDING_SYNTAX_LENGTH,        ///< A token, a name, a value or a comment is too long.
+  JT_FINDING_SYNTAX_NUL,           ///< A NUL in the text.
+  JT_FINDING_TEXT_BOM,             ///< The text begins with a byte order mark.
+  JT_FINDING_BLOCK_ILLEGAL,        ///< Marks that the header does not promise.
+  JT_FINDING_MEMORY,               ///< There is no memory left.
+  JT_FINDING_LIMIT,                ///< A limit of the options is passed.
+  JT_FINDING_HEADER_FORM,          ///< No header begins like this.
+  JT_FINDING_HEADER_VERSION,       ///< The header's version is not the library's.
+  JT_FINDING_HEADER_ENCODING,      ///< The encoding is not ASCII, and becomes that.
+  JT_FINDING_END_MARKER,           ///< The end marker that the header promises is missing or not well formed.
+  JT_FINDING_SERVICE_TYPE_UNKNOWN,             ///< No service has this type.
+  JT_FINDING_SERVICE_UNKNOWN,                  ///< Of this service nothing is known.
+  JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN,           ///< No service has this type of attribute.
+  JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE,  ///< The type is one of another service.
+  JT_FINDING_NAME_DUPLICATE,                   ///< The name is taken, by what stands at the second range.
+  JT_FINDING_NAME_UNSAFE,                      ///< Of a template: the name would not be read back.
+  JT_FINDING_VALUE_MALFORMED,     ///< The value does not have the form of its type, and is dropped.
+  JT_FINDING_VALUE_OUT_OF_RANGE,  ///< A number is outside of the limits of its type.
+  JT_FINDING_VALUE_SATURATED,     ///< A number is too large, and becomes the largest there is.
+  JT_FINDING_VALUE_TAIL,          ///< What follows the value is ignored.
+  JT_FINDING_VALUE_EMPTY_NUMBER,  ///< There is no digit where a number belongs: it is read as 0.
+  JT_FINDING_VALUE_IMPOSSIBLE,    ///< A date or time that no calendar has.
+  JT_FINDING_VALUE_UNKNOWN_NAME,  ///< The name is none that the type knows.
+  JT_FINDING_VALUE_UNSAFE,        ///< The value would be written so that it is not read back.
+  JT_FINDING_VALUE_DROPPED,       ///< The value is dropped, and nothing else says why.
+  JT_FINDING_VALUE_ROUNDED,       ///< The number would be written back as another one.
+  JT_FINDING_STATUS_UNKNOWN,      ///< The status is none that the library knows.
+  JT_FINDING_STATUS_UNSAFE,       ///< The status or its text would not be read back.
+  JT_FINDING_STATUS_TEXT_LOST,    ///< Of several words behind a status only the last one is kept.
+  JT_FINDING_COMMENT_MOVES,       ///< The comment would be written at another place.
+  JT_FINDING_IGNORE_UNUSED        ///< A suppression that hides nothing; for tools, jt itself has none.
+};
+
+/// What the names are that may have been meant.
+enum {
+  JT_CANDIDATES_NONE = 0,      ///< None are known.
+  JT_CANDIDATES_SERVICES = 1,  ///< Those of jt_catalogue_service().
+  JT_CANDIDATES_TYPES = 2,     ///< Those of jt_catalogue_types() for the scope, and the built-in ones.
+  JT_CANDIDATES_NAMES = 3      ///< Those of jt_catalogue_name() for the scope.
+};
+
+/// Something that was found in a text or a template.
+typedef struct jt_finding {
+  size_t size;           ///< Of this record, which may grow.
+  int32_t code;          ///< `JT_FINDING_...`.
+  int32_t severity;      ///< `JT_SEVERITY_...`.
+  jt_range range;        ///< Where. Empty, behind the last token, where one is missing.
+  size_t line;           ///< The line in which the range begins.
+  size_t column;         ///< Its column there.
+  jt_range found;        ///< The token at which a decode stops; in other findings the range.
+  int32_t found_is_end;  ///< Not 0: that is the end of the text.
+  const char *expected;  ///< The marks that may stand there, with blanks between them, as in `= ;`; or empty.
+  uint32_t expected_roles;  ///< The roles that a token may have there: the sum of `1 << JT_ROLE_...`.
+  int32_t has_second;       ///< Not 0: there is a second range.
+  jt_range second;          ///< The first of two namesakes, or the opening of what is not closed.
+  int32_t candidates;       ///< `JT_CANDIDATES_...`.
+  const char *scope;        ///< The service whose types or names may be meant; null: those of none.
+  const char *type;         ///< The type of a value that the finding is about, or null.
+  int32_t element;          ///< Of a template: the handle of the element; in a text 0.
+} jt_finding;
+
+/// Who is told. Each function may be null. jt reads as many bytes as `size` says.
+typedef struct jt_listener {
+  size_t size;    ///< `sizeof(jt_listener)`.
+  void *context;  ///< Handed to each function; may be null.
+  /// An element begins.
+  int32_t (*open)(void *context, const jt_source_element *element);
+  /// An element has ended.
+  int32_t (*close)(void *context, const jt_source_element *element);
+  /// A token has been accepted.
+  int32_t (*token)(void *context, const jt_source_token *token);
+  /// Something was found.
+  int32_t (*finding)(void *context, const jt_finding *finding);
+  /// The handle of the element of that number, for those that have one: told when a decode has succeeded,
+  /// behind all else and in the order of the numbers.
+  int32_t (*handle)(void *context, int32_t number, int32_t handle);
+} jt_listener;
+
+/// How a text is decoded. Members that are 0 ask for nothing, so `{sizeof(jt_source_options)}` are the defaults.
+typedef struct jt_source_options {
+  size_t size;        ///< `sizeof(jt_source_options)`.
+  int32_t strict;     ///< Not 0: the first loss fails the decode, `SYNTAX ERROR: strict: ` + its code.
+  size_t most_bytes;  ///< Of text. 0 is no limit, here and in the next two.
+  size_t most_nodes;  ///< That the decode may make.
+  size_t most_heap;   ///< Bytes of memory that the decode may ask for.
+} jt_source_options;
+
+/// As jt_decode_template(), for a text with a length, and tells a listener where everything stands. A text
+/// with a NUL in it is refused, and so is one that passes a limit; such a decode leaves nothing.
+///
+/// \param space     The session.
+/// \param text      The text; null is refused.
+/// \param size      Its length in bytes.
+/// \param options   Strictness and limits; null for none.
+/// \param listener  Who is told; may be null.
+/// \return The new template's handle; 0 on failure. All that was opened is closed then, too.
+/// \errors As jt_decode_template(); `SYNTAX ERROR: NUL in the text`; `SYNTAX ERROR: strict: ` + code;
+/// `MEMORY ERROR: limit passed: ` + `bytes`, `nodes` or `heap`; those of a listener that ends the call.
+/// \cost O(length of the text).
+JT_API int32_t jt_decode_source(jt_parser_space *space, const char *text, size_t size,
+                                const jt_source_options *options, const jt_listener *listener);
+
+/// Tells a listener everything that is wrong in a text: where a decode stops at the first error, a check goes
+/// on behind it. It makes nothing; status and history are those that the decode of the text would leave. After
+/// an error nothing is said of syntax until an element has been read whole, so that one mistake is told once.
+///
+/// \param space     The session.
+/// \param text      The text; null is refused.
+/// \param size      Its length in bytes.
+/// \param options   Strictness and limits; null for none.
+/// \param listener  Who is told; may be null.
+/// \return 1 when a decode with these options would succeed, 0 otherwise.
+/// \errors As jt_decode_source().
+/// \cost O(length of the text).
+JT_API int32_t jt_check_source(jt_parser_space *space, const char *text, size_t size,
+                               const jt_source_options *options, const jt_listener *listener);
+
+/// Tells a listener what of a template would not be read back as it is when it is written: names, values and
+/// statuses that are unsafe, comments that move, a body that is not written. Only `finding` is called, with
+/// empty ranges and the handle of the element. The template stays as it is.
+///
+/// \of_template
+/// \param listener  Who is told; may be null.
+/// \return 1 when nothing of it would be lost, 0 otherwise.
+/// \errors Those of a listener that ends the call.
+/// \cost O(size of the template).
+JT_API int32_t jt_check_template(jt_parser_space *space, int32_t handle, const jt_listener *listener);
+
+/// The name of a code, as tools print it.
+///
+/// \param code  `JT_FINDING_...`.
+/// \return Such as `syntax-expected`; null behind the last code and for a negative one.
+JT_API const char *jt_finding_name(int32_t code);
 
 /// \}
 

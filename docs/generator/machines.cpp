@@ -86,7 +86,7 @@ std::string joined(const std::vector<std::string> &words) {
 // By role, in the order of the enumeration; punctuation says itself what it is.
 constexpr auto kRoleNames = std::to_array<std::string_view>(
     {"", "mark", "version", "encoding", "identifier", "type of service", "name of service",
-     "name of invocation", "", "type", "name", "value", "status", "text", "read again"});
+     "name of invocation", "", "type", "name", "value", "status", "text", "comment", "", "read again"});
 static_assert(kRoleNames.size() == static_cast<std::size_t>(jt_core::Role::kNextStage) + 1);
 
 // ---- What a state says ------------------------------------------------------------------------------------

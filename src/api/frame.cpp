@@ -2,10 +2,14 @@
 
 #include "tree/links.h"
 #include "tree/node.h"
+#include "tree/session.h"
 
 namespace jt_core {
 
-Frame::Frame(jt_parser_space *space) : space_(space), passed_(space != nullptr) { reset_error_status(space); }
+Frame::Frame(jt_parser_space *space) : space_(space), passed_(space != nullptr) {
+  reset_error_status(space);
+  if (passed_ && space->is_listened_to) fail(message::kFromListener);
+}
 
 void Frame::fail(const char *message, const char *detail) {
   jt_error(space_, message, detail);

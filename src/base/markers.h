@@ -28,7 +28,7 @@ inline jt_value *untyped_value() { return all_ones<jt_value>(); }
 inline const jt_type *unknown_type() { return jt_unknown_type(); }
 
 // The number of an enumerated value or a status whose name no list knows; the name follows it.
-constexpr std::uint32_t kUnknownName = 0xFFFFFFFF;
+constexpr std::uint32_t kUnknownNameMarker = 0xFFFFFFFF;
 
 }  // namespace jt_core
 

@@ -73,6 +73,10 @@ inline constexpr char kVersionMismatch[] = "WARNING: version number mismatch\n";
 inline constexpr char kNotAscii[] = "SYNTAX ERROR: Non ASCII encoding\n";
 inline constexpr char kNoHeader[] = "MEMORY ERROR: Saving the header\n";
 inline constexpr char kNoStatusText[] = "MEMORY ERROR: duplicating";
+inline constexpr char kNul[] = "SYNTAX ERROR: NUL in the text";
+inline constexpr char kStrict[] = "SYNTAX ERROR: strict: ";
+inline constexpr char kLimit[] = "MEMORY ERROR: limit passed: ";
+inline constexpr char kEndedByListener[] = "CALL ERROR: ended by the listener";
 
 // ---- Encoding ----
 inline constexpr char kNoOutput[] = "MEMORY ERROR: while allocating for encoding";
@@ -84,6 +88,7 @@ inline constexpr char kNoCharacterEncoding[] = "SYSTEM ERROR: Character Encoding
 inline constexpr char kNoInteractionId[] = "SYSTEM ERROR: InteractionID is missing";
 
 // ---- The calls ----
+inline constexpr char kFromListener[] = "CALL ERROR: made from inside a listener";
 inline constexpr char kNotAHandle[] = "CALL ERROR: not a valid handle";
 inline constexpr char kNotATemplate[] = "CALL ERROR: not a template";
 inline constexpr char kDoesNotExist[] = "CALL ERROR: does not exist:";

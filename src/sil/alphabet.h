@@ -68,6 +68,16 @@ consteval ByteSet word_bytes() {
 
 inline constexpr ByteSet kWordBytes = word_bytes();
 
+// What stands between tokens; a NUL in a text that has a length is a blank.
+consteval ByteSet blank_bytes() {
+  ByteSet set{};
+  for (std::size_t i = 0; i < set.size(); ++i) set[i] = kByteClasses[i] == ByteClass::kSpace;
+  set[0] = true;
+  return set;
+}
+
+inline constexpr ByteSet kBlankBytes = blank_bytes();
+
 // What means itself in quotes.
 consteval ByteSet quoted_bytes() {
   ByteSet set{};
@@ -101,6 +111,12 @@ inline const char *end_of_run(const char *at, const ByteSet &set) {
 
 // The same before an end, where there need not be a terminator.
 inline const char *end_of_run(const char *at, const char *end, const ByteSet &set) {
+  for (; end - at >= 4; at += 4) {
+    if (!set[index_of(at[0])]) return at;
+    if (!set[index_of(at[1])]) return at + 1;
+    if (!set[index_of(at[2])]) return at + 2;
+    if (!set[index_of(at[3])]) return at + 3;
+  }
   while (at != end && set[index_of(*at)]) ++at;
   return at;
 }

@@ -18,7 +18,6 @@
 namespace jt_core::action {
 namespace {
 
-constexpr std::size_t kMaxName = JT_MAX_TOKEN_LENGTH - 1;
 constexpr std::size_t kMaxValue = JT_MAX_TOKEN_LENGTH;
 
 Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Outcome::kRefused; }
@@ -35,7 +34,8 @@ Outcome open_block(Decoder &decoder, jt_node *node, MaybeDuplicate duplicate = M
     report_unknown_type(space, node->node_class, view_of(node->unresolved_type_name));
   }
   const bool may_be_there = duplicate == MaybeDuplicate::kYes && node->name != nullptr;
-  if (may_be_there && find_namesake(*decoder.top, *node) != nullptr) {
+  if (may_be_there && (decoder.first_of_name = find_namesake(*decoder.top, *node)) != nullptr) {
+    decoder.trouble = Trouble::kNameTaken;
     report(space, message::kDuplicateName, node->name);
     destroy_node(space, node);
     return Outcome::kStopped;
@@ -45,8 +45,9 @@ Outcome open_block(Decoder &decoder, jt_node *node, MaybeDuplicate duplicate = M
   return Outcome::kAccepted;
 }
 
-bool is_name(const Decoder &decoder, const Token &token) {
+bool is_name(Decoder &decoder, const Token &token) {
   if (token.text.size() <= kMaxName) return true;
+  decoder.trouble = Trouble::kTooLong;
   report(decoder.space, message::kNameTooLong, token.text);
   return false;
 }
@@ -74,7 +75,8 @@ MaybeDuplicate remember_name(Decoder &decoder, const jt_node &attribute) {
 }
 
 bool illegal_end(Decoder &decoder) {
-  jt_error(decoder.space, message::kIllegalEnd, decoder.cursor.position);
+  decoder.trouble = Trouble::kBlockEnd;
+  report(decoder.space, message::kIllegalEnd, text_from(decoder.cursor, decoder.cursor.position));
   return false;
 }
 
@@ -179,10 +181,12 @@ Outcome close_attribute_and_keep_type(Decoder &decoder, const Token &token) {
 // A value that its type refuses is left out; decoding goes on.
 Outcome add_value(Decoder &decoder, const Token &token) {
   if (token.text.size() > kMaxValue) {
+    decoder.trouble = Trouble::kTooLong;
     report(decoder.space, message::kNameTooLong, token.text);
     return Outcome::kStopped;
   }
-  const ValueResult value = make_value_node(*decoder.space, decoder.top->type, decoder.family, token.text);
+  const ValueResult value =
+      make_value_node(*decoder.space, decoder.top->type, decoder.family, token.text, decoder.remarks);
   if (value.node != nullptr) append_child(*decoder.space, *decoder.top, *value.node);
   return value.status == CreateStatus::kNoMemory ? Outcome::kStopped : Outcome::kAccepted;
 }
@@ -191,9 +195,12 @@ Outcome add_value(Decoder &decoder, const Token &token) {
 
 Outcome store_status(Decoder &decoder, const Token &token) {
   const jt_status *status = find_shared_status(token.text);
-  if (status == nullptr) status = get_status(decoder.space, writable_text(decoder.cursor, token));
+  if (status == nullptr) {
+    decoder.trouble = Trouble::kUnknownStatus;
+    status = status_of_name(decoder.space, heap_of(*decoder.top), token.text);
+  }
   if (status == nullptr) return Outcome::kStopped;
-  adopt_status(*decoder.space, *decoder.top, status);
+  adopt_status(*decoder.top, status);
   return Outcome::kAccepted;
 }
 
@@ -203,13 +210,14 @@ Outcome begin_status_text(Decoder &decoder, const Token & /*token*/) {
 }
 
 Outcome keep_status_text(Decoder &decoder, const Token &token) {
+  if (!decoder.kept.empty()) decoder.trouble = Trouble::kTextReplaced;
   std::memcpy(decoder.kept_storage.data(), token.text.data(), token.text.size());
   decoder.kept = {decoder.kept_storage.data(), token.text.size()};
   return Outcome::kAccepted;
 }
 
 Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
-  char *const text = copy_text(decoder.space, decoder.kept);
+  char *const text = keep_text(decoder.space, heap_of(*decoder.top), decoder.kept);
   if (text == nullptr) {
     report(decoder.space, message::kNoStatusText);
     return Outcome::kStopped;
@@ -239,7 +247,7 @@ bool end_in_body(Decoder &decoder, State state) {
 }
 
 void report_in_header_attributes(Decoder &decoder, const Token &token, State /*state*/) {
-  jt_error(decoder.space, message::kBadHeaderAttribute, text_at(decoder, token));
+  report(decoder.space, message::kBadHeaderAttribute, text_at(decoder, token));
 }
 
 }  // namespace jt_core::action

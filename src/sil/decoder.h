@@ -14,8 +14,21 @@
 
 namespace jt_core {
 
+struct Remarks;
 struct TypeTable;
 struct ValueFamily;
+
+// What an action has to say of a token beside its outcome, for those who want to know more than the report.
+enum class Trouble : std::uint8_t {
+  kNone,
+  kNameTaken,      // by a sibling
+  kTooLong,        // for a name or a value
+  kBlockEnd,       // the text or its services end where they may not
+  kOtherVersion,   // than the library's
+  kOtherEncoding,  // than ASCII
+  kUnknownStatus,  // that the list of statuses does not have
+  kTextReplaced    // a word behind a status, by the next one
+};
 
 struct Decoder {
   jt_parser_space *space;
@@ -34,10 +47,13 @@ struct Decoder {
   std::string_view version;  // of the header
   std::string_view kept;     // a name, a status text, the header's identifier
   std::array<char, kMaxTokenText> kept_storage;
+  Trouble trouble;         // of the last token that had any
+  jt_node *first_of_name;  // the sibling whose name was taken again
+  Remarks *remarks;        // who hears what the readers of values remark, or null
 };
 
 // The text from the token on, for the detail of a report.
-const char *text_at(const Decoder &decoder, const Token &token);
+std::string_view text_at(const Decoder &decoder, const Token &token);
 
 // The usual report of a wrong token: what the state expected, and where.
 void report_expected(Decoder &decoder, const Token &token, State state);

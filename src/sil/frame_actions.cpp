@@ -73,12 +73,18 @@ Outcome accept_plain_form(Decoder &decoder, const Token &token) {
 
 Outcome keep_version(Decoder &decoder, const Token &token) {
   decoder.version = token.text;
-  if (!same_name(token.text, kVersion)) report(decoder.space, message::kVersionMismatch);
+  if (!same_name(token.text, kVersion)) {
+    decoder.trouble = Trouble::kOtherVersion;
+    report(decoder.space, message::kVersionMismatch);
+  }
   return Outcome::kAccepted;
 }
 
 Outcome check_encoding(Decoder &decoder, const Token &token) {
-  if (!same_name(token.text, kEncoding)) report(decoder.space, message::kNotAscii);
+  if (!same_name(token.text, kEncoding)) {
+    decoder.trouble = Trouble::kOtherEncoding;
+    report(decoder.space, message::kNotAscii);
+  }
   return Outcome::kAccepted;
 }
 
@@ -121,7 +127,7 @@ bool end_in_section(Decoder & /*decoder*/, State /*state*/) { return false; }
 // Where only the header's own mark will do, another one is an illegal block.
 void report_in_section(Decoder &decoder, const Token &token, State state) {
   if (state == State::kSectionForm || state == State::kSectionClosingForm) {
-    jt_error(decoder.space, message::kIllegalBlock, decoder.cursor.position);
+    report(decoder.space, message::kIllegalBlock, text_from(decoder.cursor, decoder.cursor.position));
   } else {
     report_expected(decoder, token, state);
   }

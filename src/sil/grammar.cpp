@@ -31,19 +31,19 @@ constexpr TokenSet kEnd = one_of(TokenKind::kEnd);
 // header = [ "<" [ "?" | "!" ] "SIL" version encoding identifier ">" ]
 
 constexpr std::array kHeaderStates = {
-    StateFacts{State::kHeaderBegin, " < ", CommentOf::kTop},
-    StateFacts{State::kHeaderForm, " ! ? SIL ", CommentOf::kTop},
-    StateFacts{State::kHeaderWord, " SIL ", CommentOf::kTop},
-    StateFacts{State::kHeaderVersion, " version ", CommentOf::kTop},
-    StateFacts{State::kHeaderEncoding, "", CommentOf::kTop},
-    StateFacts{State::kHeaderIdentifier, " ID ", CommentOf::kTop},
-    StateFacts{State::kHeaderEnd, " > ", CommentOf::kTop},
-    StateFacts{State::kHeaderSaved, "", CommentOf::kTop},
+    StateFacts{State::kHeaderBegin, " < ", CommentOf::kTop, Repair::kText},
+    StateFacts{State::kHeaderForm, " ! ? SIL ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kHeaderWord, " SIL ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kHeaderVersion, " version ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kHeaderEncoding, "", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kHeaderIdentifier, " ID ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kHeaderEnd, " > ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kHeaderSaved, "", CommentOf::kTop, Repair::kFrame},
 };
 
 constexpr std::array kHeaderRows = {
     Row{State::kHeaderBegin, kOpenBracket, action::no_header, State::kFinished, Role::kNextStage},
-    Row{State::kHeaderBegin, kLess, nullptr, State::kHeaderForm, Role::kPunctuation},
+    Row{State::kHeaderBegin, kLess, nullptr, State::kHeaderForm, Role::kPunctuation, Opens::kHeader},
     Row{State::kHeaderForm, kExclamation, action::set_exclaim_form, State::kHeaderWord, Role::kMarker},
     Row{State::kHeaderForm, kQuestion, action::set_question_form, State::kHeaderWord, Role::kMarker},
     Row{State::kHeaderForm, kWord, action::accept_plain_form, State::kHeaderVersion, Role::kMarker},
@@ -60,27 +60,29 @@ constexpr std::array kHeaderRows = {
 // section = [ "<" mark ">" services "<" "/" mark ">" ], where the mark is the header's
 
 constexpr std::array kSectionOpeningStates = {
-    StateFacts{State::kSectionBegin, " < ", CommentOf::kTop},
-    StateFacts{State::kSectionForm, "", CommentOf::kTop},
-    StateFacts{State::kSectionOpened, " > ", CommentOf::kTop},
-    StateFacts{State::kSectionContent, " [ < ", CommentOf::kTop},
+    StateFacts{State::kSectionBegin, " < ", CommentOf::kTop, Repair::kText},
+    StateFacts{State::kSectionForm, "", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kSectionOpened, " > ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kSectionContent, " [ < ", CommentOf::kTop, Repair::kServices},
 };
 
 constexpr std::array kSectionOpeningRows = {
     Row{State::kSectionBegin, kOpenBracket, action::no_section, State::kFinished, Role::kNextStage},
-    Row{State::kSectionBegin, kLess, nullptr, State::kSectionForm, Role::kPunctuation},
-    Row{State::kSectionForm, kQuestion, action::accept_question_form, State::kSectionOpened, Role::kMarker},
-    Row{State::kSectionForm, kExclamation, action::accept_exclaim_form, State::kSectionOpened, Role::kMarker},
+    Row{State::kSectionBegin, kLess, nullptr, State::kSectionForm, Role::kHeld},
+    Row{State::kSectionForm, kQuestion, action::accept_question_form, State::kSectionOpened, Role::kMarker,
+        Opens::kSection},
+    Row{State::kSectionForm, kExclamation, action::accept_exclaim_form, State::kSectionOpened, Role::kMarker,
+        Opens::kSection},
     Row{State::kSectionForm, kAnyText, action::end_marker_instead, State::kFinished, Role::kNextStage},
     Row{State::kSectionOpened, kGreater, nullptr, State::kSectionContent, Role::kPunctuation},
     Row{State::kSectionContent, kOpenBracket | kLess, action::give_back, State::kFinished, Role::kNextStage},
 };
 
 constexpr std::array kSectionClosingStates = {
-    StateFacts{State::kSectionFilled, "  < ", CommentOf::kTop},
-    StateFacts{State::kSectionSlash, " / ", CommentOf::kTop},
-    StateFacts{State::kSectionClosingForm, "", CommentOf::kTop},
-    StateFacts{State::kSectionClosed, " > ", CommentOf::kTop},
+    StateFacts{State::kSectionFilled, "  < ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kSectionSlash, " / ", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kSectionClosingForm, "", CommentOf::kTop, Repair::kFrame},
+    StateFacts{State::kSectionClosed, " > ", CommentOf::kTop, Repair::kFrame},
 };
 
 constexpr std::array kSectionClosingRows = {
@@ -90,7 +92,7 @@ constexpr std::array kSectionClosingRows = {
         Role::kMarker},
     Row{State::kSectionClosingForm, kExclamation, action::accept_exclaim_form, State::kSectionClosed,
         Role::kMarker},
-    Row{State::kSectionClosed, kGreater, nullptr, State::kFinished, Role::kPunctuation},
+    Row{State::kSectionClosed, kGreater, nullptr, State::kFinished, Role::kPunctuation, Opens::kNothing, 1},
 };
 
 // ---- Statuses ---------------------------------------------------------------------------------------------
@@ -105,30 +107,29 @@ struct StatusStates {
 
 // What differs is which tokens a text takes, how it is stored, and where the status leads.
 consteval std::array<Row, 7> status_rows(StatusStates in, TokenSet text, Action store, State behind) {
-  constexpr TokenSet kName = kAnyText & ~kCloseParenthesis;
   return {{
-      {in.opened, kCloseParenthesis, action::close_block, behind, Role::kPunctuation},
-      {in.opened, kName, action::store_status, in.read, Role::kStatus},
-      {in.read, kCloseParenthesis, action::close_block, behind, Role::kPunctuation},
+      {in.opened, kCloseParenthesis, action::close_block, behind, Role::kPunctuation, Opens::kNothing, 2},
+      {in.opened, kStatusName, action::store_status, in.read, Role::kStatus},
+      {in.read, kCloseParenthesis, action::close_block, behind, Role::kPunctuation, Opens::kNothing, 2},
       {in.read, kOpenBrace, action::begin_status_text, in.text, Role::kPunctuation},
       {in.text, text, action::keep_status_text, in.text, Role::kStatusText},
       {in.text, kCloseBrace, store, in.text_read, Role::kPunctuation},
-      {in.text_read, kCloseParenthesis, action::close_block, behind, Role::kPunctuation},
+      {in.text_read, kCloseParenthesis, action::close_block, behind, Role::kPunctuation, Opens::kNothing, 2},
   }};
 }
 
 constexpr auto kServiceStatusRows = status_rows(
     {State::kServiceStatus, State::kServiceStatusRead, State::kServiceText, State::kServiceTextRead},
-    kWordOrString, action::store_service_text, State::kBetweenServices);
+    kBlockStatusText, action::store_service_text, State::kBetweenServices);
 
 constexpr auto kInvocationStatusRows =
     status_rows({State::kInvocationStatus, State::kInvocationStatusRead, State::kInvocationText,
                  State::kInvocationTextRead},
-                kWordOrString, action::store_status_text, State::kInService);
+                kBlockStatusText, action::store_status_text, State::kInService);
 
 constexpr auto kAttributeStatusRows = status_rows(
     {State::kAttributeStatus, State::kAttributeStatusRead, State::kAttributeText, State::kAttributeTextRead},
-    kAnyText & ~kCloseBrace, action::store_status_text, State::kInInvocation);
+    kAttributeStatusText, action::store_status_text, State::kInInvocation);
 
 // ---- The body ---------------------------------------------------------------------------------------------
 // services = { service }
@@ -136,46 +137,51 @@ constexpr auto kAttributeStatusRows = status_rows(
 // invocation = [ name ] "{" { attribute } "}" [ status ]
 
 constexpr std::array kBodyStates = {
-    StateFacts{State::kBetweenServices, "[ or <", CommentOf::kTop},
-    StateFacts{State::kServiceType, " TYPE ", CommentOf::kTop},
-    StateFacts{State::kServiceName, " SERVICE NAME ", CommentOf::kTop},
-    StateFacts{State::kServiceNamed, "]", CommentOf::kTop},
-    StateFacts{State::kInService, "{ or end or a NAME", CommentOf::kTop},
-    StateFacts{State::kInvocationNamed, " { ", CommentOf::kTop},
-    StateFacts{State::kAfterService, "[ or EOF or ( or < ", CommentOf::kParentOfTop},
-    StateFacts{State::kServiceStatus, "STATUS or )", CommentOf::kParentOfTop},
-    StateFacts{State::kServiceStatusRead, "{ or )", CommentOf::kParentOfTop},
-    StateFacts{State::kServiceText, "} or STRING", CommentOf::kParentOfTop},
-    StateFacts{State::kServiceTextRead, " ) ", CommentOf::kParentOfTop},
-    StateFacts{State::kInInvocation, " * or TYPE or }", CommentOf::kTop},
-    StateFacts{State::kAfterInvocation, "{ or END or (", CommentOf::kParentOfTop},
-    StateFacts{State::kInvocationStatus, ") or STATUS", CommentOf::kParentOfTop},
-    StateFacts{State::kInvocationStatusRead, ") or {", CommentOf::kParentOfTop},
-    StateFacts{State::kInvocationText, "{ or STRING", CommentOf::kParentOfTop},
-    StateFacts{State::kInvocationTextRead, ")", CommentOf::kParentOfTop},
+    StateFacts{State::kBetweenServices, "[ or <", CommentOf::kTop, Repair::kServices},
+    StateFacts{State::kServiceType, " TYPE ", CommentOf::kTop, Repair::kServiceHead},
+    StateFacts{State::kServiceName, " SERVICE NAME ", CommentOf::kTop, Repair::kServiceHead},
+    StateFacts{State::kServiceNamed, "]", CommentOf::kTop, Repair::kServiceHead},
+    StateFacts{State::kInService, "{ or end or a NAME", CommentOf::kTop, Repair::kService},
+    StateFacts{State::kInvocationNamed, " { ", CommentOf::kTop, Repair::kService},
+    StateFacts{State::kAfterService, "[ or EOF or ( or < ", CommentOf::kParentOfTop, Repair::kServices},
+    StateFacts{State::kServiceStatus, "STATUS or )", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kServiceStatusRead, "{ or )", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kServiceText, "} or STRING", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kServiceTextRead, " ) ", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kInInvocation, " * or TYPE or }", CommentOf::kTop, Repair::kType},
+    StateFacts{State::kAfterInvocation, "{ or END or (", CommentOf::kParentOfTop, Repair::kService},
+    StateFacts{State::kInvocationStatus, ") or STATUS", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kInvocationStatusRead, ") or {", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kInvocationText, "{ or STRING", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kInvocationTextRead, ")", CommentOf::kParentOfTop, Repair::kStatus},
 };
 
 constexpr std::array kServiceRows = {
-    Row{State::kBetweenServices, kOpenBracket, nullptr, State::kServiceType, Role::kPunctuation},
+    Row{State::kBetweenServices, kOpenBracket, nullptr, State::kServiceType, Role::kPunctuation,
+        Opens::kService},
     Row{State::kBetweenServices, kLess, action::end_services, State::kFinished, Role::kNextStage},
     Row{State::kServiceType, kWord, action::keep_service_type, State::kServiceName, Role::kServiceType},
     Row{State::kServiceName, kWord, action::keep_word, State::kServiceNamed, Role::kServiceName},
     Row{State::kServiceNamed, kCloseBracket, action::open_service, State::kInService, Role::kPunctuation},
     Row{State::kInService, kEnd, nullptr, State::kAfterService, Role::kPunctuation},
     Row{State::kInService, kOpenBrace, action::open_unnamed_invocation, State::kInInvocation,
-        Role::kPunctuation},
-    Row{State::kInService, kWord, action::keep_name, State::kInvocationNamed, Role::kInvocationName},
+        Role::kPunctuation, Opens::kInvocation},
+    Row{State::kInService, kWord, action::keep_name, State::kInvocationNamed, Role::kInvocationName,
+        Opens::kInvocation},
     Row{State::kInvocationNamed, kOpenBrace, action::open_named_invocation, State::kInInvocation,
         Role::kPunctuation},
-    Row{State::kAfterService, kOpenBracket, action::close_block, State::kServiceType, Role::kPunctuation},
-    Row{State::kAfterService, kOpenParenthesis, nullptr, State::kServiceStatus, Role::kPunctuation},
+    Row{State::kAfterService, kOpenBracket, action::close_block, State::kServiceType, Role::kPunctuation,
+        Opens::kService},
+    Row{State::kAfterService, kOpenParenthesis, nullptr, State::kServiceStatus, Role::kPunctuation,
+        Opens::kStatus},
     Row{State::kAfterService, kLess, action::close_service_and_end, State::kFinished, Role::kNextStage},
     Row{State::kAfterInvocation, kOpenBrace, action::next_unnamed_invocation, State::kInInvocation,
-        Role::kPunctuation},
+        Role::kPunctuation, Opens::kInvocation},
     Row{State::kAfterInvocation, kEnd, action::close_block, State::kAfterService, Role::kPunctuation},
-    Row{State::kAfterInvocation, kOpenParenthesis, nullptr, State::kInvocationStatus, Role::kPunctuation},
+    Row{State::kAfterInvocation, kOpenParenthesis, nullptr, State::kInvocationStatus, Role::kPunctuation,
+        Opens::kStatus},
     Row{State::kAfterInvocation, kWord, action::next_named_invocation, State::kInvocationNamed,
-        Role::kInvocationName},
+        Role::kInvocationName, Opens::kInvocation},
     Row{State::kInInvocation, kCloseBrace, nullptr, State::kAfterInvocation, Role::kPunctuation},
     Row{State::kAfterAttribute, kCloseBrace, action::close_block, State::kAfterInvocation,
         Role::kPunctuation},
@@ -185,53 +191,58 @@ constexpr std::array kServiceRows = {
 // attribute = [ "*" ] type name [ "=" [ value { "," value } ] ] ";" [ status ]
 
 constexpr std::array kAttributeStates = {
-    StateFacts{State::kStarredType, "TYPE", CommentOf::kTop},
-    StateFacts{State::kAttributeName, "NAME", CommentOf::kTop},
-    StateFacts{State::kAttributeNamed, "= ;", CommentOf::kTop},
-    StateFacts{State::kFirstValue, "; or VALUE", CommentOf::kTop},
-    StateFacts{State::kAfterValue, ", or ; ", CommentOf::kTop},
-    StateFacts{State::kNextValue, " VALUE ", CommentOf::kTop},
-    StateFacts{State::kAfterAttribute, "} or ( or TYPE or * ", CommentOf::kParentOfTop},
-    StateFacts{State::kAttributeStatus, "STATUS or )", CommentOf::kParentOfTop},
-    StateFacts{State::kAttributeStatusRead, ") or {", CommentOf::kParentOfTop},
-    StateFacts{State::kAttributeText, "", CommentOf::kParentOfTop},
-    StateFacts{State::kAttributeTextRead, " ) ", CommentOf::kParentOfTop},
+    StateFacts{State::kStarredType, "TYPE", CommentOf::kTop, Repair::kType},
+    StateFacts{State::kAttributeName, "NAME", CommentOf::kTop, Repair::kName},
+    StateFacts{State::kAttributeNamed, "= ;", CommentOf::kTop, Repair::kStatement},
+    StateFacts{State::kFirstValue, "; or VALUE", CommentOf::kTop, Repair::kStatement},
+    StateFacts{State::kAfterValue, ", or ; ", CommentOf::kTop, Repair::kStatement},
+    StateFacts{State::kNextValue, " VALUE ", CommentOf::kTop, Repair::kStatement},
+    StateFacts{State::kAfterAttribute, "} or ( or TYPE or * ", CommentOf::kParentOfTop, Repair::kType},
+    StateFacts{State::kAttributeStatus, "STATUS or )", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kAttributeStatusRead, ") or {", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kAttributeText, "", CommentOf::kParentOfTop, Repair::kStatus},
+    StateFacts{State::kAttributeTextRead, " ) ", CommentOf::kParentOfTop, Repair::kStatus},
 };
 
 constexpr std::array kAttributeRows = {
-    Row{State::kInInvocation, kStar, action::set_star, State::kStarredType, Role::kStar},
-    Row{State::kInInvocation, kWord, action::keep_attribute_type, State::kAttributeName,
-        Role::kAttributeType},
+    Row{State::kInInvocation, kStar, action::set_star, State::kStarredType, Role::kStar, Opens::kAttribute},
+    Row{State::kInInvocation, kWord, action::keep_attribute_type, State::kAttributeName, Role::kAttributeType,
+        Opens::kAttribute},
     Row{State::kStarredType, kWord, action::keep_starred_type, State::kAttributeName, Role::kAttributeType},
     Row{State::kAttributeName, kWord, action::open_attribute, State::kAttributeNamed, Role::kAttributeName},
     Row{State::kAttributeNamed, kEquals, nullptr, State::kFirstValue, Role::kPunctuation},
     Row{State::kAttributeNamed, kSemicolon, nullptr, State::kAfterAttribute, Role::kPunctuation},
     Row{State::kFirstValue, kSemicolon, nullptr, State::kAfterAttribute, Role::kPunctuation},
-    Row{State::kFirstValue, kWordOrString, action::add_value, State::kAfterValue, Role::kValue},
+    Row{State::kFirstValue, kWordOrString, action::add_value, State::kAfterValue, Role::kValue, Opens::kValue,
+        1},
     Row{State::kAfterValue, kComma, nullptr, State::kNextValue, Role::kPunctuation},
     Row{State::kAfterValue, kSemicolon, nullptr, State::kAfterAttribute, Role::kPunctuation},
-    Row{State::kNextValue, kWordOrString, action::add_value, State::kAfterValue, Role::kValue},
-    Row{State::kAfterAttribute, kOpenParenthesis, nullptr, State::kAttributeStatus, Role::kPunctuation},
+    Row{State::kNextValue, kWordOrString, action::add_value, State::kAfterValue, Role::kValue, Opens::kValue,
+        1},
+    Row{State::kAfterAttribute, kOpenParenthesis, nullptr, State::kAttributeStatus, Role::kPunctuation,
+        Opens::kStatus},
     Row{State::kAfterAttribute, kWord, action::close_attribute_and_keep_type, State::kAttributeName,
-        Role::kAttributeType},
-    Row{State::kAfterAttribute, kStar, action::close_attribute_and_set_star, State::kStarredType,
-        Role::kStar},
+        Role::kAttributeType, Opens::kAttribute},
+    Row{State::kAfterAttribute, kStar, action::close_attribute_and_set_star, State::kStarredType, Role::kStar,
+        Opens::kAttribute},
 };
 
 // Attributes of the header end where the next stage begins.
 constexpr std::array kHeaderAttributeRows = {
-    Row{State::kInInvocation, kOpenBracket | kLess, action::give_back, State::kFinished, Role::kNextStage},
-    Row{State::kAfterAttribute, kOpenBracket | kLess, action::give_back, State::kFinished, Role::kNextStage},
+    Row{State::kInInvocation, kOpenBracket | kLess, action::give_back, State::kFinished, Role::kNextStage,
+        Opens::kNothing, 1},
+    Row{State::kAfterAttribute, kOpenBracket | kLess, action::give_back, State::kFinished, Role::kNextStage,
+        Opens::kNothing, 1},
 };
 
 // ---- The end marker ---------------------------------------------------------------------------------------
 // end marker = "<" "/SIL" ">"
 
 constexpr std::array kMarkerStates = {
-    StateFacts{State::kMarkerBegin, " < ", CommentOf::kTop},
-    StateFacts{State::kMarkerWord, " /SIL ", CommentOf::kTop},
-    StateFacts{State::kMarkerEnd, " > ", CommentOf::kTop},
-    StateFacts{State::kMarkerRead, " EOF ", CommentOf::kTop},
+    StateFacts{State::kMarkerBegin, " < ", CommentOf::kTop, Repair::kMarker},
+    StateFacts{State::kMarkerWord, " /SIL ", CommentOf::kTop, Repair::kMarker},
+    StateFacts{State::kMarkerEnd, " > ", CommentOf::kTop, Repair::kMarker},
+    StateFacts{State::kMarkerRead, " EOF ", CommentOf::kTop, Repair::kMarker},
 };
 
 constexpr std::array kMarkerRows = {

@@ -95,16 +95,45 @@ enum class Role : std::uint8_t {
   kValue,
   kStatus,
   kStatusText,
+  kComment,
+  kHeld,      // what it begins shows with the next token
   kNextStage  // it is given back, and read again by the next stage
+};
+
+// What begins with an accepted token.
+enum class Opens : std::uint8_t {
+  kNothing,
+  kHeader,
+  kSection,
+  kService,
+  kInvocation,
+  kAttribute,
+  kValue,
+  kStatus
 };
 
 // Whose a comment is that stands before the next token.
 enum class CommentOf : std::uint8_t { kTop, kParentOfTop };
 
+// How a check goes on behind a token that no row of the state takes (recovery.cpp).
+enum class Repair : std::uint8_t {
+  kText,         // the beginning of the text
+  kFrame,        // inside of marks: behind their ">"
+  kServices,     // at the next service
+  kServiceHead,  // in the brackets of a service
+  kService,      // at the next invocation or the end of the service
+  kStatement,    // at the end of the statement, or where the next one begins
+  kType,         // with a type that is not known
+  kName,         // with a name that will not do
+  kStatus,       // behind the status
+  kMarker        // not at all: nothing follows
+};
+
 struct StateFacts {
   State state;
   const char *expectation;
   CommentOf comment;
+  Repair repair;
 };
 
 const StateFacts &facts_of(State state);
@@ -134,13 +163,25 @@ constexpr TokenSet kAnyText = (one_of(TokenKind::kEndOfText) - 1) & ~one_of(Toke
 constexpr TokenSet kAnyToken = kAnyText | one_of(TokenKind::kEndOfText);
 constexpr TokenSet kWordOrString = one_of(TokenKind::kWord, TokenKind::kString);
 
+// What may stand as a status, and in the braces behind one of a service or an invocation, or of an attribute.
+constexpr TokenSet kStatusName = kAnyText & ~one_of(TokenKind::kCloseParenthesis);
+constexpr TokenSet kBlockStatusText = kWordOrString;
+constexpr TokenSet kAttributeStatusText = kAnyText & ~one_of(TokenKind::kCloseBrace);
+
 struct Row {
   State from;
   TokenSet tokens;
   Action action;  // null: nothing to do
   State to;
   Role role;
+  Opens opens = Opens::kNothing;
+  std::uint8_t closes = 0;  // so many elements end here: with the token, or before one that is given back
 };
+
+// Behind the last token of a block or an attribute, where its status may stand.
+constexpr bool may_have_ended(State state) {
+  return state == State::kAfterAttribute || state == State::kAfterInvocation || state == State::kAfterService;
+}
 
 constexpr std::size_t kStateCount = static_cast<std::size_t>(State::kFinished);
 

@@ -8,11 +8,19 @@
 namespace jt_core {
 namespace {
 
-constexpr std::size_t kMaxComment = JT_MAX_TOKEN_LENGTH - 1;
-
 static_assert(kPunctuationBytes.size() == static_cast<std::size_t>(TokenKind::kBar) + 1);
 
 constexpr Token kErrorToken = {TokenKind::kError, {}};
+
+// In the order of LexFault.
+constexpr const char *kFaultMessages[] = {message::kUnexpectedEnd, message::kQuoteInWord,
+                                          message::kWordAfterQuote, message::kTokenTooLong,
+                                          message::kCommentTooLong};
+
+void report_fault(jt_parser_space *space, SilCursor &cursor, LexFault fault, std::string_view detail) {
+  cursor.fault = fault;
+  report(space, kFaultMessages[static_cast<std::size_t>(fault)], detail);
+}
 
 char unescape(char letter) {
   for (const Escape &escape : kEscapes) {
@@ -22,13 +30,14 @@ char unescape(char letter) {
 }
 
 // A word with escapes, or one that is not well formed, under construction.
+template <typename Text>
 class WordReader {
  public:
   WordReader(jt_parser_space *space, SilCursor &cursor) : space_(space), cursor_(cursor) {}
 
   Token read() {
     for (;;) {
-      switch (class_of(*cursor_.position)) {
+      switch (class_at<Text>(cursor_, cursor_.position)) {
         case ByteClass::kWord:
           if (!read_run()) return kErrorToken;
           break;
@@ -39,26 +48,27 @@ class WordReader {
           if (!read_quoted()) return kErrorToken;
           break;
         case ByteClass::kSpace:
-          ++cursor_.position;
-          return finish();
+          return finish(ByteClass::kSpace);
         default:
-          return finish();
+          return finish(ByteClass::kEndOfText);
       }
     }
   }
 
  private:
-  bool fail(const char *message, const char *detail) {
-    jt_error(space_, message, detail);
+  bool fail(LexFault fault, std::string_view detail) {
+    report_fault(space_, cursor_, fault, detail);
     return false;
   }
 
   // The report of most errors shows the text from the beginning of the token on.
-  bool fail(const char *message) { return fail(message, text_before(cursor_, length_)); }
+  bool fail(LexFault fault) { return fail(fault, text_before(cursor_, length_)); }
+
+  char next() const { return Text::byte_at(cursor_, cursor_.position); }
 
   bool read_run() {
-    if (quoted_) return fail(message::kWordAfterQuote, text_before(cursor_, 1));
-    return copy_run(end_of_run(cursor_.position, kWordBytes), kMaxTokenText);
+    if (quoted_) return fail(LexFault::kWordAfterQuote, text_before(cursor_, 1));
+    return copy_run(Text::end_of(cursor_, cursor_.position, kWordBytes), kMaxTokenText);
   }
 
   // Bytes that stand for themselves, up to the length that the text may have.
@@ -68,41 +78,48 @@ class WordReader {
     std::memcpy(cursor_.buffer.data() + length_, cursor_.position, taken);
     length_ += taken;
     cursor_.position += taken;
-    return taken == found || fail(message::kTokenTooLong);
+    return taken == found || fail(LexFault::kTooLong);
   }
 
   bool append(char c) {
-    if (length_ == kMaxTokenText) return fail(message::kTokenTooLong);
+    if (length_ == kMaxTokenText) return fail(LexFault::kTooLong);
     cursor_.buffer[length_++] = c;
     return true;
   }
 
   bool read_escape() {
     ++cursor_.position;
-    if (*cursor_.position == '\0') return fail(message::kUnexpectedEnd);
-    return append(unescape(*cursor_.position++));
+    const char letter = next();
+    if (letter == '\0') return fail(LexFault::kUnexpectedEnd);
+    ++cursor_.position;
+    return append(unescape(letter));
   }
 
   // In quotes the character that is one too many has been collected when it is refused.
   bool read_quoted() {
-    if (length_ > 0 || quoted_) return fail(message::kQuoteInWord);
+    if (length_ > 0 || quoted_) return fail(LexFault::kQuoteInWord);
     quoted_ = true;
     ++cursor_.position;
-    while (*cursor_.position != '"') {
-      if (*cursor_.position == '\0') return fail(message::kUnexpectedEnd);
-      const bool read = *cursor_.position == '\\'
-                            ? read_escape()
-                            : copy_run(end_of_run(cursor_.position, kQuotedBytes), kMaxQuoted + 1);
-      if (!read) return false;
-      if (length_ > kMaxQuoted) return fail(message::kTokenTooLong);
+    while (next() != '"') {
+      if (!read_part_of_quoted()) return false;
+      if (length_ > kMaxQuoted) return fail(LexFault::kTooLong);
     }
     ++cursor_.position;
     return true;
   }
 
-  Token finish() {
-    const std::string_view text(cursor_.buffer.data(), length_);
-    return {TokenKind::kString, text};
+  bool read_part_of_quoted() {
+    const char *const end = Text::end_of(cursor_, cursor_.position, kQuotedBytes);
+    if (end != cursor_.position) return copy_run(end, kMaxQuoted + 1);
+    if (next() == '\0') return fail(LexFault::kUnexpectedEnd);
+    if (next() == '\\') return read_escape();
+    ++cursor_.position;
+    return append(' ');
+  }
+
+  Token finish(ByteClass next) {
+    pass<Text>(cursor_, cursor_.position, next);
+    return {TokenKind::kString, {cursor_.buffer.data(), length_}};
   }
 
   jt_parser_space *space_;
@@ -111,36 +128,49 @@ class WordReader {
   bool quoted_ = false;
 };
 
-bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
-
 }  // namespace
 
+template <typename Text>
 Token read_comment(jt_parser_space *space, SilCursor &cursor) {
   std::size_t length = 0;
-  for (; !ends_comment(*cursor.position); ++cursor.position) {
+  for (char c = *cursor.position; !ends_comment(c); c = Text::byte_at(cursor, ++cursor.position)) {
     if (length == kMaxComment) {
-      jt_error(space, message::kCommentTooLong, text_before(cursor, length));
+      report_fault(space, cursor, LexFault::kCommentTooLong, text_before(cursor, length));
       return kErrorToken;
     }
-    cursor.buffer[length++] = *cursor.position;
+    cursor.buffer[length++] = c;
+  }
+  if constexpr (Text::kHasPlaces) {
+    cursor.token_end = cursor.position;
+    cursor.has_comments = true;
   }
   cursor.buffer[length++] = '\n';
   return {TokenKind::kComment, {cursor.buffer.data(), length}};
 }
 
-Token read_word_slow(jt_parser_space *space, SilCursor &cursor) { return WordReader(space, cursor).read(); }
+template <typename Text>
+Token read_word_slow(jt_parser_space *space, SilCursor &cursor) {
+  return WordReader<Text>(space, cursor).read();
+}
+
+template Token read_comment<Terminated>(jt_parser_space *space, SilCursor &cursor);
+template Token read_comment<Bounded>(jt_parser_space *space, SilCursor &cursor);
+template Token read_word_slow<Terminated>(jt_parser_space *space, SilCursor &cursor);
+template Token read_word_slow<Bounded>(jt_parser_space *space, SilCursor &cursor);
+
+Token look_at_token(SilCursor &cursor) { return next_token<Bounded>(nullptr, cursor); }
 
 void restore_token(SilCursor &cursor) { cursor.position = cursor.mark; }
 
-char *writable_text(SilCursor &cursor, const Token &token) {
-  std::memmove(cursor.buffer.data(), token.text.data(), token.text.size());
-  cursor.buffer[token.text.size()] = '\0';
-  return cursor.buffer.data();
+std::string_view text_from(const SilCursor &cursor, const char *at) {
+  if (cursor.end == nullptr) return beginning_of(at);
+  constexpr std::size_t kMost = JT_MESSAGE_SIZE;
+  return {at, std::min(static_cast<std::size_t>(cursor.end - at), kMost)};
 }
 
-const char *text_before(const SilCursor &cursor, std::size_t characters) {
+std::string_view text_before(const SilCursor &cursor, std::size_t characters) {
   const auto read = static_cast<std::size_t>(cursor.position - cursor.begin);
-  return cursor.position - std::min(read, characters);
+  return text_from(cursor, cursor.position - std::min(read, characters));
 }
 
 }  // namespace jt_core

@@ -28,10 +28,10 @@ struct ValueResult {
   jt_node *node;
 };
 
-// A value node from a text. The type is unknown, or one of the library's with its family; a type without a
+// A value node from a text, of which whoever listens hears what its reader remarks. The type is unknown, or one of the library's with its family; a type without a
 // family (a kind of block) refuses every text.
 ValueResult make_value_node(jt_parser_space &space, const jt_type *type, const ValueFamily *family,
-                            std::string_view text);
+                            std::string_view text, Remarks *remarks = nullptr);
 
 }  // namespace jt_core
 

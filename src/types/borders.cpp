@@ -1,21 +1,24 @@
 // struct_borders. What follows the first side is first tried as the name of a flip, so a second side that is
-// written out always warns about a name that the scan list does not know; clients are used to that.
+// written out always warns about a name that the scan list does not know; clients are used to that. It is no
+// fault of the text, so nothing is remarked on it.
 // tests/types/borders_test.cpp
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "base/error_store.h"
+#include "base/text.h"
 #include "types/enumeration.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_lists.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 namespace {
 
-constexpr char kSeparator = '/';
+constexpr std::string_view kTypeName = "struct_borders";
 
 constexpr WarningLimits kLimits = {{{unit::kMm, 50, message::kBordersRangeMm},
                                     {unit::kIn, 200, message::kBordersRangeIn},
@@ -45,18 +48,22 @@ Borders::Side flipped(Borders::Side side, const Flip &flip) {
   return side;
 }
 
-bool refuse(jt_parser_space *space, std::string_view text) {
-  return refuse_value(space, "struct_borders", text);
+// Reads one side, up to the separator behind its unit or the end. `text` is the whole value, for the report.
+bool read_side(Reading reading, std::string_view text, std::string_view &rest, Borders::Side &side) {
+  const std::string_view begin = rest;
+  for (std::int32_t &margin : side.margins) {
+    if (read_field(rest, kFieldSeparator, margin)) continue;
+    remark_misfit(reading, begin, rest);
+    return refuse_value(reading.space, kTypeName, text);
+  }
+  const std::string_view unit_name = rest.substr(0, rest.find(kFieldSeparator));
+  rest.remove_prefix(unit_name.size());
+  return read_unit(reading, kLimits, {begin, unit_name, side.margins}, side.unit);
 }
 
-// Reads one side, up to the separator behind its unit or the end. `text` is the whole value, for the report.
-bool read_side(jt_parser_space *space, std::string_view text, std::string_view &rest, Borders::Side &side) {
-  for (std::int32_t &margin : side.margins) {
-    if (!read_field(rest, kSeparator, margin)) return refuse(space, text);
-  }
-  const std::string_view unit_name = rest.substr(0, rest.find(kSeparator));
-  rest.remove_prefix(unit_name.size());
-  return read_unit(space, kLimits, unit_name, side.margins, side.unit);
+// Tells a second side from what can only be meant as the name of a flip.
+bool begins_with_field(std::string_view rest) {
+  return rest.empty() || is_digit(rest.front()) || rest.front() == kFieldSeparator;
 }
 
 bool add_side(jt_parser_space *space, const Borders::Side &side, ShortText &text) {
@@ -66,20 +73,23 @@ bool add_side(jt_parser_space *space, const Borders::Side &side, ShortText &text
 
 }  // namespace
 
-bool Borders::parse(jt_parser_space *space, std::string_view text, Value &value) {
+bool Borders::parse(Reading reading, std::string_view text, Value &value) {
   std::string_view rest = text;
-  if (!read_side(space, text, rest, value.first)) return false;
+  if (!read_side(reading, text, rest, value.first)) return false;
   if (rest.empty()) {
     value.second = value.first;
     return true;
   }
   rest.remove_prefix(1);
-  if (const Flip *const flip = evaluate_flip(space, rest)) {
+  if (const Flip *const flip = evaluate_flip(reading.space, rest)) {
     value.second = flipped(value.first, *flip);
     return true;
   }
-  if (!read_side(space, text, rest, value.second)) return false;
-  return rest.empty() || refuse(space, text);
+  const bool is_side = begins_with_field(rest);
+  if (is_side && !read_side(reading, text, rest, value.second)) return false;
+  if (is_side && rest.empty()) return true;
+  remark(reading, is_side ? Remark::kMalformed : Remark::kUnknownName, rest, true);
+  return refuse_value(reading.space, kTypeName, text);
 }
 
 bool Borders::format(jt_parser_space *space, const Value &value, ShortText &text) {

@@ -2,9 +2,9 @@
 #include "types/enumeration.h"
 
 #include <array>
-#include <cstdlib>
 #include <cstring>
 
+#include "base/error_store.h"
 #include "base/markers.h"
 #include "base/text.h"
 
@@ -23,18 +23,18 @@ const char *unknown_name_in(const jt_value *value) {
 
 jt_value *store_unknown_name(jt_parser_space *space, ValueSink &sink, std::string_view name) {
   auto *const storage =
-      static_cast<char *>(sink.allocate(sink, space, sizeof(kUnknownName) + name.size() + 1));
+      static_cast<char *>(sink.allocate(sink, space, sizeof(kUnknownNameMarker) + name.size() + 1));
   if (storage == nullptr) return nullptr;
-  std::memcpy(storage, &kUnknownName, sizeof(kUnknownName));
-  std::memcpy(storage + sizeof(kUnknownName), name.data(), name.size());
-  storage[sizeof(kUnknownName) + name.size()] = '\0';
+  std::memcpy(storage, &kUnknownNameMarker, sizeof(kUnknownNameMarker));
+  std::memcpy(storage + sizeof(kUnknownNameMarker), name.data(), name.size());
+  storage[sizeof(kUnknownNameMarker) + name.size()] = '\0';
   return reinterpret_cast<jt_value *>(storage);
 }
 
 }  // namespace
 
 std::uint32_t evaluate_name(jt_parser_space *space, const ValueList &list, std::string_view name) {
-  std::uint32_t number = kUnknownName;
+  std::uint32_t number = kUnknownNameMarker;
   if (!find_number(list, name, number)) report(space, message::kUnknownEnumeratedName, name);
   return number;
 }
@@ -49,13 +49,14 @@ std::string_view encode_number(jt_parser_space *space, const ValueList &list, st
 std::string_view enumerated_text(jt_parser_space *space, const ValueList &list, const jt_value *value) {
   const std::uint32_t number = number_in(value);
   const std::string_view name = encode_number(space, list, number);
-  return number == kUnknownName ? std::string_view(unknown_name_in(value)) : name;
+  return number == kUnknownNameMarker ? std::string_view(unknown_name_in(value)) : name;
 }
 
 ReadResult Enumeration::read(jt_parser_space *space, const ValueList *names, std::string_view text,
                              ValueSink &sink) {
   const std::uint32_t number = evaluate_name(space, *names, text);
-  if (number != kUnknownName) return made_if_there(store_value(space, sink, &number, sizeof(number)));
+  if (number != kUnknownNameMarker) return made_if_there(store_value(space, sink, &number, sizeof(number)));
+  remark({space, sink.remarks}, Remark::kUnknownName, text);
   jt_value *const value = store_unknown_name(space, sink, text);
   if (value == nullptr) report(space, message::kNoEnumeratedValue, text);
   return made_if_there(value);
@@ -69,8 +70,8 @@ bool Enumeration::write(jt_parser_space *space, const ValueList *names, const jt
 
 jt_value *Enumeration::copy(jt_parser_space *space, const jt_value *value, ValueSink &sink) {
   const std::uint32_t number = number_in(value);
-  return number == kUnknownName ? store_unknown_name(space, sink, unknown_name_in(value))
-                                : store_value(space, sink, &number, sizeof(number));
+  return number == kUnknownNameMarker ? store_unknown_name(space, sink, unknown_name_in(value))
+                                      : store_value(space, sink, &number, sizeof(number));
 }
 
 bool Enumeration::hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash) {
@@ -80,16 +81,6 @@ bool Enumeration::hash(const HashKey *secret, const jt_value *value, std::uint32
 
 std::int32_t Enumeration::compare(const jt_value *a, const jt_value *b) {
   return order_of(number_in(a), number_in(b));
-}
-
-char *Enumeration::copy_text(jt_parser_space *space, const ValueText &text) {
-  auto *const block = static_cast<char *>(std::malloc(text.size() + 1));
-  if (block == nullptr) {
-    report(space, message::kNoEnumeratedText, text.pieces[0]);
-  } else {
-    join_pieces(text, block);
-  }
-  return block;
 }
 
 }  // namespace jt_core

@@ -10,7 +10,8 @@
 namespace jt_core {
 
 jt_value *eval_value(const ValueFamily &family, jt_parser_space *space, char *text);
-jt_value *copy_value(const ValueFamily &family, jt_parser_space *space, const jt_value *value);
+[[gnu::noinline]] jt_value *copy_value(const ValueFamily &family, jt_parser_space *space,
+                                       const jt_value *value);
 char *deval_value(const ValueFamily &family, jt_parser_space *space, const jt_value *value);
 std::int32_t compare_values(const ValueFamily &family, const jt_value *a, const jt_value *b);
 std::int32_t kill_value(const ValueFamily &family, jt_parser_space *space, jt_value *value);

@@ -1,6 +1,6 @@
 // A family of values that are one flat record. What it has to state is its own:
 //   Value      the record
-//   parse      text, not empty, to record; false, after its own reports, when the text is refused
+//   parse      text, not empty, to record; false, after its own reports and remarks, when the text is refused
 //   format     record to text; false, after its own reports, when the record has none
 //   order      of two records
 //   compared   the numbers that the order of two records looks at, or fewer
@@ -16,6 +16,7 @@
 #include "jt.h"
 #include "types/type_operations.h"
 #include "types/value_family.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 
@@ -23,7 +24,6 @@ template <typename Rules>
 struct FlatType : Rules {
   using Value = typename Rules::Value;
   static constexpr bool kQuoted = false;
-  static constexpr auto copy_text = copy_value_text;
 
   static Value record_of(const jt_value *value) {
     Value record;
@@ -33,8 +33,9 @@ struct FlatType : Rules {
 
   static ReadResult read(jt_parser_space *space, const ValueList * /*names*/, std::string_view text,
                          ValueSink &sink) {
+    if (text.empty()) return refuse_empty_text(sink, text);
     Value record{};
-    if (text.empty() || !Rules::parse(space, text, record)) return kRefusedText;
+    if (!Rules::parse({space, sink.remarks}, text, record)) return kRefusedText;
     return made_if_there(store_value(space, sink, &record, sizeof(record)));
   }
 

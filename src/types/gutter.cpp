@@ -8,6 +8,7 @@
 #include "types/structured_types.h"
 #include "types/units.h"
 #include "types/value_lists.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 namespace {
@@ -18,13 +19,14 @@ constexpr WarningLimits kLimits = {{{unit::kMm, 25, message::kGutterRangeMm},
 
 }  // namespace
 
-bool Gutter::parse(jt_parser_space *space, std::string_view text, Value &value) {
+bool Gutter::parse(Reading reading, std::string_view text, Value &value) {
   std::string_view rest = text;
-  if (!read_field(rest, '/', value.first_width) || !read_field(rest, '/', value.second_width)) {
-    return refuse_value(space, "struct_gutter", text);
+  if (!read_field(rest, kFieldSeparator, value.first_width) ||
+      !read_field(rest, kFieldSeparator, value.second_width)) {
+    return refuse_misfit(reading, "struct_gutter", text, rest);
   }
   const std::array widths = {value.first_width, value.second_width};
-  return read_unit(space, kLimits, rest, widths, value.unit);
+  return read_unit(reading, kLimits, {text, rest, widths}, value.unit);
 }
 
 bool Gutter::format(jt_parser_space *space, const Value &value, ShortText &text) {

@@ -11,13 +11,10 @@
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/value_lists.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 namespace {
-
-constexpr char kSeparator = '/';
-constexpr std::int32_t kMin = 25;
-constexpr std::int32_t kMax = 400;
 
 struct Mode {
   std::int32_t number;
@@ -44,32 +41,32 @@ struct Percentages {
 // False when something else than one or two numbers stands there.
 bool read_percentages(std::string_view text, Percentages &percentages) {
   percentages.count = 1;
-  if (read_field(text, kSeparator, percentages.numbers[0])) {
+  if (read_field(text, kFieldSeparator, percentages.numbers[0])) {
     percentages.numbers[1] = read_number(text);
     percentages.count = 2;
   }
   return text.empty();
 }
 
-bool is_in_range(std::int32_t percentage) { return percentage >= kMin && percentage <= kMax; }
+bool is_in_range(std::int32_t percentage) { return kPercentage.has(percentage); }
 
 }  // namespace
 
 // Reports show the mode alone.
-bool Magnification::parse(jt_parser_space *space, std::string_view text, Value &value) {
-  const std::string_view mode_name = text.substr(0, text.find(kSeparator));
-  value.mode = static_cast<std::int32_t>(evaluate_name(space, kScanValues, mode_name));
+bool Magnification::parse(Reading reading, std::string_view text, Value &value) {
+  const std::string_view mode_name = text.substr(0, text.find(kFieldSeparator));
+  value.mode = static_cast<std::int32_t>(evaluate_name(reading.space, kScanValues, mode_name));
   Percentages percentages{};
   const bool well_formed =
       mode_name.size() == text.size() || read_percentages(text.substr(mode_name.size() + 1), percentages);
   const Mode *const mode = find_mode(value.mode);
-  if (!well_formed || mode == nullptr || mode->percentages != percentages.count) {
-    return refuse_value(space, "struct_magnification", mode_name);
-  }
+  const std::size_t expected = mode != nullptr ? mode->percentages : kNoMode;
+  const bool fits = well_formed && percentages.count == expected;
   const auto numbers = percentages.read();
-  if (!std::all_of(numbers.begin(), numbers.end(), is_in_range)) {
-    report(space, message::kMagnificationRange);
-    return refuse_value(space, "struct_magnification", mode_name);
+  if (!fits || !std::all_of(numbers.begin(), numbers.end(), is_in_range)) {
+    remark_magnification(reading, text, expected);
+    if (fits) report(reading.space, message::kMagnificationRange);
+    return refuse_value(reading.space, "struct_magnification", mode_name);
   }
   if (!numbers.empty()) {
     value.first = numbers.front();
@@ -79,7 +76,7 @@ bool Magnification::parse(jt_parser_space *space, std::string_view text, Value &
 }
 
 void Magnification::cut(char *text, ReadStatus /*status*/) {
-  char *const separator = std::strchr(text, kSeparator);
+  char *const separator = std::strchr(text, kFieldSeparator);
   if (separator != nullptr) *separator = '\0';
 }
 

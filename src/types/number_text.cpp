@@ -9,7 +9,7 @@
 namespace jt_core {
 
 std::int64_t read_magnitude(std::string_view &text) {
-  constexpr std::int64_t kMax = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
+  constexpr std::int64_t kMax = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 2;
   std::int64_t number = 0;
   std::size_t digits = 0;
   for (; digits < text.size() && is_digit(text[digits]); ++digits) {

@@ -9,7 +9,8 @@
 
 namespace jt_core {
 
-// What the digits at the front mean, at most 2147483648; no digit means 0.
+// What the digits at the front mean, at most 2147483649, which is one more than any number of 32 bits has
+// before its sign is seen; no digit means 0.
 std::int64_t read_magnitude(std::string_view &text);
 
 // The same within a signed number of 32 bits.
@@ -17,6 +18,9 @@ std::int32_t read_number(std::string_view &text);
 
 // A number and the separator behind it; false when something else stands there.
 bool read_field(std::string_view &text, char separator, std::int32_t &number);
+
+// Between the numbers and names of one text.
+constexpr char kFieldSeparator = '/';
 
 }  // namespace jt_core
 

@@ -9,11 +9,12 @@
 #include "types/units.h"
 #include "types/value_list.h"
 #include "types/value_lists.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 namespace {
 
-constexpr std::string_view kTypeName = "struct_rectangle";
+constexpr const char *kTypeName = "struct_rectangle";
 
 // All inclusive. A position may reach as far as a size.
 struct Limit {
@@ -32,27 +33,45 @@ bool is_within(const Rectangle::Value &value, const Limit &limit) {
          value.height <= limit.most_down;
 }
 
+[[gnu::noinline]] void remark_sizes(Reading reading, std::string_view text, const Limit &limit) {
+  const std::array<NumberRange, 4> ranges = {{{0, limit.most_across},
+                                              {0, limit.most_down},
+                                              {limit.least_size, limit.most_across},
+                                              {limit.least_size, limit.most_down}}};
+  remark_numbers(reading, text, ranges, Outside::kRefused);
+}
+
 bool read_numbers(std::string_view &text, Rectangle::Value &value) {
-  return read_field(text, '/', value.x) && read_field(text, '/', value.y) &&
-         read_field(text, '/', value.width) && read_field(text, '/', value.height);
+  return read_field(text, kFieldSeparator, value.x) && read_field(text, kFieldSeparator, value.y) &&
+         read_field(text, kFieldSeparator, value.width) && read_field(text, kFieldSeparator, value.height);
+}
+
+// The limits that a unit sets; null, after a report where the base list does not know the name, for a name
+// that is no unit.
+const Limit *read_limit(jt_parser_space *space, std::string_view name, std::int32_t &unit) {
+  std::uint32_t number = 0;
+  if (!find_number(kBaseValues, name, number)) {
+    report(space, message::kUnknownUnitName, name);
+    return nullptr;
+  }
+  unit = static_cast<std::int32_t>(number);
+  return find_limit(kLimits, unit);
 }
 
 }  // namespace
 
-bool Rectangle::parse(jt_parser_space *space, std::string_view text, Value &value) {
+bool Rectangle::parse(Reading reading, std::string_view text, Value &value) {
   std::string_view rest = text;
-  if (!read_numbers(rest, value)) return refuse_value(space, kTypeName, text);
-  std::uint32_t unit = 0;
-  if (!find_number(kBaseValues, rest, unit)) {
-    report(space, message::kUnknownUnitName, rest);
+  if (!read_numbers(rest, value)) return refuse_misfit(reading, kTypeName, text, rest);
+  const Limit *const limit = read_limit(reading.space, rest, value.unit);
+  if (limit == nullptr) {
+    remark_unfit_name(reading, text, rest);
     return false;
   }
-  value.unit = static_cast<std::int32_t>(unit);
-  const Limit *const limit = find_limit(kLimits, value.unit);
-  if (limit == nullptr) return false;
+  if (reading.is_heard()) remark_sizes(reading, text, *limit);
   if (is_within(value, *limit)) return true;
-  report(space, message::kRectangleRange);
-  return refuse_value(space, kTypeName, text);
+  report(reading.space, message::kRectangleRange);
+  return refuse_value(reading.space, kTypeName, text);
 }
 
 bool Rectangle::format(jt_parser_space *space, const Value &value, ShortText &text) {

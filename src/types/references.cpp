@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 namespace {
@@ -62,7 +63,8 @@ jt_value *store(jt_parser_space *space, ValueSink &sink, const Parts<Texts> &par
 template <std::size_t Texts>
 ReadResult Reference<Texts>::read(jt_parser_space *space, const ValueList * /*names*/, std::string_view text,
                                   ValueSink &sink) {
-  return text.empty() ? kRefusedText : made_if_there(store(space, sink, split<Texts>(text)));
+  if (text.empty()) return refuse_empty_text(sink, text);
+  return made_if_there(store(space, sink, split<Texts>(text)));
 }
 
 template <std::size_t Texts>

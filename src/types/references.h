@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/messages.h"
 #include "jt.h"
 #include "types/type_operations.h"
 #include "types/value_family.h"
@@ -17,7 +18,6 @@ template <std::size_t Texts>
 struct Reference {
   static constexpr auto kOfNulls = equality_of_nulls;
   static constexpr bool kQuoted = false;
-  static constexpr auto copy_text = copy_value_text;
   static ReadResult read(jt_parser_space *space, const ValueList *names, std::string_view text,
                          ValueSink &sink);
   static jt_value *copy(jt_parser_space *space, const jt_value *value, ValueSink &sink);

@@ -3,20 +3,21 @@
 
 #include <algorithm>
 #include <bit>
-#include <charconv>
 #include <limits>
 
 #include "base/text.h"
 #include "types/number_text.h"
+#include "types/real_text.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 namespace {
 
 // ---- integer ----
 
-std::int32_t with_sign(std::int64_t magnitude, bool negative) {
-  constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(negative ? -magnitude : std::min(magnitude, kMax));
+std::int32_t saturated(std::int64_t number) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
 }
 
 // ---- real ----
@@ -24,22 +25,6 @@ std::int32_t with_sign(std::int64_t magnitude, bool negative) {
 std::size_t count_digits(std::string_view text) {
   const auto *const end = std::find_if_not(text.begin(), text.end(), [](char c) { return is_digit(c); });
   return static_cast<std::size_t>(end - text.begin());
-}
-
-// The conversion alone is undefined beyond the range of a single; there the nearest single is infinity.
-float to_single(double number) {
-  constexpr double kFirstBeyond = 0x1.ffffffp127;
-  return number < kFirstBeyond ? static_cast<float>(number) : std::numeric_limits<float>::infinity();
-}
-
-// A number beyond the range of a double is too large when it has a digit other than 0 before its point, else
-// too small.
-float read_real(std::string_view text, std::string_view before_point) {
-  double number = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (result.ec != std::errc::result_out_of_range) return to_single(number);
-  const bool too_large = before_point.find_first_not_of('0') != std::string_view::npos;
-  return too_large ? std::numeric_limits<float>::infinity() : 0.0F;
 }
 
 // ---- timestamp ----
@@ -54,22 +39,28 @@ constexpr std::array<Field, 6> kTimestampFields = {{{0, 4}, {5, 2}, {8, 2}, {11,
 constexpr std::size_t kTimestampLength = 19;
 constexpr char kTimestampSeparator = '/';
 
-bool has_timestamp_shape(std::string_view text) {
-  return std::all_of(kTimestampFields.begin(), kTimestampFields.end(), [&](Field field) {
-    const std::size_t end = field.begin + field.width;
-    return count_digits(text.substr(field.begin, field.width)) == field.width &&
-           (end == kTimestampLength || text[end] == kTimestampSeparator);
-  });
+// From the first character that has no place in a timestamp to the end.
+std::string_view misfit_in_timestamp(std::string_view text) {
+  constexpr std::string_view kForm = "0000/00/00/00/00/00";
+  const auto *const misfit =
+      std::mismatch(text.begin(), text.end(), kForm.begin(), kForm.end(), [](char c, char form) {
+        return is_digit(form) ? is_digit(c) : c == form;
+      }).first;
+  return text.substr(static_cast<std::size_t>(misfit - text.begin()));
 }
 
 }  // namespace
 
-bool Integer::parse(jt_parser_space *space, std::string_view text, Value &value) {
+bool Integer::parse(Reading reading, std::string_view text, Value &value) {
   std::string_view rest = text;
   const bool negative = rest.starts_with('-');
   if (negative || rest.starts_with('+')) rest.remove_prefix(1);
-  value = with_sign(read_magnitude(rest), negative);
-  return rest.empty() || refuse_value(space, "integer", text);
+  const std::int64_t magnitude = read_magnitude(rest);
+  const std::int64_t number = negative ? -magnitude : magnitude;
+  value = saturated(number);
+  if (!rest.empty()) return refuse_misfit(reading, "integer", text, rest);
+  if (reading.is_heard()) remark_integer(reading, text, value != number);
+  return true;
 }
 
 bool Integer::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
@@ -77,13 +68,13 @@ bool Integer::format(jt_parser_space * /*space*/, Value value, ShortText &text) 
   return true;
 }
 
-bool Real::parse(jt_parser_space *space, std::string_view text, Value &value) {
+bool Real::parse(Reading reading, std::string_view text, Value &value) {
   const std::string_view before_point = text.substr(0, count_digits(text));
-  const std::string_view rest = text.substr(before_point.size());
-  const bool is_real =
-      rest.empty() || (rest.front() == '.' && count_digits(rest.substr(1)) == rest.size() - 1);
-  if (!is_real) return refuse_value(space, "real", text);
-  value = read_real(text, before_point);
+  std::string_view rest = text.substr(before_point.size());
+  if (rest.starts_with('.')) rest.remove_prefix(1 + count_digits(rest.substr(1)));
+  if (!rest.empty()) return refuse_misfit(reading, "real", text, rest);
+  value = read_real(text);
+  if (reading.is_heard()) remark_real(reading, text, value);
   return true;
 }
 
@@ -93,13 +84,14 @@ std::array<std::int32_t, 1> Real::compared(Value value) {
 }
 
 bool Real::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
-  text.add_real(value);
+  std::array<char, 64> buffer;
+  text.add(write_real(buffer, value));
   return true;
 }
 
-bool Boolean::parse(jt_parser_space *space, std::string_view text, Value &value) {
+bool Boolean::parse(Reading reading, std::string_view text, Value &value) {
   value = same_name(text, "true") ? 1 : 0;
-  return value != 0 || same_name(text, "false") || refuse_value(space, "boolean", text);
+  return value != 0 || same_name(text, "false") || refuse_misfit(reading, "boolean", text, text);
 }
 
 bool Boolean::format(jt_parser_space * /*space*/, Value value, ShortText &text) {
@@ -108,13 +100,18 @@ bool Boolean::format(jt_parser_space * /*space*/, Value value, ShortText &text) 
 }
 
 // A text of the right length but another shape is refused without a report.
-bool Timestamp::parse(jt_parser_space *space, std::string_view text, Value &value) {
-  if (text.size() != kTimestampLength) return refuse_value(space, "timestamp", text);
-  if (!has_timestamp_shape(text)) return false;
+bool Timestamp::parse(Reading reading, std::string_view text, Value &value) {
+  const std::string_view misfit = misfit_in_timestamp(text);
+  if (text.size() != kTimestampLength) return refuse_misfit(reading, "timestamp", text, misfit);
+  if (!misfit.empty()) {
+    remark_misfit(reading, misfit, misfit);
+    return false;
+  }
   for (std::size_t i = 0; i < value.size(); ++i) {
     std::string_view field = text.substr(kTimestampFields[i].begin, kTimestampFields[i].width);
     value[value.size() - 1 - i] = read_number(field);
   }
+  if (reading.is_heard()) remark_calendar(reading, text, value[5], value[4]);
   return true;
 }
 
@@ -135,14 +132,14 @@ std::int32_t Timestamp::order(const Value &a, const Value &b) {
   return different.first != a.rend() ? order_of(*different.first, *different.second) : 0;
 }
 
-bool TimeOfDay::parse(jt_parser_space *space, std::string_view text, Value &value) {
-  constexpr std::int32_t kLastHour = 23;
-  constexpr std::int32_t kLastMinute = 59;
+bool TimeOfDay::parse(Reading reading, std::string_view text, Value &value) {
+  constexpr const char *kTypeName = "struct_timeofday";
   std::string_view rest = text;
-  if (!read_field(rest, ':', value.hour)) return refuse_value(space, "struct_timeofday", text);
+  if (!read_field(rest, ':', value.hour)) return refuse_misfit(reading, kTypeName, text, rest);
   value.minute = read_number(rest);
-  return (value.hour <= kLastHour && value.minute <= kLastMinute) ||
-         refuse_value(space, "struct_timeofday", text);
+  if (reading.is_heard()) remark_time(reading, text);
+  return (kTimeRanges[0].has(value.hour) && kTimeRanges[1].has(value.minute)) ||
+         refuse_value(reading.space, kTypeName, text);
 }
 
 bool TimeOfDay::format(jt_parser_space * /*space*/, Value value, ShortText &text) {

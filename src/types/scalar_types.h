@@ -15,7 +15,7 @@ namespace jt_core {
 struct Integer {
   using Value = std::int32_t;
   static constexpr auto kOfNulls = order_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, Value value, ShortText &text);
   static std::int32_t order(Value a, Value b) { return order_of(a, b); }
   static std::array<std::int32_t, 1> compared(Value value) { return {value}; }
@@ -25,7 +25,7 @@ struct Integer {
 struct Real {
   using Value = float;
   static constexpr auto kOfNulls = order_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, Value value, ShortText &text);
   static std::int32_t order(Value a, Value b) { return order_of(a, b); }
   // A value that is no number equals every other.
@@ -37,7 +37,7 @@ struct Real {
 struct Boolean {
   using Value = std::int32_t;
   static constexpr auto kOfNulls = order_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, Value value, ShortText &text);
   static std::int32_t order(Value a, Value b) { return order_of(a, b); }
   static std::array<std::int32_t, 1> compared(Value value) { return {value}; }
@@ -47,7 +47,7 @@ struct Boolean {
 struct Timestamp {
   using Value = std::array<std::int32_t, 6>;
   static constexpr auto kOfNulls = order_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
   static std::int32_t order(const Value &a, const Value &b);
   static const Value &compared(const Value &value) { return value; }
@@ -61,7 +61,7 @@ struct TimeOfDay {
     std::int32_t minute;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, Value value, ShortText &text);
   static std::int32_t order(Value a, Value b);
   static std::array<std::int32_t, 2> compared(Value value) { return {value.hour, value.minute}; }
@@ -71,7 +71,6 @@ struct TimeOfDay {
 // lowercasecmp().
 struct StringType {
   static constexpr bool kQuoted = true;
-  static constexpr auto copy_text = copy_value_text;
   static ReadResult read(jt_parser_space *space, const ValueList *names, std::string_view text,
                          ValueSink &sink);
   static jt_value *copy(jt_parser_space *space, const jt_value *value, ValueSink &sink);

@@ -22,11 +22,10 @@ void ShortText::add_padded(std::int32_t number, std::size_t width) {
   add(digits);
 }
 
-void ShortText::add_real(float number) {
-  std::array<char, 64> buffer;
+std::string_view write_real(std::array<char, 64> &buffer, float number) {
   auto *const end =
       std::to_chars(buffer.begin(), buffer.end(), double{number}, std::chars_format::fixed, 6).ptr;
-  add({buffer.data(), static_cast<std::size_t>(end - buffer.data())});
+  return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
 }
 
 }  // namespace jt_core

@@ -12,6 +12,9 @@
 
 namespace jt_core {
 
+// What a real is written as, which lies in the buffer: six decimals; "inf" for an infinite number.
+std::string_view write_real(std::array<char, 64> &buffer, float number);
+
 class ShortText {
  public:
   void add(std::string_view part) {
@@ -24,9 +27,6 @@ class ShortText {
 
   // At least so many characters, filled with zeros behind the sign.
   void add_padded(std::int32_t number, std::size_t width);
-
-  // Six decimals; "inf" for an infinite number.
-  void add_real(float number);
 
   std::string_view view() const { return {text_.data(), length_}; }
 

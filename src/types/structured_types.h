@@ -20,7 +20,7 @@ struct Gutter {
     std::int32_t unit;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
   static std::int32_t order(const Value &a, const Value &b);
   static std::array<std::int32_t, 2> compared(const Value &value) {
@@ -38,7 +38,7 @@ struct Rectangle {
     std::int32_t unit;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
   static std::int32_t order(const Value &a, const Value &b);
   static std::array<std::int32_t, 2> compared(const Value &value) { return {value.width, value.height}; }
@@ -52,7 +52,7 @@ struct Magnification {
     std::int32_t second;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
   static std::int32_t order(const Value &a, const Value &b);
   static void cut(char *text, ReadStatus status);
@@ -72,7 +72,7 @@ struct Borders {
     Side second;
   };
   static constexpr auto kOfNulls = equality_of_nulls;
-  static bool parse(jt_parser_space *space, std::string_view text, Value &value);
+  static bool parse(Reading reading, std::string_view text, Value &value);
   static bool format(jt_parser_space *space, const Value &value, ShortText &text);
   static std::int32_t order(const Value &a, const Value &b);
   static std::array<std::int32_t, 3> compared(const Value &value) {

@@ -31,7 +31,8 @@ constexpr std::int32_t equality_of_nulls(const jt_value *a, const jt_value *b) {
 }
 
 // Reports a text that is no value of the named type; false.
-bool refuse_value(jt_parser_space *space, std::string_view type_name, std::string_view text);
+[[gnu::noinline]] bool refuse_value(jt_parser_space *space, std::string_view type_name,
+                                    std::string_view text);
 
 }  // namespace jt_core
 

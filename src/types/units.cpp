@@ -4,17 +4,21 @@
 #include "base/error_store.h"
 #include "types/enumeration.h"
 #include "types/value_lists.h"
+#include "types/value_remarks.h"
 
 namespace jt_core {
 
-bool read_unit(jt_parser_space *space, const WarningLimits &limits, std::string_view name,
-               std::span<const std::int32_t> numbers, std::int32_t &unit) {
-  unit = static_cast<std::int32_t>(evaluate_name(space, kBaseValues, name));
+bool read_unit(Reading reading, const WarningLimits &limits, const Measures &measures, std::int32_t &unit) {
+  unit = static_cast<std::int32_t>(evaluate_name(reading.space, kBaseValues, measures.unit_name));
   const WarningLimit *const limit = find_limit(limits, unit);
-  if (limit == nullptr) return false;
-  const bool too_large =
-      std::any_of(numbers.begin(), numbers.end(), [&](std::int32_t number) { return number > limit->most; });
-  if (too_large) report(space, limit->warning);
+  if (limit == nullptr) {
+    remark_unfit_name(reading, measures.text, measures.unit_name);
+    return false;
+  }
+  if (reading.is_heard()) remark_fields(reading, measures.text, measures.unit_name, {0, limit->most});
+  const bool too_large = std::any_of(measures.numbers.begin(), measures.numbers.end(),
+                                     [&](std::int32_t number) { return number > limit->most; });
+  if (too_large) report(reading.space, limit->warning);
   return true;
 }
 

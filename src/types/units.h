@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "jt.h"
+#include "types/remarks.h"
 #include "types/short_text.h"
 
 namespace jt_core {
@@ -31,10 +32,17 @@ const auto *find_limit(const Limits &limits, std::int32_t unit) {
   return found != limits.end() ? found : nullptr;
 }
 
-// Evaluates a unit and tests the numbers in front of it; numbers that are too large are warned about once.
-// False when the name is no unit, after a warning when it is no name of the base list at all.
-bool read_unit(jt_parser_space *space, const WarningLimits &limits, std::string_view name,
-               std::span<const std::int32_t> numbers, std::int32_t &unit);
+// What a unit is behind, and its name.
+struct Measures {
+  std::string_view text;  // the fields, the name, and all that follows
+  std::string_view unit_name;
+  std::span<const std::int32_t> numbers;
+};
+
+// Evaluates a unit and tests the numbers in front of it; numbers that are too large are warned about once, but
+// each of them is remarked on. False when the name is no unit, after a warning when it is no name of the base
+// list at all.
+bool read_unit(Reading reading, const WarningLimits &limits, const Measures &measures, std::int32_t &unit);
 
 // Adds "number/", or the name of a unit; false after reports when the unit has none.
 void add_field(std::int32_t number, ShortText &text);

@@ -8,6 +8,7 @@
 
 static const struct jt_test_call calls[] = {
     {"jt_open_parsing_utility", (jt_test_function)jt_open_parsing_utility},
+    {"jt_open_session", (jt_test_function)jt_open_session},
     {"jt_close_parsing_utility", (jt_test_function)jt_close_parsing_utility},
     {"jt_get_version", (jt_test_function)jt_get_version},
     {"jt_get_copyright", (jt_test_function)jt_get_copyright},
