@@ -76,7 +76,7 @@ class Printer {
   }
 
   void add(const Attribute &attribute, const Value &value) {
-    is_json_ ? write_value(json_, attribute, value) : print(text_of_value(value));
+    is_json_ ? write_value(json_, attribute, value) : print(value.written);
   }
 
   void end() {

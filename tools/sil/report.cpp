@@ -141,7 +141,7 @@ ExitStatus run_report(const Arguments &arguments, Output &output) {
   const ExitStatus status = for_each_file(arguments, output, [&summary, is_json](const File &file) {
     FileResult result;
     const Loaded loaded = load(file.text);
-    result.words = words_about(file.name, loaded);
+    result.words = words_about(file.name, loaded, Losses::kOfValues);
     result.status = result.words.empty() ? kFine : kFindings;
     if (!loaded.model) return result;
     result.afterwards = [&summary, is_json,
