@@ -71,7 +71,7 @@ void write_counts(JsonWriter &json, const Counts &counts) {
 // The counts of all files, and the reports themselves where they are printed together at the end.
 class Summary {
  public:
-  void add(Report report, const Output &output, bool is_json) {
+  void add(const Report &report, const Output &output, bool is_json) {
     ++files_;
     const Counts counts = count(report.entries);
     for (std::size_t i = 0; i < kOutcomes; ++i) total_[i] += counts[i];
