@@ -260,7 +260,7 @@ jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
     tell_gap(text.size());
     tell_nuls(text.size());
   }
-  if (decoded && !has_failed_) tell_handles();
+  if (decoded && !has_failed_ && purpose_ == Purpose::kDecode) tell_handles();
   const bool succeeds = decoded && !has_failed_ && teller_.goes_on();
   if (!succeeds || purpose_ == Purpose::kCheck) destroy_all_nodes(&space_, root);
   return succeeds ? root : nullptr;
