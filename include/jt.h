@@ -223,6 +223,35 @@ enum {
 /// \owner The caller: jt_close_parsing_utility().
 JT_API jt_parser_space *jt_open_parsing_utility(const char *label);
 
+/// Where a session takes the memory that it keeps. The functions are called during calls on the session, on the
+/// thread of those calls, and may not use the session themselves.
+typedef struct jt_allocator {
+  /// `sizeof(jt_allocator)`: the record may grow in a later version.
+  size_t size;
+  /// Handed to each of the functions; may be null.
+  void *context;
+  /// A block of so many bytes, one at least, aligned as that of `malloc`; null when there is none.
+  void *(*allocate)(void *context, size_t bytes);
+  /// A block, never null, with another size, its content kept; null when there is none, and then the block is as
+  /// it was.
+  void *(*reallocate)(void *context, void *block, size_t bytes);
+  /// Takes back a block, never null.
+  void (*release)(void *context, void *block);
+} jt_allocator;
+
+/// Opens a session with memory of its own: what it keeps (templates with all that is in them, the session itself)
+/// and the text that is being encoded come from the allocator and have all gone back to it when
+/// jt_close_parsing_utility() returns. What is handed out, and what lives only as long as a call, still comes from
+/// `malloc`, so that `free` releases it; so does what a client's own type makes. An allocator that has nothing to
+/// give makes calls fail as any failing allocation does.
+///
+/// \param label      Any text, kept as a copy; null gives null.
+/// \param allocator  Copied, but for what its context points to, which must outlive the session; null stands for
+///                   the heap of the C library. One whose size is too small, or that lacks a function, gives null.
+/// \return The session; null also without memory, when there is no session to ask why.
+/// \owner The caller: jt_close_parsing_utility().
+JT_API jt_parser_space *jt_open_session(const char *label, const jt_allocator *allocator);
+
 /// Closes a session and destroys every template that is still alive in it. No frame.
 ///
 /// \param space  The session; null is accepted.

@@ -2575,6 +2575,71 @@ class Template {
 /// \defgroup cpp_sessions Sessions
 /// \{
 
+/// \cond
+namespace detail {
+
+/// The three functions of jt_allocator over a resource. In front of each block stands how long it is, because only
+/// the resource asks for that when it takes a block back.
+template <typename Resource>
+struct BlocksOf {
+  static constexpr std::size_t kAlignment = alignof(std::max_align_t);
+  static constexpr std::size_t kFront = std::max(kAlignment, sizeof(std::size_t));
+
+  static void *allocate(void *context, std::size_t bytes) noexcept {
+    void *const front = bytes <= SIZE_MAX - kFront ? take(context, bytes + kFront) : nullptr;
+    if (front == nullptr) return nullptr;
+    std::memcpy(front, &bytes, sizeof(bytes));
+    return static_cast<std::byte *>(front) + kFront;
+  }
+
+  static void *reallocate(void *context, void *block, std::size_t bytes) noexcept {
+    void *const moved = allocate(context, bytes);
+    if (moved == nullptr) return nullptr;
+    std::memcpy(moved, block, std::min(bytes, length_of(block)));
+    release(context, block);
+    return moved;
+  }
+
+  static void release(void *context, void *block) noexcept {
+    static_cast<Resource *>(context)->deallocate(front_of(block), length_of(block) + kFront, kAlignment);
+  }
+
+ private:
+  static std::byte *front_of(void *block) noexcept { return static_cast<std::byte *>(block) - kFront; }
+
+  static std::size_t length_of(void *block) noexcept {
+    std::size_t bytes = 0;
+    std::memcpy(&bytes, front_of(block), sizeof(bytes));
+    return bytes;
+  }
+
+#ifdef __cpp_exceptions
+  static void *take(void *context, std::size_t bytes) noexcept {
+    try {
+      return static_cast<Resource *>(context)->allocate(bytes, kAlignment);
+    } catch (...) {
+      return nullptr;
+    }
+  }
+#else
+  static void *take(void *context, std::size_t bytes) noexcept {
+    return static_cast<Resource *>(context)->allocate(bytes, kAlignment);
+  }
+#endif
+};
+
+}  // namespace detail
+/// \endcond
+
+/// An allocator for a session over a std::pmr::memory_resource, or over anything else with its allocate(bytes,
+/// alignment) and deallocate(block, bytes, alignment). The resource must outlive the session. An allocate() that
+/// throws has no memory to give. jt_allocator
+template <typename Resource>
+jt_allocator allocator_over(Resource &resource) noexcept {
+  using Blocks = detail::BlocksOf<Resource>;
+  return {sizeof(jt_allocator), &resource, Blocks::allocate, Blocks::reallocate, Blocks::release};
+}
+
 /// Owns a session. It may be moved while what was made in it stays.
 class Session {
  public:
@@ -2585,6 +2650,11 @@ class Session {
   /// jt_open_parsing_utility()
   explicit Session(const TextArgument &label) noexcept
       : Session(label.problem() == nullptr ? jt_open_parsing_utility(label.c_str()) : nullptr) {}
+
+  /// The same with memory of its own: what the session keeps comes from the allocator, Values, Statuses and Texts do
+  /// not. jt_open_session()
+  Session(const TextArgument &label, const jt_allocator &allocator) noexcept
+      : Session(label.problem() == nullptr ? jt_open_session(label.c_str(), &allocator) : nullptr) {}
 
   /// Takes over a session of jt.h.
   explicit Session(jt_parser_space *owned) noexcept : link_(owned) {

@@ -7,6 +7,7 @@
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"
+#include "tree/node_storage.h"
 
 namespace jt_core {
 namespace {
@@ -34,7 +35,7 @@ bool may_be_named(jt_parser_space *space, const Frame &at, const char *name, boo
 
 std::int32_t name_invocation(jt_parser_space *space, const Frame &at, const char *name, bool force) {
   if (!at || !may_be_named(space, at, name, force)) return 0;
-  char *const copy = copy_plain_text(name);
+  char *const copy = keep_plain_text(heap_of(at.invocation()), name);
   if (copy == nullptr) {
     report(space, message::kNoInvocationName, name);
     return 0;

@@ -18,7 +18,6 @@
 namespace jt_core::action {
 namespace {
 
-constexpr std::size_t kMaxName = JT_MAX_TOKEN_LENGTH - 1;
 constexpr std::size_t kMaxValue = JT_MAX_TOKEN_LENGTH;
 
 Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Outcome::kRefused; }
@@ -198,10 +197,10 @@ Outcome store_status(Decoder &decoder, const Token &token) {
   const jt_status *status = find_shared_status(token.text);
   if (status == nullptr) {
     decoder.trouble = Trouble::kUnknownStatus;
-    status = get_status(decoder.space, writable_text(decoder.cursor, token));
+    status = status_of_name(decoder.space, heap_of(*decoder.top), token.text);
   }
   if (status == nullptr) return Outcome::kStopped;
-  adopt_status(*decoder.space, *decoder.top, status);
+  adopt_status(*decoder.top, status);
   return Outcome::kAccepted;
 }
 
@@ -218,7 +217,7 @@ Outcome keep_status_text(Decoder &decoder, const Token &token) {
 }
 
 Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
-  char *const text = copy_text(decoder.space, decoder.kept);
+  char *const text = keep_text(decoder.space, heap_of(*decoder.top), decoder.kept);
   if (text == nullptr) {
     report(decoder.space, message::kNoStatusText);
     return Outcome::kStopped;

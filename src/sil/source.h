@@ -11,6 +11,7 @@
 #include "base/error_store.h"
 #include "base/growing_array.h"
 #include "sil/engine.h"
+#include "sil/findings.h"
 #include "sil/teller.h"
 #include "types/remarks.h"
 
@@ -34,9 +35,6 @@ struct RemarkList : Remarks {
   std::array<Entry, 16> entries;
   std::size_t count = 0;
 };
-
-// A finding of a code, with the code's usual severity.
-jt_finding finding_of(std::int32_t code, jt_range range);
 
 class SourceDecoder {
  public:
@@ -100,8 +98,10 @@ class SourceDecoder {
   void remember_name(const OpenElement &element);
   [[gnu::cold]] void tell_handles();
   [[gnu::cold]] bool re_read_string(std::size_t line_end, State &state);
+  [[gnu::cold]] std::int32_t report_no_memory();
   [[gnu::cold]] void begin_failure();
   [[gnu::cold]] bool is_within_limits();
+  jt_node *decode();
   bool ends() const { return is_refused_ || !teller_.goes_on(); }
 
   // Findings (source_findings.cpp).

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/error_store.h"
-#include "sil/findings.h"
+#include "sil/read_back.h"
 #include "sil/recovery.h"
 #include "sil/source.h"
 #include "types/type_tables.h"
@@ -58,12 +58,6 @@ bool is_type_of_a_service(std::string_view name) {
   });
 }
 
-// Words that mean something else when they stand without their quotes.
-bool is_bare_word(std::string_view text) {
-  const char *const end = text.data() + text.size();
-  return !text.empty() && end_of_run(text.data(), end, kWordBytes) == end && !same_name(text, "end");
-}
-
 // A text that is written without quotes is read back as the same, unless it is empty or ends a service. What
 // a reference without a name and a qualifier is written as is empty.
 bool reads_back_bare(std::string_view text) {
@@ -71,14 +65,6 @@ bool reads_back_bare(std::string_view text) {
 }
 
 }  // namespace
-
-jt_finding finding_of(std::int32_t code, jt_range range) {
-  jt_finding finding{};
-  finding.code = code;
-  finding.severity = facts_of_code(code).severity;
-  finding.range = finding.found = range;
-  return finding;
-}
 
 // ---- What is found in tokens that are accepted ------------------------------------------------------------
 
@@ -151,7 +137,7 @@ void SourceDecoder::tell_doubtful_value(const Token &token, jt_range range) {
 
 // Statuses and their texts are written without the quotes that they were read with.
 void SourceDecoder::tell_status(Role role, const Token &token, jt_range range) {
-  if (token.kind == TokenKind::kString && !is_bare_word(token.text))
+  if (token.kind == TokenKind::kString && kind_written(token.text) != TokenKind::kWord)
     tell_code(JT_FINDING_STATUS_UNSAFE, range);
   if (role == Role::kStatusText) previous_word_ = range;
 }
@@ -325,7 +311,7 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   } else if (decoder_.trouble == Trouble::kBlockEnd) {
     describe_end(token, state, finding);
   } else if (outcome == Outcome::kStopped || token.kind == TokenKind::kComment) {
-    finding.code = JT_FINDING_MEMORY;
+    finding.code = report_no_memory();
   } else if (string_ran_over_lines(token, state)) {
     finding.code = JT_FINDING_STRING_OVER_LINES;
     finding.range = {last_string_.begin, end_of_line(last_string_.begin)};

@@ -82,7 +82,7 @@ class Teller {
   bool goes_on_ = true;
   std::int32_t count_ = 0;
   std::size_t depth_ = 0;
-  std::array<OpenElement, kMostOpen> open_{};
+  std::array<OpenElement, kMostOpen> open_;
   std::size_t counted_ = 0;     // lines have been counted up to here,
   std::size_t line_ = 1;        // this is the line there,
   std::size_t line_begin_ = 0;  // and this where it begins

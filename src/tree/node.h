@@ -1,5 +1,6 @@
 // The node record: one element of a template tree. A node owns every text it points to, its value and its
-// status; what lies inside the node's own cell goes with it, everything else is a block of the heap. There
+// status; what lies inside the node's own cell goes with it, everything else is a block of its session's heap,
+// but for the values that a client's own type made. There
 // are two or three nodes to an attribute, so the record is kept small: what a device can spare for templates
 // is mostly this. tests/tree/construction_test.cpp has the fields of a new node.
 #ifndef JT_TREE_NODE_H
@@ -20,7 +21,8 @@ struct jt_node {
   jt_core::CellHead cell;  // the node's storage
   std::int16_t node_class;
   bool non_compulsory;
-  bool owns_heap_blocks;  // beside its cell, or has owned some
+  bool owns_heap_blocks : 1;  // beside its cell, or has owned some
+  bool keeps_value : 1;  // a value outside of the cell is a block of the session's heap, not a type's own
   std::int32_t bookmark;
   union {
     std::uint32_t key_hash;  // of the name

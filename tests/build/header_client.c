@@ -8,6 +8,7 @@
 
 static const struct jt_test_call calls[] = {
     {"jt_open_parsing_utility", (jt_test_function)jt_open_parsing_utility},
+    {"jt_open_session", (jt_test_function)jt_open_session},
     {"jt_close_parsing_utility", (jt_test_function)jt_close_parsing_utility},
     {"jt_get_version", (jt_test_function)jt_get_version},
     {"jt_get_copyright", (jt_test_function)jt_get_copyright},
@@ -90,6 +91,7 @@ static const struct jt_test_call calls[] = {
     {"jt_catalogue_name", (jt_test_function)jt_catalogue_name},
     {"jt_decode_source", (jt_test_function)jt_decode_source},
     {"jt_check_source", (jt_test_function)jt_check_source},
+    {"jt_check_template", (jt_test_function)jt_check_template},
     {"jt_finding_name", (jt_test_function)jt_finding_name},
     {"jt_error", (jt_test_function)jt_error},
     {"reset_error_status", (jt_test_function)reset_error_status},

@@ -7,6 +7,9 @@ namespace jt_test {
 // The sum of the values "Copies" in all invocations; -1 when the text is refused.
 int copies_of(const char *text);
 
+// The same in a session whose memory is a fixed one.
+int copies_in_a_pool(const char *text);
+
 }  // namespace jt_test
 
 #endif
