@@ -2543,6 +2543,27 @@ class Template {
   /// Not of a temporary, which is destroyed before the service is used.
   Result<Service> add_service(const TextArgument &type, const TextArgument &name) const && = delete;
 
+  /// What of it would not be read back as it is when it is written: the findings have no places, but elements.
+  /// It fails where it cannot be looked for. O(size of the template). jt_check_template()
+  Result<Findings> check() const noexcept {
+    Findings findings;
+    const Result<> is_safe = check(findings);
+    if (findings.lacked_memory()) return link_.refuse(detail::kNoMemory, "");
+    if (!is_safe && findings.empty()) return is_safe.error();
+    return findings;
+  }
+  /// Tells a listener the same. Succeeds where nothing would be lost. Throws what the listener throws.
+  /// jt_check_template()
+  template <typename Listener>
+  Result<> check(Listener &&listener) const {
+    detail::Ear<std::remove_reference_t<Listener>> ear(listener);
+    const Result<> is_safe = link_.done(jt_check_template(link_.raw(), handle_, ear.record()));
+    ear.throw_on();
+    return is_safe;
+  }
+  /// The element of this template that a finding is about; empty where it is about none. No call is made.
+  Element element_of(const Finding &finding) const noexcept { return {link_, finding.get().element}; }
+
   /// The template as an element, from which all others are reached; no call is made.
   Element root() const noexcept { return {link_, handle_}; }
   /// Its header; empty when there is none. jt_header()

@@ -77,6 +77,7 @@ const std::vector<Call> &calls() {
       call("jt_header_identifier", Depth::kTemplate, [](A a) { return given(jt_header_identifier(a.space, a.handle)); }),
       call("jt_destroy_template", Depth::kTemplate, [](A a) { return jt_destroy_template(a.space, a.handle) != 0; }),
       call("jt_encode_template", Depth::kTemplate, [](A a) { return given(jt_encode_template(a.space, a.handle)); }),
+      call("jt_check_template", Depth::kTemplate, [](A a) { return jt_check_template(a.space, a.handle, nullptr) != 0; }),
       call("jt_add_service", Depth::kTemplate, [](A a) { return jt_add_service(a.space, a.handle, "service", "New") != 0; }),
       call("jt_get_first_service_name", Depth::kTemplate, [](A a) { return given(jt_get_first_service_name(a.space, a.handle)); }),
       call("jt_get_next_service_name", Depth::kTemplate, [](A a) { return given(jt_get_next_service_name(a.space, a.handle)); }),

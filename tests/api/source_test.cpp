@@ -201,6 +201,78 @@ TEST_F(SourceTest, ATextMayHaveAsManyBytesAsTheLimit) {
   EXPECT_EQ(check(text, &too_few), 0);
 }
 
+// The template, the service, the invocation, the attribute and its value.
+TEST_F(SourceTest, ATextMayMakeAsManyNodesAsTheLimit) {
+  jt_source_options options = options_of(0);
+  options.most_nodes = 5;
+  const int32_t job = decode(kJob, &options);
+  EXPECT_EQ(job, -100);
+  EXPECT_EQ(check(kJob, &options), 1);
+  jt_destroy_template(space, job);
+  reopen();
+  record = {};
+  options.most_nodes = 4;
+  EXPECT_EQ(decode(kJob, &options), 0);
+  EXPECT_EQ(status(), JT_MEMORY_ERROR);
+  EXPECT_EQ(messages().back(), "MEMORY ERROR: limit passed: nodes ...");
+  EXPECT_EQ(record.findings, Lines{"1:46 limit"});
+  EXPECT_EQ(check(kJob, &options), 0);
+  EXPECT_EQ(live_nodes(space), 0);
+}
+
+TEST_F(SourceTest, ATextMayAskForAsMuchMemoryAsTheLimit) {
+  jt_source_options options = options_of(0);
+  options.most_heap = 1 << 20;
+  EXPECT_NE(decode(kJob, &options), 0);
+  reopen();
+  options.most_heap = 100;
+  EXPECT_EQ(decode(kJob, &options), 0);
+  EXPECT_EQ(status(), JT_MEMORY_ERROR);
+  EXPECT_EQ(messages().back(), "MEMORY ERROR: limit passed: heap ...");
+  EXPECT_EQ(record.findings.back().substr(4), "limit");
+  EXPECT_EQ(check(kJob, &options), 0);
+  EXPECT_EQ(live_nodes(space), 0);
+}
+
+// What only makes a decode faster counts, too: a table of the names among many.
+TEST_F(SourceTest, ACheckTakesJustTheMemoryThatADecodeTakes) {
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += "[ kmt_svc_scan S" + std::to_string(i) + " ] { } end\n";
+  jt_source_options options = options_of(0);
+  bool has_passed = false;
+  for (options.most_heap = 1; options.most_heap < 200'000; options.most_heap += 1009) {
+    reopen();
+    const bool is_checked = jt_check_source(space, text.data(), text.size(), &options, nullptr) == 1;
+    reopen();
+    const bool is_decoded = jt_decode_source(space, text.data(), text.size(), &options, nullptr) != 0;
+    EXPECT_EQ(is_checked, is_decoded) << options.most_heap;
+    EXPECT_TRUE(is_decoded || !has_passed) << options.most_heap;
+    has_passed = is_decoded;
+  }
+  EXPECT_TRUE(has_passed);
+}
+
+TEST_F(SourceTest, HandlesAreToldOfADecodeThatSucceedsOnly) {
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += "[ kmt_svc_scan S" + std::to_string(i) + " ] { } end\n";
+  jt_source_options options = options_of(0);
+  for (options.most_heap = 1009; options.most_heap < 100'000; options.most_heap += 1009) {
+    record = {};
+    const int32_t job = decode(text, &options);
+    EXPECT_EQ(record.lines.back().starts_with("handle"), job != 0) << options.most_heap;
+    jt_destroy_template(space, job);
+  }
+}
+
+TEST_F(SourceTest, ALimitHoldsForItsCallOnly) {
+  jt_source_options options = options_of(0);
+  options.most_nodes = 1;
+  options.most_heap = 1;
+  EXPECT_EQ(decode(kJob, &options), 0);
+  EXPECT_NE(jt_decode_template(space, kJob), 0);
+  EXPECT_NE(decode(kJob), 0);
+}
+
 // What stands behind the size that is given may be anything.
 TEST_F(SourceTest, OptionsAreReadAsFarAsTheirSizeSays) {
   jt_source_options options = options_of(1, true);
@@ -417,6 +489,57 @@ TEST_F(SourceTest, MessagesCanBeReadInsideAListenerOnlyBeneathTheCalls) {
   };
   EXPECT_EQ(jt_check_source(space, "[ service S ] end (odd)", 23, nullptr, &listener), 1);
   EXPECT_EQ(messages().back(), "CALL ERROR: made from inside a listener ...");
+}
+
+// ---- Templates --------------------------------------------------------------------------------------------
+
+class TemplateCheckTest : public SourceTest {
+ protected:
+  TemplateCheckTest() : job(jt_decode_template(space, kJob)) {}
+
+  int32_t job;
+};
+
+TEST_F(TemplateCheckTest, OfATemplateThatIsReadBackTellsNothing) {
+  const jt_listener listener = listener_for(record);
+  EXPECT_EQ(jt_check_template(space, job, &listener), 1);
+  EXPECT_EQ(record.lines, Lines{});
+  EXPECT_EQ(status(), 0);
+}
+
+TEST_F(TemplateCheckTest, TellsTheHandleOfTheElement) {
+  jt_add_service(space, job, "service", "two words");
+  int32_t element = 0;
+  jt_listener listener{};
+  listener.size = sizeof(listener);
+  listener.context = &element;
+  listener.finding = [](void *context, const jt_finding *finding) {
+    EXPECT_STREQ(jt_finding_name(finding->code), "name-unsafe");
+    EXPECT_EQ(finding->severity, JT_SEVERITY_LOSS);
+    EXPECT_EQ(range_text(finding->range), "0-0");
+    *static_cast<int32_t *>(context) = finding->element;
+    return int32_t{0};
+  };
+  EXPECT_EQ(jt_check_template(space, job, &listener), 0);
+  EXPECT_EQ(take_text(jt_element_name(space, element)), "two words");
+  EXPECT_EQ(jt_check_template(space, job, nullptr), 0);
+}
+
+TEST_F(TemplateCheckTest, IsEndedByItsListener) {
+  jt_add_service(space, job, "service", "two words");
+  jt_add_service(space, job, "service", "three words here");
+  record.ends_at = "finding";
+  const jt_listener listener = listener_for(record);
+  EXPECT_EQ(jt_check_template(space, job, &listener), 0);
+  EXPECT_EQ(record.lines, Lines{"finding name-unsafe"});
+  EXPECT_EQ(messages(), Messages{"CALL ERROR: ended by the listener ..."});
+}
+
+TEST_F(TemplateCheckTest, LeavesTheTemplateAsItIs) {
+  jt_add_service(space, job, "service", "two words");
+  const std::string before = encoded(job);
+  EXPECT_EQ(jt_check_template(space, job, nullptr), 0);
+  EXPECT_EQ(encoded(job), before);
 }
 
 // ---- The names of codes -----------------------------------------------------------------------------------
