@@ -1969,6 +1969,61 @@ class Element {
   /// jt_header_identifier()
   Result<Text> header_identifier() const noexcept { return text_of(jt_header_identifier); }
 
+  /// Gives it a comment, lines of "#..." that end with a line feed each, in place of the one that it has; with null or
+  /// "" it has none. jt_set_element_comment()
+  Result<> set_comment(const TextArgument &comment) const noexcept {
+    return set(jt_set_element_comment, comment);
+  }
+  /// Names a service, an invocation or an attribute. jt_set_element_name()
+  Result<> set_name(const TextArgument &name) const noexcept { return set(jt_set_element_name, name); }
+  /// Gives a service, an invocation or an attribute the status of that name; with null it has none, and no text
+  /// behind one. jt_set_element_status()
+  Result<> set_status(const TextArgument &name) const noexcept { return set(jt_set_element_status, name); }
+  /// Puts a text behind the status; with null there is none. jt_set_element_status_text()
+  Result<> set_status_text(const TextArgument &text) const noexcept {
+    return set(jt_set_element_status_text, text);
+  }
+  /// Gives an attribute a star, or takes it away. jt_set_element_non_compulsory()
+  Result<> set_non_compulsory(bool non_compulsory = true) const noexcept {
+    return link_.done(jt_set_element_non_compulsory(link_.raw(), handle_, non_compulsory ? 1 : 0));
+  }
+  /// Puts another value in the place of this one. jt_set_element_value_text()
+  Result<> set_value_text(const TextArgument &text) const noexcept {
+    return set(jt_set_element_value_text, text);
+  }
+  /// Appends a value to an attribute. jt_add_element_value_text()
+  Result<Element> add_value_text(const TextArgument &text) const noexcept;
+  /// Destroys a service, an invocation, an attribute or a value with everything in it. jt_remove_element()
+  Result<> remove() const noexcept { return link_.done(jt_remove_element(link_.raw(), handle_)); }
+
+  /// Gives a template a header of one of the three forms, or its header another form and other words; the attributes
+  /// stay. A form with a section makes an empty one. jt_set_header()
+  Result<> set_header(ElementKind form, const TextArgument &version,
+                      const TextArgument &identifier) const noexcept {
+    if (!link_.admits(version, identifier)) return link_.failure();
+    // For jt.h the number of a template takes the header away.
+    const auto number = form == ElementKind::template_or_section ? -1 : static_cast<std::int32_t>(form);
+    return link_.done(jt_set_header(link_.raw(), handle_, number, version.c_str(), identifier.c_str()));
+  }
+  /// Takes the header of a template away, and an empty section with it. jt_set_header()
+  Result<> remove_header() const noexcept {
+    return link_.done(jt_set_header(link_.raw(), handle_, 0, nullptr, nullptr));
+  }
+  /// Gives the header of a template another version. jt_set_header_version()
+  Result<> set_header_version(const TextArgument &version) const noexcept {
+    return set(jt_set_header_version, version);
+  }
+  /// Gives the header of a template another identifier. jt_set_header_identifier()
+  Result<> set_header_identifier(const TextArgument &identifier) const noexcept {
+    return set(jt_set_header_identifier, identifier);
+  }
+  /// Appends an attribute without values to the header of a template. jt_add_header_attribute()
+  Result<Element> add_header_attribute(const TextArgument &type, const TextArgument &name) const noexcept;
+  /// Gives a template an empty section. jt_add_section()
+  Result<Element> add_section() const noexcept;
+  /// Destroys the section of a template. Fails with Category::none where there is none. jt_remove_section()
+  Result<> remove_section() const noexcept { return link_.done(jt_remove_section(link_.raw(), handle_)); }
+
   /// Whether this names an element; no call is made, so it may have died.
   explicit operator bool() const noexcept { return handle_ != 0; }
   /// Its handle, 0 when there is none.
@@ -1990,6 +2045,12 @@ class Element {
   }
   Element found(std::int32_t (*call)(jt_parser_space *, std::int32_t)) const noexcept {
     return at(call(link_.raw(), handle_));
+  }
+  Result<Element> added(std::int32_t handle) const noexcept;
+  Result<> set(std::int32_t (*call)(jt_parser_space *, std::int32_t, const char *),
+               const TextArgument &text) const noexcept {
+    if (!link_.admits(text)) return link_.failure();
+    return link_.done(call(link_.raw(), handle_, text.c_str()));
   }
   Result<Text> text_of(char *(*call)(jt_parser_space *, std::int32_t)) const noexcept {
     return link_.made<Text>(call(link_.raw(), handle_));
@@ -2059,6 +2120,26 @@ class Elements {
 /// \}
 
 inline Elements Element::children() const noexcept { return Elements(*this); }
+
+inline Result<Element> Element::added(std::int32_t handle) const noexcept {
+  if (handle == 0) return link_.failure();
+  return at(handle);
+}
+
+inline Result<Element> Element::add_value_text(const TextArgument &text) const noexcept {
+  if (!link_.admits(text)) return link_.failure();
+  return added(jt_add_element_value_text(link_.raw(), handle_, text.c_str()));
+}
+
+inline Result<Element> Element::add_header_attribute(const TextArgument &type,
+                                                     const TextArgument &name) const noexcept {
+  if (!link_.admits(type, name)) return link_.failure();
+  return added(jt_add_header_attribute(link_.raw(), handle_, type.c_str(), name.c_str()));
+}
+
+inline Result<Element> Element::add_section() const noexcept {
+  return added(jt_add_section(link_.raw(), handle_));
+}
 
 // ---- Source -----------------------------------------------------------------------------------------------
 

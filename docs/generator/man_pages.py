@@ -23,6 +23,7 @@ PAGES = {
     "jt_changes": "change the attributes of a template",
     "jt_statuses": "statuses of services, invocations and attributes",
     "jt_elements": "any element of a template by handle",
+    "jt_element_changes": "change any element of a template by handle",
     "jt_catalogue": "services, types and names that jt knows",
     "jt_source": "places and findings in a SIL text",
     "jt_store": "reports, memory and texts beneath the calls of jt",

@@ -135,14 +135,6 @@ class Keeper {
   const ValueFamily *family_;
 };
 
-void replace_value(jt_parser_space &space, jt_node &attribute, jt_node &stored, jt_value *value,
-                   ReleasedBy owner) {
-  unindex_child(attribute, stored);
-  release_value(space, stored);
-  adopt_value(stored, value, owner);
-  index_child(attribute, stored);
-}
-
 // Everything that can fail comes first. A value that has no text leaves no overridden text; one whose text
 // could not be copied stays where it is.
 std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node &stored,

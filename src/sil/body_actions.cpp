@@ -11,6 +11,7 @@
 #include "tree/construction.h"
 #include "tree/links.h"
 #include "tree/node_storage.h"
+#include "tree/session.h"
 #include "tree/type_lookup.h"
 #include "types/status.h"
 #include "types/type_tables.h"
@@ -25,6 +26,20 @@ Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Ou
 // Whether a block may have the name of one before it.
 enum class MaybeDuplicate { kYes, kNo };
 
+// Looking for a name among many blocks would take ever longer where memory for their index is not to be had:
+// the text fails then, as it soon would have.
+bool is_first_of_name(Decoder &decoder, const jt_node &node) {
+  decoder.space->has_lost_index = false;
+  decoder.first_of_name = find_namesake(*decoder.top, node);
+  if (decoder.first_of_name != nullptr) {
+    decoder.trouble = Trouble::kNameTaken;
+    report(decoder.space, message::kDuplicateName, node.name);
+    return false;
+  }
+  if (decoder.space->has_lost_index) report(decoder.space, message::kAllocation);
+  return !decoder.space->has_lost_index;
+}
+
 // Hangs a new node under the innermost block and makes it that block. Its type fits, having just been looked
 // up there; an unknown one warns once more.
 Outcome open_block(Decoder &decoder, jt_node *node, MaybeDuplicate duplicate = MaybeDuplicate::kYes) {
@@ -34,9 +49,7 @@ Outcome open_block(Decoder &decoder, jt_node *node, MaybeDuplicate duplicate = M
     report_unknown_type(space, node->node_class, view_of(node->unresolved_type_name));
   }
   const bool may_be_there = duplicate == MaybeDuplicate::kYes && node->name != nullptr;
-  if (may_be_there && (decoder.first_of_name = find_namesake(*decoder.top, *node)) != nullptr) {
-    decoder.trouble = Trouble::kNameTaken;
-    report(space, message::kDuplicateName, node->name);
+  if (may_be_there && !is_first_of_name(decoder, *node)) {
     destroy_node(space, node);
     return Outcome::kStopped;
   }

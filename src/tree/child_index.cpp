@@ -250,8 +250,10 @@ void use_secret_hash(jt_node &parent) {
 bool reserve_entry(jt_node &parent) {
   const ChildIndex &index = *parent.index;
   if (index.released != kNoEntry || index.entries < max_entries(index.mask)) return true;
-  if (index.mask < kMaxIndexed && rebuild(parent, (index.mask + 1) * 2, index.secret)) return true;
+  const bool may_grow = index.mask < kMaxIndexed;
+  if (may_grow && rebuild(parent, (index.mask + 1) * 2, index.secret)) return true;
   drop_index(parent);
+  if (may_grow) session_of(parent).has_lost_index = true;
   return false;
 }
 
@@ -264,7 +266,10 @@ void enter(jt_node &parent, const jt_node &child, std::uint32_t hash, const jt_n
     *probe.slot = {child.entry, hash};
   } else {
     if (index.places == nullptr) {
-      if (!open_places(heap_of(parent), index)) return drop_index(parent);
+      if (!open_places(heap_of(parent), index)) {
+        session_of(parent).has_lost_index = true;
+        return drop_index(parent);
+      }
       number_siblings(index.places, parent.first_child, last);
     }
     probe.slot->entry = join_heaps(index.places, probe.slot->entry, child.entry);
@@ -281,7 +286,10 @@ void build_index(jt_node &parent) {
     if (!indexable) return;
   }
   parent.index = open_index(heap_of(parent), std::bit_ceil(children * 2));
-  if (parent.index == nullptr) return;
+  if (parent.index == nullptr) {
+    session_of(parent).has_lost_index = true;
+    return;
+  }
   set_owns_heap_blocks(parent);
   for (jt_node *child = parent.first_child; child != nullptr && parent.index != nullptr;
        child = child->next_sibling) {

@@ -64,6 +64,13 @@ inline const char *type_name_of(const jt_node &node) {
   return has_pending_value(node) ? nullptr : node.unresolved_type_name;
 }
 
+inline bool is_template(const jt_node &node) { return node.node_class == JT_NODE_TEMPLATE; }
+
+// The previous sibling of a section is the root; that of a root is its header, or there is none.
+inline bool is_section(const jt_node &node) {
+  return is_template(node) && node.previous_sibling != nullptr && is_template(*node.previous_sibling);
+}
+
 // The classes of headers are the last ones.
 inline bool is_header(const jt_node &node) { return node.node_class >= JT_NODE_HEADER; }
 

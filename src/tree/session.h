@@ -24,6 +24,7 @@ struct jt_parser_space {
   jt_core::HashKey hash_key;  // made when it is first wanted
   bool has_hash_key;
   jt_core::ErrorStore *reports;  // where reports go; null: to its own errors
+  bool has_lost_index;           // an index could not be had for want of memory
   bool is_listened_to;           // a listener is being called
   bool bulk_release_unsafe;      // there is, or was, a node of another session or a value of a client's type
 };

@@ -25,7 +25,24 @@ struct Arguments {
   const char *text = "5";
   const jt_value *value = nullptr;
   const jt_value *other_value = nullptr;
+
+  // The handle for a call that is not for templates: an element of the template, unless a fault has given another.
+  int32_t element(int32_t of_template) const { return handle == -100 ? of_template : handle; }
 };
+
+// Before a call that needs a header or has no section: makes that so, and leaves a status behind. A template that a
+// fault has given stays as it is.
+void give_header(const Arguments &a) {
+  if (a.space == nullptr || a.handle != -100) return;
+  jt_set_header(a.space, a.handle, JT_NODE_HEADER_QUESTION, "4.2.00", "id");
+  jt_encode_template(a.space, 0);
+}
+
+void give_no_section(const Arguments &a) {
+  if (a.space == nullptr || a.handle != -100) return;
+  jt_remove_section(a.space, a.handle);
+  jt_encode_template(a.space, 0);
+}
 
 struct Call {
   const char *name;
@@ -75,6 +92,20 @@ const std::vector<Call> &calls() {
       call("jt_section", Depth::kTemplate, [](A a) { return jt_section(a.space, a.handle) != 0; }),
       call("jt_header_version", Depth::kTemplate, [](A a) { return given(jt_header_version(a.space, a.handle)); }),
       call("jt_header_identifier", Depth::kTemplate, [](A a) { return given(jt_header_identifier(a.space, a.handle)); }),
+      call("jt_set_element_comment", Depth::kElement, [](A a) { return jt_set_element_comment(a.space, a.element(-102), nullptr) != 0; }),
+      call("jt_set_element_name", Depth::kElement, [](A a) { return jt_set_element_name(a.space, a.element(-103), a.text) != 0; }, Own::kName),
+      call("jt_set_element_status", Depth::kElement, [](A a) { return jt_set_element_status(a.space, a.element(-103), "KMT_STATUS_ERROR") != 0; }),
+      call("jt_set_element_status_text", Depth::kElement, [](A a) { return jt_set_element_status_text(a.space, a.element(-103), nullptr) != 0; }),
+      call("jt_set_element_non_compulsory", Depth::kElement, [](A a) { return jt_set_element_non_compulsory(a.space, a.element(-103), 0) != 0; }),
+      call("jt_set_element_value_text", Depth::kElement, [](A a) { return jt_set_element_value_text(a.space, a.element(-104), a.text) != 0; }, Own::kValue),
+      call("jt_add_element_value_text", Depth::kElement, [](A a) { return jt_add_element_value_text(a.space, a.element(-103), a.text) != 0; }, Own::kValue),
+      call("jt_remove_element", Depth::kElement, [](A a) { return jt_remove_element(a.space, a.element(-103)) != 0; }),
+      call("jt_set_header", Depth::kTemplate, [](A a) { return jt_set_header(a.space, a.handle, JT_NODE_HEADER_PLAIN, a.text, "id") != 0; }, Own::kValue),
+      call("jt_set_header_version", Depth::kTemplate, [](A a) { give_header(a); return jt_set_header_version(a.space, a.handle, a.text) != 0; }, Own::kValue),
+      call("jt_set_header_identifier", Depth::kTemplate, [](A a) { give_header(a); return jt_set_header_identifier(a.space, a.handle, a.text) != 0; }, Own::kValue),
+      call("jt_add_header_attribute", Depth::kTemplate, [](A a) { give_header(a); return jt_add_header_attribute(a.space, a.handle, "string", a.text) != 0; }, Own::kName),
+      call("jt_add_section", Depth::kTemplate, [](A a) { give_header(a); give_no_section(a); return jt_add_section(a.space, a.handle) != 0; }),
+      call("jt_remove_section", Depth::kTemplate, [](A a) { give_header(a); return jt_remove_section(a.space, a.handle) != 0; }),
       call("jt_destroy_template", Depth::kTemplate, [](A a) { return jt_destroy_template(a.space, a.handle) != 0; }),
       call("jt_encode_template", Depth::kTemplate, [](A a) { return given(jt_encode_template(a.space, a.handle)); }),
       call("jt_check_template", Depth::kTemplate, [](A a) { return jt_check_template(a.space, a.handle, nullptr) != 0; }),

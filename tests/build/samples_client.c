@@ -46,11 +46,20 @@ int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service) {
     // [elements]
     count += 1;
   }
+  // [changes]
+  int32_t copies = jt_find_child(s, jt_first_child(s, jt_find_child(s, job, "Scan")), "Copies");
+  if (jt_set_element_value_text(s, jt_first_child(s, copies), "2") == 0) puts(jt_get_recent_error(s));
+  // [changes]
   // [catalogue]
   for (int32_t i = 0; jt_catalogue_service(i) != NULL; ++i) {
     // [catalogue]
     count += 1000;
   }
+  const jt_type *type = get_type_from_services(s, "kmt_svc_scan", "struct_gutter");
+  // [ranges]
+  jt_value_range range = {.size = sizeof range};
+  for (int32_t i = 0; jt_catalogue_range(type, i, &range); ++i) puts(range.part);
+  // [ranges]
   return count;
 }
 
