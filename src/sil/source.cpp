@@ -96,7 +96,7 @@ SourceDecoder::SourceDecoder(jt_parser_space &space, Teller &teller, const jt_so
       options_(options),
       purpose_(purpose),
       names_(space.heap),
-      element_of_(space.heap) {
+      element_of_(teller.session().heap) {
   const std::string_view text = teller.text();
   next_nul_ = std::min(text.find('\0'), text.size());
 }
@@ -291,7 +291,7 @@ void SourceDecoder::tell_handles() {
   }
 }
 
-// What went on without the memory that it wanted, as an index does, has passed the limit all the same.
+// A check ends with the nodes that it made.
 jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
   reports_behind_error_ = reports_behind_error;
   if (!is_within_limits()) return nullptr;
@@ -300,12 +300,11 @@ jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
   const bool has_passed = reached_limit(space_) != Limit::kNone;
   if (has_passed && !has_failed_) no_memory();
   lift_limits(space_);
-  if (!has_passed || root == nullptr) return root;
-  destroy_all_nodes(&space_, root);
-  return nullptr;
+  if (root != nullptr && purpose_ == Purpose::kCheck) destroy_all_nodes(&space_, root);
+  return root;
 }
 
-// A check ends with the nodes that it made.
+// What went on without the memory that it wanted, as an index does, has passed the limit all the same.
 jt_node *SourceDecoder::decode() {
   jt_node *const root = create_typed_node(&space_, "template", "template", JT_NODE_TEMPLATE, nullptr);
   if (root == nullptr) {
@@ -322,9 +321,10 @@ jt_node *SourceDecoder::decode() {
     tell_gap(text.size());
     tell_nuls(text.size());
   }
-  if (decoded && !has_failed_) tell_handles();
-  const bool succeeds = decoded && !has_failed_ && teller_.goes_on();
-  if (!succeeds || purpose_ == Purpose::kCheck) destroy_all_nodes(&space_, root);
+  const bool is_whole = decoded && !has_failed_ && reached_limit(space_) == Limit::kNone;
+  if (is_whole && purpose_ == Purpose::kDecode) tell_handles();
+  const bool succeeds = is_whole && teller_.goes_on();
+  if (!succeeds) destroy_all_nodes(&space_, root);
   return succeeds ? root : nullptr;
 }
 

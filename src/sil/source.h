@@ -140,7 +140,7 @@ class SourceDecoder {
   ErrorStore *reports_behind_error_ = nullptr;
   RemarkList remarks_;
   GrowingArray<NamedPlace> names_;         // by the element's number
-  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check
+  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check; not of its limits
   jt_range name_{};                        // the last token that was a name
   jt_range last_string_{};                 // that ran over lines
   jt_range previous_word_{};               // the last word behind a status
