@@ -1,6 +1,6 @@
 # What `cmake --install` puts where, in four components: runtime (the shared library), development (headers, the
 # static library, what find_package() and pkg-config read, the pages on the calls), tools (with their pages and
-# that on SIL) and documentation (the manual and the examples). Nothing of it knows the prefix: an installed tree
+# that on SIL, and what shells complete) and documentation (the manual and the examples). Nothing of it knows the prefix: an installed tree
 # may be moved.
 include(CMakePackageConfigHelpers)
 
@@ -15,7 +15,12 @@ install(TARGETS ${jt_libraries} EXPORT jt_targets
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ TYPE INCLUDE COMPONENT development)
 if(JT_BUILD_PROGRAMS OR JT_BUILD_TESTS)
-  install(TARGETS jt-driver jt-roundtrip RUNTIME COMPONENT tools)
+  install(TARGETS jt-driver jt-roundtrip sil RUNTIME COMPONENT tools)
+  set(completions ${PROJECT_BINARY_DIR}/tools/sil/completions)
+  install(FILES ${completions}/sil DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+  install(FILES ${completions}/_sil DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT tools)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/sil/sil.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/jt
+          COMPONENT tools)
 endif()
 
 # For find_package().
