@@ -20,6 +20,7 @@ FileResult format(const File &file, const Arguments &arguments) {
   LaidOut laid_out = lay_out(document);
   if (laid_out.result == LaidOut::Result::kMisfit) {
     result.words = findings_in_short(file.name, document);
+    if (result.words.empty()) result.words = "sil: " + file.name + ": tokens are missing, so it is not laid out\n";
     result.status = kFindings;
     return result;
   }
