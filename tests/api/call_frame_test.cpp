@@ -434,7 +434,10 @@ TEST_P(EveryCall, FromInsideAListenerIsRefused) {
     EXPECT_FALSE(GetParam().succeeds(arguments));
     EXPECT_EQ(status(), -4);
   });
-  EXPECT_EQ(messages(), Messages{kFromListener});
+  // Some are preceded by the calls that prepare for them.
+  const Messages told = messages();
+  EXPECT_FALSE(told.empty());
+  EXPECT_EQ(told, Messages(told.size(), kFromListener));
   EXPECT_EQ(encoded(-100), kEncoded);
 }
 
