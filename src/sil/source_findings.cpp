@@ -87,9 +87,9 @@ void SourceDecoder::tell_trouble(jt_range range) {
   decoder_.trouble = Trouble::kNone;
   switch (trouble) {
     case Trouble::kOtherVersion:
-      return tell_code(JT_FINDING_HEADER_VERSION, range);
+      return header_goes_on(decoder_, 2) ? tell_code(JT_FINDING_HEADER_VERSION, range) : void();
     case Trouble::kOtherEncoding:
-      return tell_code(JT_FINDING_HEADER_ENCODING, range);
+      return header_goes_on(decoder_, 1) ? tell_code(JT_FINDING_HEADER_ENCODING, range) : void();
     case Trouble::kTextReplaced:
       return tell_code(JT_FINDING_STATUS_TEXT_LOST, previous_word_);
     case Trouble::kUnknownStatus: {
@@ -111,7 +111,8 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
     const char *const where = entry.where.data();
     jt_finding finding = finding_of(code.code, range);
     if (lies_in_text) {
-      finding.range = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
+      finding.range =
+          finding.found = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
     }
     finding.severity = entry.refused ? JT_SEVERITY_LOSS : code.severity_when_kept;
     finding.type = decoder_.top->type->name;
@@ -123,12 +124,14 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
   }
 }
 
+// In a statement that is wrong nothing is said of values.
 void SourceDecoder::tell_doubtful_value(const Token &token, jt_range range) {
   const bool kept = teller_.innermost()->bookmark >= 0;
   const bool explained = remarks_.count > 0 && remarks_.entries[remarks_.count - 1].refused;
   const bool quoted = decoder_.family != nullptr && decoder_.family->operations->quoted;
-  tell_remarks(token, range);
+  if (is_settled_) tell_remarks(token, range);
   remarks_.count = 0;
+  if (!is_settled_) return;
   const jt_node &attribute = *decoder_.top;
   const bool stands_in = !has_known_type(attribute) && attribute.unresolved_type_name == nullptr;
   if (!kept && !explained && !stands_in) tell_code(JT_FINDING_VALUE_DROPPED, range);
@@ -222,11 +225,12 @@ void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
   finding.scope = service_of_table(decoder_.scope);
 }
 
-// A mark is missing where only marks can follow, and where the next statement or line begins too early.
+// Nothing is missing in front of everything. A mark is missing where only marks can follow, and where the next statement or line begins too early.
 bool SourceDecoder::is_missing_before(const Token &token, State state, std::size_t begin) const {
   const bool mark_follows = state == State::kServiceNamed || state == State::kInvocationNamed ||
                             state == State::kAttributeNamed || state == State::kAfterValue;
   const std::string_view gap = teller_.text().substr(last_end_, begin - last_end_);
+  if (last_end_ == 0) return false;
   return mark_follows || token.kind == TokenKind::kEndOfText || token.kind == TokenKind::kEnd ||
          token.kind == TokenKind::kCloseBrace || gap.find_first_of("\r\n") != std::string_view::npos;
 }
