@@ -71,6 +71,11 @@ bool keeps_comments(const Decoder &decoder, State state) {
   return is_place && decoder.top->first_child == nullptr && !is_header(*decoder.top);
 }
 
+// Whether an element other than a value has been read whole, or read so far that only its status may follow.
+bool settles(const Row &row) {
+  return may_have_ended(row.to) || (row.closes > 0 && row.opens != Opens::kValue);
+}
+
 const char *end_of_comment(const char *at, const char *end) {
   return std::find_if(at, end, [](char c) { return c >= '\n' && c <= '\r'; });
 }
@@ -176,12 +181,24 @@ bool SourceDecoder::accept_silently(const Row &row) {
   return !ends();
 }
 
+// A string that takes lines along and runs into an error has ended with its first line: what closes it was
+// meant to open another one.
+void SourceDecoder::shorten_string() {
+  const jt_range range = range_of();
+  const std::size_t line_end = end_of_line(range.begin);
+  if (line_end >= range.end || !runs_into_error(decoder_)) return;
+  ran_over_lines_ = true;
+  last_string_ = {range.begin, line_end};
+  decoder_.cursor.token_end = teller_.text().data() + line_end;
+}
+
 bool SourceDecoder::accepted(const Row &row, const Token &token) {
   if (may_have_ended(row.from) && row.opens != Opens::kStatus) teller_.close(last_end_);
   if (row.role >= Role::kHeld || token.kind == TokenKind::kEndOfText) return accept_silently(row);
+  if (token.kind == TokenKind::kString && row.opens == Opens::kValue) shorten_string();
   const jt_range range = range_of();
-  tell_gap(range.begin);
   tell_held(row.opens);
+  tell_gap(range.begin);
   if (row.opens != Opens::kNothing && row.opens != Opens::kSection) {
     teller_.open(kKinds[static_cast<std::size_t>(row.opens)], range.begin);
   }
@@ -194,15 +211,16 @@ bool SourceDecoder::accepted(const Row &row, const Token &token) {
   if (decoder_.top->node_class == JT_NODE_INVOCATION && !has_known_type(*decoder_.top))
     tell_unknown_service();
   for (int i = 0; i < row.closes; ++i) teller_.close(last_end_);
-  is_settled_ = is_settled_ || row.closes > 0;
+  if (!is_settled_) is_settled_ = settles(row);
   comments_stay_ = keeps_comments(decoder_, row.to);
   return !ends();
 }
 
 bool SourceDecoder::failed(const Machine &machine, const Token &token, Outcome outcome, State &state) {
   jt_finding finding = error_at(machine, token, outcome, state);
-  tell_gap(std::min(teller_.offset_of(decoder_.cursor.token_begin), teller_.text().size()));
   tell_held(Opens::kNothing);
+  if (ran_over_lines_) decoder_.cursor.has_comments = false;
+  tell_gap(teller_.offset_of(decoder_.cursor.token_begin));
   last_end_ = std::max(last_end_, finding.range.begin);
   if (is_worth_telling(finding)) tell(finding);
   begin_failure();
@@ -216,11 +234,16 @@ bool SourceDecoder::failed(const Machine &machine, const Token &token, Outcome o
   return recover(decoder_, *this, token, state);
 }
 
+void SourceDecoder::skip(const char *end) {
+  tell_gap(range_of().begin);
+  last_end_ = std::max(last_end_, teller_.offset_of(end));
+}
+
 // What was taken for a string ends where its line does.
 bool SourceDecoder::re_read_string(std::size_t line_end, State &state) {
   decoder_.cursor.position = teller_.text().data() + line_end;
   last_end_ = line_end;
-  last_string_ = {};
+  ran_over_lines_ = false;
   if (state == State::kFirstValue || state == State::kNextValue) state = State::kAfterValue;
   return true;
 }
