@@ -7,7 +7,7 @@ namespace {
 
 // What would be invisible on a page or end a block of code there.
 std::string shown(std::string_view text) {
-  return std::regex_replace(std::string(text), std::regex("^\xEF\xBB\xBF"), "\\xEF\\xBB\\xBF");
+  return std::regex_replace(std::string(text), std::regex("^\xEF\xBB\xBF"), R"(\xEF\xBB\xBF)");
 }
 
 // What Markdown and the reader of these pages would take for marks of their own.

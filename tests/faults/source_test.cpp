@@ -64,7 +64,7 @@ std::string file_name(const ::testing::TestParamInfo<std::string> &info) {
   return std::filesystem::path(info.param).stem().string();
 }
 
-// A table of names that cannot grow is made anew for the next name; one that cannot be had at all ends a decode.
+// One list of names is long enough to want a larger table, which is made up for.
 int tables_of_names_in(const std::string &path) {
   return std::filesystem::path(path).stem() == "every_type" ? 1 : 0;
 }
