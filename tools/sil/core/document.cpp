@@ -88,7 +88,8 @@ class Collector {
 
   static std::int32_t token(void *context, const jt_source_token *told) {
     Collector &self = from(context);
-    const std::uint32_t element = self.innermost_ == kNone ? ~0U : static_cast<std::uint32_t>(self.innermost_);
+    const std::uint32_t element =
+        self.innermost_ == kNone ? ~0U : static_cast<std::uint32_t>(self.innermost_);
     self.document_.tokens.push_back({told->range, told->role, element});
     return 0;
   }

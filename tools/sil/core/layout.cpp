@@ -109,7 +109,8 @@ class Layouter {
       return gap;
     }
     const bool is_form = token.role == JT_ROLE_MARKER && is_form_mark(token);
-    const bool is_behind_slash = before != nullptr && before->role == JT_ROLE_MARKER && !is_form_mark(*before);
+    const bool is_behind_slash =
+        before != nullptr && before->role == JT_ROLE_MARKER && !is_form_mark(*before);
     return joined(is_form && (is_header || is_behind_slash) ? Join::kTouch : Join::kBlank, 0);
   }
 
