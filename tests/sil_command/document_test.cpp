@@ -22,7 +22,7 @@ TEST(Document, HoldsTheTokensInOrder) {
 TEST(Document, HoldsElementsAsATree) {
   const Document document = read_document(kJob);
   ASSERT_EQ(document.elements.size(), 6U);
-  EXPECT_EQ(document.elements[0].parent, kNone);
+  EXPECT_EQ(document.elements[0].parent, kNowhere);
   EXPECT_EQ(document.elements[1].parent, 0U);
   EXPECT_EQ(kind_and_text(document, document.elements[2]), "5 * integer A = 1;");
   EXPECT_EQ(kind_and_text(document, document.elements[3]), "6 1");

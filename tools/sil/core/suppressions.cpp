@@ -80,7 +80,7 @@ class Reader {
   const SourceElement *statement_around(const SourceToken &token) const {
     if (!token.is_in_element()) return nullptr;
     const SourceElement *element = &document_.elements[token.element];
-    while (!is_statement(*element) && element->parent != kNone)
+    while (!is_statement(*element) && element->parent != kNowhere)
       element = &document_.elements[element->parent];
     return is_statement(*element) ? element : nullptr;
   }
