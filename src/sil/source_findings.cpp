@@ -205,9 +205,11 @@ jt_range SourceDecoder::first_namesake() const {
 }
 
 // The text ends, or a service or its end begins, where a block or a status is still open.
-void SourceDecoder::describe_unclosed(jt_finding &finding) {
+// An element of which only the status may be missing is closed.
+void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   const OpenElement *block = nullptr;
-  for (std::size_t level = 0; level < teller_.depth(); ++level) {
+  const std::size_t closed = may_have_ended(state) ? 1 : 0;
+  for (std::size_t level = 0; level + closed < teller_.depth(); ++level) {
     const OpenElement &element = teller_.open_at(level);
     const bool is_block = element.kind == JT_SOURCE_SERVICE || element.kind == JT_SOURCE_INVOCATION;
     if ((is_block && element.bookmark >= 0) || element.kind == JT_SOURCE_STATUS) block = &element;
@@ -250,11 +252,11 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
     finding.code = JT_FINDING_SERVICE_TYPE_UNKNOWN;
     finding.candidates = JT_CANDIDATES_SERVICES;
   } else if (ends_block && repair != Repair::kServices) {
-    describe_unclosed(finding);
+    describe_unclosed(state, finding);
   } else if (repair == Repair::kType && (is_word || token.kind == TokenKind::kOpenBrace)) {
     const char *const behind = decoder_.cursor.position;
     if (token.kind == TokenKind::kOpenBrace || begins_block(decoder_, behind)) {
-      describe_unclosed(finding);
+      describe_unclosed(state, finding);
       if (finding.code == JT_FINDING_SYNTAX_UNCLOSED) finding.range = {last_end_, last_end_};
     } else if (find_type_in_scope(decoder_.scope, token.text).type == nullptr) {
       describe_type(token, finding);
@@ -278,7 +280,7 @@ void SourceDecoder::describe_end(const Token &token, State state, jt_finding &fi
   if (state == State::kBetweenServices || state == State::kAfterService) {
     finding.code = JT_FINDING_END_MARKER;
   } else {
-    describe_unclosed(finding);
+    describe_unclosed(state, finding);
   }
 }
 
