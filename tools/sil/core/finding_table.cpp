@@ -28,11 +28,12 @@ constexpr std::array kPages = {
         "[kmt_svc_scan Scanner]\n{\n  string Title = The\"big\"one;\n}\nend\n",
         "Put the whole text in quotes, and a backslash before each quote in it."},
     FindingPage{
-        "string-over-lines", Severity::kWarning,
-        "A string goes on over the end of its line. It is read with the line feed in it; most often its\n"
-        "closing quote was forgotten.",
-        "[kmt_svc_scan Scanner]\n{\n  string Title = \"one\ntwo\";\n}\nend\n",
-        "Close the string on its line; a line feed in a text is written \\n."},
+        "string-over-lines", Severity::kError,
+        "A string goes on over the end of its line, and something behind it does not fit. Most often its\n"
+        "closing quote was forgotten, so that the next quote closes it. What follows is read as if the\n"
+        "string ended with its line.",
+        "[kmt_svc_scan Scanner]\n{\n  string Title = \"one;\n  string Owner = \"two\";\n}\nend\n",
+        "Close the string on its line. One that is meant to hold a line feed may have it."},
     FindingPage{"syntax-length", Severity::kError,
                 "A token is too long. Names have at most 1023 bytes, values and texts 1024, comments 1023.",
                 "", "Make it shorter; part a long comment into lines."},
@@ -46,10 +47,12 @@ constexpr std::array kPages = {
         "first word.",
         "\xEF\xBB\xBF[kmt_svc_scan Scanner]\nend\n",
         "Save the file without it, or let sil check --fix remove it."},
-    FindingPage{"block-illegal", Severity::kError,
-                "A section ends or begins with a mark that is not the header's.",
-                "<? SIL 4.2.00 ASCII job >\n< ! >\n< /! >\n[kmt_svc_scan Scanner]\nend\n< /SIL >\n",
-                "Write the section with the header's own mark: here < ? > and < /? >."},
+    FindingPage{
+        "block-illegal", Severity::kError,
+        "A mark stands where the header promises none: a section with a mark that is not the header's,\n"
+        "or an end marker in a text without a header.",
+        "< ? SIL 4.2.00 ASCII job >\n< ? >\n< /! >\n[kmt_svc_scan Scanner]\nend\n< /SIL >\n",
+        "Write the section with the header's own mark: here < ? > and < /? >."},
     FindingPage{"memory", Severity::kError, "There was not enough memory to read the text.", "",
                 "Free memory, or read the file elsewhere."},
     FindingPage{
@@ -58,10 +61,10 @@ constexpr std::array kPages = {
         "", "Part the job, or raise the limit."},
     FindingPage{
         "header-form", Severity::kError,
-        "The form of the header and what follows do not fit. Only < ? SIL and < ! SIL have a section, and\n"
-        "behind < ! SIL nothing but the section stands.",
-        "< SIL 4.2.00 ASCII job >\n< ? >\n< /? >\n< /SIL >\n",
-        "Choose the header's form by what the file holds."},
+        "No header begins like this. One begins with < SIL, or with < ? SIL or < ! SIL where a section\n"
+        "follows.",
+        "< XML 4.2.00 ASCII job >\n[kmt_svc_scan Scanner]\nend\n< /SIL >\n",
+        "Write SIL behind the bracket, or behind the mark there; or take the header out."},
     FindingPage{
         "header-version", Severity::kWarning,
         "The version in the header is not 4.2.00. It is kept; whether a device takes it is not known.",
@@ -71,9 +74,8 @@ constexpr std::array kPages = {
                 "The encoding in the header is not ASCII. It is read as ASCII, and written back as that.",
                 "< SIL 4.2.00 UTF-8 job >\n< /SIL >\n", "Write ASCII."},
     FindingPage{"end-marker", Severity::kError,
-                "A text with a header must end with < /SIL >, and one without a header must not.",
-                "< SIL 4.2.00 ASCII job >\n[kmt_svc_scan Scanner]\nend\n",
-                "Write < /SIL > at the end, or take it out where there is no header."},
+                "A text with a header must end with < /SIL >, behind which nothing stands.",
+                "< SIL 4.2.00 ASCII job >\n[kmt_svc_scan Scanner]\nend\n", "Write < /SIL > at the end."},
     FindingPage{"service-type-unknown", Severity::kError, "There is no such type of service.",
                 "[kmt_svc_scna Scanner]\nend\n",
                 "Take one of those that sil types lists; here kmt_svc_scan was meant."},
@@ -130,13 +132,16 @@ constexpr std::array kPages = {
         "[kmt_svc_scan Scanner]\n{\n  enum_sided Sides = TWO_SIDE;\n}\nend\n",
         "Nothing, where a newer device knows it. Else take a name that sil types SERVICE TYPE lists."},
     FindingPage{
-        "value-unsafe", Severity::kLoss,
-        "A value in a template that a program has built would be written so that something else is read\n"
-        "back.",
-        "", "Set another value, or a type that can hold this one."},
-    FindingPage{"value-dropped", Severity::kLoss, "The value is not kept, and its type does not say why.",
-                "[kmt_svc_scan Scanner]\n{\n  timestamp Due = 2009-01-01/00/00/00;\n}\nend\n",
-                "Write the value as sil types SERVICE TYPE says."},
+        "value-unsafe", Severity::kWarning,
+        "The library would write this value so that something else is read back: a word without its quotes\n"
+        "that ends a service, or nothing at all.",
+        "[kmt_svc_scan Scanner]\n{\n  ref_collection From = \"end\";\n}\nend\n",
+        "Set another value, or a type that can hold this one."},
+    FindingPage{
+        "value-dropped", Severity::kLoss,
+        "The value is not kept or not written, and nothing else says why: in a template that a program\n"
+        "has built it holds nothing, or has no type.",
+        "", "Set the value anew."},
     FindingPage{"value-rounded", Severity::kNote,
                 "A real is kept with the precision of a single, and is written back as another decimal.",
                 "[kmt_svc_scan Scanner]\n{\n  real Ratio = 0.123456789;\n}\nend\n",
@@ -146,15 +151,15 @@ constexpr std::array kPages = {
         "[kmt_svc_scan Scanner]\nend (KMT_STATUS_DONE)\n",
         "Take a name that sil types built-in kmt_enum_status lists; here KMT_STATUS_COMPLETED was meant."},
     FindingPage{
-        "status-unsafe", Severity::kLoss,
-        "The name of a status, or the text behind it, in a template that a program has built would be\n"
-        "written so that something else is read back.",
-        "", "Choose a text that is one word."},
-    FindingPage{
-        "status-text-lost", Severity::kLoss,
-        "Of the text behind a status only the last word is kept, and behind that of a service no empty one.",
-        "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {after two tries})\n",
-        "Put the text in quotes: {\"after two tries\"}."},
+        "status-unsafe", Severity::kWarning,
+        "The name of a status, or the text behind it, stands in quotes and needs them. The library writes\n"
+        "both without quotes, so that something else is read back.",
+        "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {\"two tries\"})\n",
+        "Choose a text that is one word."},
+    FindingPage{"status-text-lost", Severity::kLoss,
+                "Of several words behind a status only the last one is kept.",
+                "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {after two tries})\n",
+                "Make one word of them: {after-two-tries}."},
     FindingPage{"comment-moves", Severity::kNote,
                 "The comment is kept, but written elsewhere when the library writes the template.",
                 "[kmt_svc_scan Scanner]\n{\n  integer Copies = 2;\n  # behind the attribute\n}\nend\n",
