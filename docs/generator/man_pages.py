@@ -25,6 +25,7 @@ PAGES = {
     "jt_elements": "any element of a template by handle",
     "jt_element_changes": "change any element of a template by handle",
     "jt_catalogue": "services, types and names that jt knows",
+    "jt_source": "places and findings in a SIL text",
     "jt_store": "reports, memory and texts beneath the calls of jt",
     "jt_tree": "the tree beneath the calls of jt",
     "jt_types": "types and type tables of jt",

@@ -150,12 +150,25 @@ class Recovery {
     return {begin(), static_cast<std::size_t>(decoder_.cursor.token_end - begin())};
   }
   TokenKind next_kind() { return Lookahead(decoder_.cursor, decoder_.cursor.position).next().kind; }
+  bool begins_statement() const {
+    Lookahead ahead(decoder_.cursor, decoder_.cursor.position);
+    const Token next = ahead.next();
+    return landmark_at(decoder_, next, ahead.cursor()) == Landmark::kStatement;
+  }
   Landmark landmark() const { return landmark_at(decoder_, token_, decoder_.cursor); }
 
   // Goes on in a state; the token is read again there, or has been taken.
   bool again(State state) {
     decoder_.cursor.position = begin();
-    source_.set_last_end(std::max(source_.last_end(), source_.teller().offset_of(begin())));
+    return taken(state);
+  }
+  // The token is told as what it is meant as, or passed over.
+  void tell(Role role) {
+    source_.tell_gap(source_.teller().offset_of(begin()));
+    source_.tell_token(role, token_);
+  }
+  bool passed(State state) {
+    source_.skip(decoder_.cursor.token_end);
     return taken(state);
   }
   bool taken(State state) {
@@ -193,7 +206,9 @@ Landmark Recovery::skip_to(LandmarkSet wanted) {
       const char *const end = decoder_.cursor.end;
       const char *const least = std::min(begin() + 1, end);
       decoder_.cursor.position = std::find_if(least, end, [](char c) { return c == '\n' || c == '\r'; });
+      decoder_.cursor.token_end = decoder_.cursor.position;
     }
+    if (token_.kind != TokenKind::kComment) source_.skip(decoder_.cursor.token_end);
     token_ = look_at_token(decoder_.cursor);
   }
 }
@@ -258,7 +273,7 @@ bool Recovery::on_text() {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (token_.text.starts_with(kByteOrderMark)) {
     decoder_.cursor.position = begin() + kByteOrderMark.size();
-    source_.set_last_end(source_.teller().offset_of(decoder_.cursor.position));
+    source_.skip(decoder_.cursor.position);
     return settled(taken(state_));
   }
   while (token_.kind != TokenKind::kEndOfText && token_.kind != TokenKind::kLess &&
@@ -275,7 +290,9 @@ bool Recovery::on_frame() {
   if (found == Landmark::kEndOfText) return false;
   if (decoder_.header_class == JT_NODE_HEADER) decoder_.header_class = JT_NODE_HEADER_PLAIN;
   if (is_header(*decoder_.top)) decoder_.top->node_class = decoder_.header_class;
-  return settled(found == Landmark::kService ? again(State::kFinished) : taken(State::kFinished));
+  if (found == Landmark::kService) return settled(again(State::kFinished));
+  tell(Role::kPunctuation);
+  return settled(taken(State::kFinished));
 }
 
 // Marks that no header promises are passed over.
@@ -294,19 +311,21 @@ bool Recovery::on_service_head() {
   const TokenKind next = next_kind();
   if (state_ == State::kServiceType && is_text) {
     decoder_.type = unknown_type();
-    source_.tell_token(Role::kServiceType, token_);
+    tell(Role::kServiceType);
     return taken(State::kServiceName);
   }
   if (state_ == State::kServiceName && is_text && next == TokenKind::kCloseBracket) {
     decoder_.kept = written();
-    source_.tell_token(Role::kServiceName, token_);
+    tell(Role::kServiceName);
     return taken(State::kServiceNamed);
   }
-  if (state_ == State::kServiceNamed && is_text && next == TokenKind::kCloseBracket) return taken(state_);
-  if (state_ == State::kServiceName && decoder_.type != nullptr) decoder_.kept = view_of(decoder_.type->name);
-  if (state_ == State::kServiceType) decoder_.type = unknown_type(), decoder_.kept = {};
+  if (state_ == State::kServiceNamed && is_text && next == TokenKind::kCloseBracket) return passed(state_);
+  if (state_ == State::kServiceType) decoder_.type = unknown_type();
+  if (state_ != State::kServiceNamed) {
+    decoder_.kept = decoder_.type != unknown_type() ? view_of(decoder_.type->name) : std::string_view();
+  }
   const bool is_closed = token_.kind == TokenKind::kCloseBracket;
-  if (is_closed) source_.tell_token(Role::kPunctuation, token_);
+  if (is_closed) tell(Role::kPunctuation);
   if (!stand_in_service()) return false;
   if (is_closed) return taken(State::kInService);
   state_ = State::kInService;
@@ -335,15 +354,21 @@ bool Recovery::on_service() {
   const bool is_text = contains(kWordOrString, token_.kind);
   const bool is_named = state_ == State::kInvocationNamed;
   if (is_named && token_.kind == TokenKind::kOpenBrace) {
-    source_.tell_token(Role::kPunctuation, token_);
+    tell(Role::kPunctuation);
     return stand_in_invocation(decoder_.kept) && taken(State::kInInvocation);
   }
   if (is_named && is_text && next_kind() == TokenKind::kOpenBrace && landmark() != Landmark::kStatement) {
-    return taken(state_);
+    return passed(state_);
   }
-  if (state_ == State::kInService && is_text && next_kind() == TokenKind::kOpenBrace) {
+  // A name that will not do has ended the invocation before it already.
+  if (decoder_.top->node_class == JT_NODE_SERVICE && state_ == State::kAfterInvocation) {
+    leave_to(JT_NODE_SERVICE);
+    state_ = State::kInService;
+  }
+  if (!is_named && is_text && next_kind() == TokenKind::kOpenBrace) {
+    leave_to(JT_NODE_SERVICE);
     source_.teller().open(JT_SOURCE_INVOCATION, source_.teller().offset_of(begin()));
-    source_.tell_token(Role::kInvocationName, token_);
+    tell(Role::kInvocationName);
     decoder_.kept = written();
     return taken(State::kInvocationNamed);
   }
@@ -365,6 +390,7 @@ bool Recovery::on_type() {
           (is_starred ? 1 : 0),
       source_.last_end());
   const bool is_text = contains(kWordOrString, token_.kind);
+  if (is_text && begins_statement()) return passed(is_starred ? State::kStarredType : State::kInInvocation);
   if (is_text && next_kind() == TokenKind::kWord) {
     if (!is_starred) {
       source_.teller().open(JT_SOURCE_ATTRIBUTE, source_.teller().offset_of(begin()));
@@ -372,8 +398,8 @@ bool Recovery::on_type() {
     }
     decoder_.type = unknown_type();
     decoder_.family = nullptr;
-    source_.tell_token(Role::kAttributeType, token_);
-    return settled(taken(State::kAttributeName));
+    tell(Role::kAttributeType);
+    return taken(State::kAttributeName);
   }
   const Landmark here = landmark();
   const bool ends_invocation = here == Landmark::kOpenBrace || here == Landmark::kNamedBrace ||
@@ -389,8 +415,8 @@ bool Recovery::on_name() {
   const bool goes_on = next == TokenKind::kEquals || next == TokenKind::kSemicolon;
   if (is_text && goes_on) {
     const std::string_view name = written().substr(0, JT_MAX_TOKEN_LENGTH - 1);
-    source_.tell_token(Role::kAttributeName, token_);
-    return stand_in_attribute(name) && settled(taken(State::kAttributeNamed));
+    tell(Role::kAttributeName);
+    return stand_in_attribute(name) && taken(State::kAttributeNamed);
   }
   if (token_.kind == TokenKind::kEquals) return stand_in_attribute({}) && again(State::kAttributeNamed);
   return on_statement();
@@ -399,23 +425,22 @@ bool Recovery::on_name() {
 // The rest of a statement is skipped.
 bool Recovery::on_statement() {
   constexpr LandmarkSet kWanted =
-      kBlockEnds | landmarks(Landmark::kSemicolon, Landmark::kCloseBrace, Landmark::kStatement);
+      landmarks(Landmark::kSemicolon, Landmark::kStatement, Landmark::kService, Landmark::kMarks);
+  constexpr LandmarkSet kWantedInBody = kWanted | landmarks(Landmark::kEnd, Landmark::kCloseBrace);
   const bool in_header = !is_in(JT_NODE_INVOCATION);
   const bool is_value = state_ == State::kFirstValue || state_ == State::kNextValue;
   if (is_value && token_.kind == TokenKind::kWord && token_.text.size() > JT_MAX_TOKEN_LENGTH) {
-    source_.set_last_end(source_.teller().offset_of(decoder_.cursor.token_end));
-    return taken(State::kAfterValue);
+    return passed(State::kAfterValue);
   }
-  const Landmark found = skip_to(kWanted);
+  const Landmark found = skip_to(in_header ? kWanted : kWantedInBody);
   if (found == Landmark::kEndOfText) return false;
   if (found == Landmark::kSemicolon && decoder_.top->node_class == JT_NODE_ATTRIBUTE) {
-    source_.tell_token(Role::kPunctuation, token_);
+    tell(Role::kPunctuation);
     return settled(taken(State::kAfterAttribute));
   }
   leave_to(in_header ? std::int32_t{decoder_.header_class} : JT_NODE_INVOCATION);
   if (found == Landmark::kSemicolon) {
-    source_.set_last_end(source_.teller().offset_of(decoder_.cursor.token_end));
-    return settled(taken(State::kInInvocation));
+    return settled(passed(State::kInInvocation));
   }
   const bool ends_block = found != Landmark::kStatement && found != Landmark::kCloseBrace;
   if (!in_header && ends_block) return again(State::kAfterInvocation);
@@ -423,22 +448,25 @@ bool Recovery::on_statement() {
 }
 
 bool Recovery::on_status() {
-  constexpr LandmarkSet kWanted = kBlockEnds | landmarks(Landmark::kCloseParenthesis, Landmark::kStatement,
-                                                         Landmark::kNamedBrace, Landmark::kSemicolon);
+  constexpr LandmarkSet kWantedInHeader =
+      landmarks(Landmark::kCloseParenthesis, Landmark::kStatement, Landmark::kSemicolon, Landmark::kService,
+                Landmark::kMarks);
+  constexpr LandmarkSet kWanted = kWantedInHeader | landmarks(Landmark::kEnd, Landmark::kNamedBrace);
+  const bool in_header = !is_in(JT_NODE_SERVICE);
   const std::int32_t of = decoder_.top->node_class;
   const State behind = of == JT_NODE_SERVICE      ? State::kBetweenServices
                        : of == JT_NODE_INVOCATION ? State::kInService
                                                   : State::kInInvocation;
-  const Landmark found = skip_to(kWanted);
+  const Landmark found = skip_to(in_header ? kWantedInHeader : kWanted);
   if (found == Landmark::kEndOfText) return false;
   const bool is_taken = found == Landmark::kCloseParenthesis || found == Landmark::kSemicolon;
-  if (is_taken) source_.tell_token(Role::kPunctuation, token_);
+  if (is_taken) tell(Role::kPunctuation);
   decoder_.top = decoder_.top->parent;
   source_.teller().close(source_.last_end());
   source_.teller().close(source_.last_end());
   if (is_taken) return settled(taken(behind));
-  if (behind == State::kInInvocation && found != Landmark::kStatement) return again(State::kAfterInvocation);
-  return settled(again(behind));
+  const bool ends_invocation = behind == State::kInInvocation && found != Landmark::kStatement;
+  return ends_invocation && !in_header ? again(State::kAfterInvocation) : settled(again(behind));
 }
 
 bool Recovery::run() {
@@ -473,10 +501,12 @@ bool recover(Decoder &decoder, SourceDecoder &source, const Token &token, State 
   return Recovery(decoder, source, token, state).run();
 }
 
-bool begins_statement(const Decoder &decoder, const char *at) {
-  Lookahead ahead(decoder.cursor, at);
+bool runs_into_error(const Decoder &decoder) {
+  Lookahead ahead(decoder.cursor, decoder.cursor.position);
   const Token token = ahead.next();
-  return landmark_at(decoder, token, ahead.cursor()) == Landmark::kStatement;
+  const bool may_follow = token.kind == TokenKind::kComma || token.kind == TokenKind::kSemicolon ||
+                          token.kind == TokenKind::kEndOfText;
+  return !may_follow && landmark_at(decoder, token, ahead.cursor()) != Landmark::kStatement;
 }
 
 bool ends_block_with(const Decoder &decoder, const Token &token) {

@@ -15,8 +15,9 @@ class SourceDecoder;
 // follow.
 [[gnu::cold]] bool recover(Decoder &decoder, SourceDecoder &source, const Token &token, State &state);
 
-// Whether an attribute begins at a place: with a type that is in scope.
-[[gnu::cold]] bool begins_statement(const Decoder &decoder, const char *at);
+// Whether a value, behind which the cursor stands, is followed by what cannot follow one; the text's end and a
+// statement are followed by another mistake.
+[[gnu::cold]] bool runs_into_error(const Decoder &decoder);
 
 // Whether all open blocks end with a token, behind which the cursor stands: with the text, the end of a service,
 // the next one, or marks.

@@ -237,9 +237,6 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
   const bool ends_block = ends_block_with(decoder_, token);
   const bool is_word = token.kind == TokenKind::kWord;
   describe_expected(machine, state, finding, expected_, sizeof(expected_));
-  if (is_missing_before(token, state, finding.range.begin) && !(is_word && repair == Repair::kType)) {
-    finding.range = {last_end_, last_end_};
-  }
   if (repair == Repair::kMarker) finding.code = JT_FINDING_END_MARKER;
   if (state == State::kHeaderForm || state == State::kHeaderWord) finding.code = JT_FINDING_HEADER_FORM;
   if (state == State::kSectionForm || state == State::kSectionClosingForm) {
@@ -258,6 +255,12 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
     } else if (find_type_in_scope(decoder_.scope, token.text).type == nullptr) {
       describe_type(token, finding);
     }
+  }
+  const bool can_be_missing = finding.code == JT_FINDING_SYNTAX_EXPECTED ||
+                              finding.code == JT_FINDING_SYNTAX_UNCLOSED ||
+                              finding.code == JT_FINDING_END_MARKER;
+  if (can_be_missing && is_missing_before(token, state, finding.range.begin)) {
+    finding.range = {last_end_, last_end_};
   }
 }
 
@@ -290,14 +293,6 @@ std::size_t SourceDecoder::end_of_line(std::size_t offset) const {
   return std::min(teller_.text().find_first_of("\r\n", offset), teller_.text().size());
 }
 
-// The last value was a string that took the next line along, so that its closing quote is an opening one.
-bool SourceDecoder::string_ran_over_lines(const Token &token, State state) const {
-  const bool follows_string = last_string_.end != 0 && last_string_.end == last_end_;
-  return follows_string && end_of_line(last_string_.begin) < last_string_.end &&
-         state == State::kAfterValue && token.kind != TokenKind::kEndOfText &&
-         !begins_statement(decoder_, decoder_.cursor.token_begin);
-}
-
 jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, Outcome outcome, State state) {
   jt_finding finding = finding_of(JT_FINDING_SYNTAX_EXPECTED, range_of());
   finding.found_is_end = token.kind == TokenKind::kEndOfText ? 1 : 0;
@@ -312,9 +307,9 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
     describe_end(token, state, finding);
   } else if (outcome == Outcome::kStopped || token.kind == TokenKind::kComment) {
     finding.code = report_no_memory();
-  } else if (string_ran_over_lines(token, state)) {
+  } else if (ran_over_lines_) {
     finding.code = JT_FINDING_STRING_OVER_LINES;
-    finding.range = {last_string_.begin, end_of_line(last_string_.begin)};
+    finding.range = last_string_;
   } else if (token.kind == TokenKind::kError) {
     describe_bad_string(finding);
   } else if (state == State::kHeaderBegin && token.text.starts_with(kByteOrderMark)) {

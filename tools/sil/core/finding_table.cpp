@@ -29,11 +29,10 @@ constexpr std::array kPages = {
         "Put the whole text in quotes, and a backslash before each quote in it."},
     FindingPage{
         "string-over-lines", Severity::kError,
-        "A string goes on over the end of its line, and something behind it does not fit. Most often its\n"
-        "closing quote was forgotten, so that the next quote closes it. What follows is read as if the\n"
-        "string ended with its line.",
-        "[kmt_svc_scan Scanner]\n{\n  string Title = \"one;\n  string Owner = \"two\";\n}\nend\n",
-        "Close the string on its line. One that is meant to hold a line feed may have it."},
+        "A string goes on over the end of its line, and what stands behind it then does not fit: most often\n"
+        "its closing quote was forgotten. What follows is read as if the string ended with its line.",
+        "[kmt_svc_scan Scanner]\n{\n  string Title = \"one;\n  string Note = \"two\";\n}\nend\n",
+        "Close the string on its line; a line feed in a text is written \\n."},
     FindingPage{"syntax-length", Severity::kError,
                 "A token is too long. Names have at most 1023 bytes, values and texts 1024, comments 1023.",
                 "", "Make it shorter; part a long comment into lines."},
@@ -47,24 +46,20 @@ constexpr std::array kPages = {
         "first word.",
         "\xEF\xBB\xBF[kmt_svc_scan Scanner]\nend\n",
         "Save the file without it, or let sil check --fix remove it."},
-    FindingPage{
-        "block-illegal", Severity::kError,
-        "A mark stands where the header promises none: a section with a mark that is not the header's,\n"
-        "or an end marker in a text without a header.",
-        "< ? SIL 4.2.00 ASCII job >\n< ? >\n< /! >\n[kmt_svc_scan Scanner]\nend\n< /SIL >\n",
-        "Write the section with the header's own mark: here < ? > and < /? >."},
+    FindingPage{"block-illegal", Severity::kError,
+                "A section ends or begins with a mark that is not the header's.",
+                "<? SIL 4.2.00 ASCII job >\n< ! >\n< /! >\n[kmt_svc_scan Scanner]\nend\n< /SIL >\n",
+                "Write the section with the header's own mark: here < ? > and < /? >."},
     FindingPage{"memory", Severity::kError, "There was not enough memory to read the text.", "",
                 "Free memory, or read the file elsewhere."},
     FindingPage{
         "limit", Severity::kError,
         "The text is larger than who reads it allows: in bytes, in elements, or in the memory that it takes.",
         "", "Part the job, or raise the limit."},
-    FindingPage{
-        "header-form", Severity::kError,
-        "No header begins like this. One begins with < SIL, or with < ? SIL or < ! SIL where a section\n"
-        "follows.",
-        "< XML 4.2.00 ASCII job >\n[kmt_svc_scan Scanner]\nend\n< /SIL >\n",
-        "Write SIL behind the bracket, or behind the mark there; or take the header out."},
+    FindingPage{"header-form", Severity::kError,
+                "No header begins like this: behind \"<\" stands SIL, or \"?\" or \"!\" and SIL.",
+                "< SLI 4.2.00 ASCII job >\n< /SIL >\n",
+                "Write < SIL 4.2.00 ASCII NAME >, or leave the header out together with the end marker."},
     FindingPage{
         "header-version", Severity::kWarning,
         "The version in the header is not 4.2.00. It is kept; whether a device takes it is not known.",
@@ -74,8 +69,9 @@ constexpr std::array kPages = {
                 "The encoding in the header is not ASCII. It is read as ASCII, and written back as that.",
                 "< SIL 4.2.00 UTF-8 job >\n< /SIL >\n", "Write ASCII."},
     FindingPage{"end-marker", Severity::kError,
-                "A text with a header must end with < /SIL >, behind which nothing stands.",
-                "< SIL 4.2.00 ASCII job >\n[kmt_svc_scan Scanner]\nend\n", "Write < /SIL > at the end."},
+                "A text with a header must end with < /SIL >, and one without a header must not.",
+                "< SIL 4.2.00 ASCII job >\n[kmt_svc_scan Scanner]\nend\n",
+                "Write < /SIL > at the end, or take it out where there is no header."},
     FindingPage{"service-type-unknown", Severity::kError, "There is no such type of service.",
                 "[kmt_svc_scna Scanner]\nend\n",
                 "Take one of those that sil types lists; here kmt_svc_scan was meant."},
@@ -133,15 +129,13 @@ constexpr std::array kPages = {
         "Nothing, where a newer device knows it. Else take a name that sil types SERVICE TYPE lists."},
     FindingPage{
         "value-unsafe", Severity::kWarning,
-        "The library would write this value so that something else is read back: a word without its quotes\n"
-        "that ends a service, or nothing at all.",
-        "[kmt_svc_scan Scanner]\n{\n  ref_collection From = \"end\";\n}\nend\n",
-        "Set another value, or a type that can hold this one."},
-    FindingPage{
-        "value-dropped", Severity::kLoss,
-        "The value is not kept or not written, and nothing else says why: in a template that a program\n"
-        "has built it holds nothing, or has no type.",
-        "", "Set the value anew."},
+        "The value is kept, but would be written so that something else, or nothing, is read back. In a\n"
+        "template that a program has built this is a loss.",
+        "[kmt_svc_scan Scanner]\n{\n  ref_collection Documents = \":\";\n}\nend\n",
+        "Choose another value, or a type that can hold this one."},
+    FindingPage{"value-dropped", Severity::kLoss, "The value is not kept, and its type does not say why.",
+                "[kmt_svc_scan Scanner]\n{\n  kmt_svc_scan Inner = 5;\n}\nend\n",
+                "Choose a type that has values; here the type is a kind of block."},
     FindingPage{"value-rounded", Severity::kNote,
                 "A real is kept with the precision of a single, and is written back as another decimal.",
                 "[kmt_svc_scan Scanner]\n{\n  real Ratio = 0.123456789;\n}\nend\n",
@@ -152,14 +146,14 @@ constexpr std::array kPages = {
         "Take a name that sil types built-in kmt_enum_status lists; here KMT_STATUS_COMPLETED was meant."},
     FindingPage{
         "status-unsafe", Severity::kWarning,
-        "The name of a status, or the text behind it, stands in quotes and needs them. The library writes\n"
-        "both without quotes, so that something else is read back.",
-        "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {\"two tries\"})\n",
+        "The name of a status, or the text behind it, is kept, but would be written without its quotes and\n"
+        "then be read as something else. In a template that a program has built this is a loss.",
+        "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ERROR {\"two words\"})\n",
         "Choose a text that is one word."},
     FindingPage{"status-text-lost", Severity::kLoss,
                 "Of several words behind a status only the last one is kept.",
                 "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {after two tries})\n",
-                "Make one word of them: {after-two-tries}."},
+                "Make it one word: {after_two_tries}."},
     FindingPage{"comment-moves", Severity::kNote,
                 "The comment is kept, but written elsewhere when the library writes the template.",
                 "[kmt_svc_scan Scanner]\n{\n  integer Copies = 2;\n  # behind the attribute\n}\nend\n",
