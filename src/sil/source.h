@@ -128,7 +128,7 @@ class SourceDecoder {
   [[gnu::cold]] void describe_wrong_token(const Machine &machine, const Token &token, State state,
                                           jt_finding &finding);
   [[gnu::cold]] void describe_end(const Token &token, State state, jt_finding &finding);
-  [[gnu::cold]] void describe_unclosed(jt_finding &finding);
+  [[gnu::cold]] void describe_unclosed(State state, jt_finding &finding);
   [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding);
   [[gnu::cold]] void describe_bad_string(jt_finding &finding);
   [[gnu::cold]] bool is_missing_before(const Token &token, State state, std::size_t begin) const;

@@ -219,11 +219,12 @@ jt_range SourceDecoder::first_namesake() const {
 }
 
 // The text ends, or a service or its end begins, where a block or a status is still open.
-void SourceDecoder::describe_unclosed(jt_finding &finding) {
+void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   const OpenElement *block = nullptr;
   for (std::size_t level = 0; level < teller_.depth(); ++level) {
     const OpenElement &element = teller_.open_at(level);
     const bool is_block = element.kind == JT_SOURCE_SERVICE || element.kind == JT_SOURCE_INVOCATION;
+    if (element.kind == JT_SOURCE_INVOCATION && state == State::kAfterInvocation) continue;
     if ((is_block && element.bookmark >= 0) || element.kind == JT_SOURCE_STATUS) block = &element;
   }
   if (block == nullptr) return;
@@ -239,14 +240,19 @@ void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
   finding.scope = service_of_table(decoder_.scope);
 }
 
-// Nothing is missing in front of everything. A mark is missing where only marks can follow, and where the next statement or line begins too early.
+// A mark is missing where only marks can follow, and in the midst of something where the next statement or line
+// begins too early. Between statements and blocks nothing is missing: what stands there does not belong there.
 bool SourceDecoder::is_missing_before(const Token &token, State state, std::size_t begin) const {
+  const Repair repair = facts_of(state).repair;
   const bool mark_follows = state == State::kServiceNamed || state == State::kInvocationNamed ||
                             state == State::kAttributeNamed || state == State::kAfterValue;
+  const bool is_between = repair == Repair::kText || repair == Repair::kType || repair == Repair::kService ||
+                          repair == Repair::kServices;
+  if (token.kind == TokenKind::kEndOfText) return last_end_ > 0;
+  if (mark_follows || is_between) return mark_follows;
   const std::string_view gap = teller_.text().substr(last_end_, begin - last_end_);
-  if (last_end_ == 0) return false;
-  return mark_follows || token.kind == TokenKind::kEndOfText || token.kind == TokenKind::kEnd ||
-         token.kind == TokenKind::kCloseBrace || gap.find_first_of("\r\n") != std::string_view::npos;
+  return token.kind == TokenKind::kEnd || token.kind == TokenKind::kCloseBrace ||
+         gap.find_first_of("\r\n") != std::string_view::npos;
 }
 
 void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &token, State state,
@@ -254,6 +260,7 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
   const Repair repair = facts_of(state).repair;
   const bool ends_block = ends_block_with(decoder_, token);
   const bool is_word = token.kind == TokenKind::kWord;
+  const bool in_service = repair == Repair::kService || repair == Repair::kServiceHead;
   describe_expected(machine, state, finding, expected_, sizeof(expected_));
   if (repair == Repair::kMarker) finding.code = JT_FINDING_END_MARKER;
   if (state == State::kHeaderForm || state == State::kHeaderWord) finding.code = JT_FINDING_HEADER_FORM;
@@ -263,21 +270,20 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
   if (state == State::kServiceType && is_word) {
     finding.code = JT_FINDING_SERVICE_TYPE_UNKNOWN;
     finding.candidates = JT_CANDIDATES_SERVICES;
-  } else if (ends_block && repair != Repair::kServices) {
-    describe_unclosed(finding);
+  } else if (ends_block && repair != Repair::kServices && !(token.kind == TokenKind::kEnd && in_service)) {
+    describe_unclosed(state, finding);
   } else if (repair == Repair::kType && (is_word || token.kind == TokenKind::kOpenBrace)) {
     const char *const behind = decoder_.cursor.position;
     if (token.kind == TokenKind::kOpenBrace || begins_block(decoder_, behind)) {
-      describe_unclosed(finding);
-      if (finding.code == JT_FINDING_SYNTAX_UNCLOSED) finding.range = {last_end_, last_end_};
+      describe_unclosed(state, finding);
     } else if (find_type_in_scope(decoder_.scope, token.text).type == nullptr) {
       describe_type(token, finding);
     }
   }
-  const bool can_be_missing = finding.code == JT_FINDING_SYNTAX_EXPECTED ||
-                              finding.code == JT_FINDING_SYNTAX_UNCLOSED ||
-                              finding.code == JT_FINDING_END_MARKER;
-  if (can_be_missing && is_missing_before(token, state, finding.range.begin)) {
+  const bool can_be_missing =
+      finding.code == JT_FINDING_SYNTAX_EXPECTED || finding.code == JT_FINDING_END_MARKER;
+  const bool is_unclosed = finding.code == JT_FINDING_SYNTAX_UNCLOSED;
+  if (is_unclosed || (can_be_missing && is_missing_before(token, state, finding.range.begin))) {
     finding.range = {last_end_, last_end_};
   }
 }
@@ -292,7 +298,7 @@ void SourceDecoder::describe_end(const Token &token, State state, jt_finding &fi
   if (state == State::kBetweenServices || state == State::kAfterService) {
     finding.code = JT_FINDING_END_MARKER;
   } else {
-    describe_unclosed(finding);
+    describe_unclosed(state, finding);
   }
 }
 
