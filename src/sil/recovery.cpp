@@ -24,6 +24,10 @@ class Lookahead {
     cursor_.end = cursor.end;
   }
 
+  // What was read last is not taken along: its buffer is large.
+  Lookahead(const Lookahead &other) : Lookahead(other.cursor_, other.cursor_.position) {}
+  Lookahead &operator=(const Lookahead &) = delete;
+
   Token next() {
     Token token = look_at_token(cursor_);
     while (token.kind == TokenKind::kComment) token = look_at_token(cursor_);

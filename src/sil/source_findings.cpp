@@ -169,6 +169,7 @@ void SourceDecoder::tell_unknown_service() {
                       element->head_end == last_end_ && invocation.first_child == nullptr;
   if (!is_new || service.first_child != &invocation || !has_known_type(service)) return;
   const std::size_t number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
+  if (number >= names_.size()) return;
   jt_finding finding = finding_of(JT_FINDING_SERVICE_UNKNOWN, names_[number].name);
   finding.candidates = JT_CANDIDATES_SERVICES;
   tell(finding);
@@ -208,14 +209,27 @@ void describe_expected(const Machine &machine, State state, jt_finding &finding,
 
 }  // namespace
 
-jt_range SourceDecoder::first_namesake() const {
+// The number of the element that has the first node of a name. What stands in for one that is not whole may have
+// none.
+std::size_t SourceDecoder::number_of_namesake() const {
   const std::int32_t bookmark = decoder_.first_of_name->bookmark;
   if (purpose_ == Purpose::kCheck) {
-    return names_[static_cast<std::size_t>(element_of_[static_cast<std::size_t>(bookmark)])].name;
+    const auto at = static_cast<std::size_t>(bookmark);
+    const bool is_known = at < element_of_.size() && element_of_[at] >= 0;
+    return is_known ? static_cast<std::size_t>(element_of_[at]) : kNothing;
   }
   std::size_t number = 0;
-  while (names_[number].bookmark != bookmark) ++number;
-  return names_[number].name;
+  while (number < names_.size() && names_[number].bookmark != bookmark) ++number;
+  return number < names_.size() ? number : kNothing;
+}
+
+void SourceDecoder::describe_taken_name(State state, jt_finding &finding) {
+  finding.code = JT_FINDING_NAME_DUPLICATE;
+  if (state != State::kAttributeName) finding.range = name_;
+  const std::size_t first = number_of_namesake();
+  if (first == kNothing) return;
+  finding.has_second = 1;
+  finding.second = names_[first].name;
 }
 
 // The text ends, or a service or its end begins, where a block or a status is still open.
@@ -321,10 +335,7 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   jt_finding finding = finding_of(JT_FINDING_SYNTAX_EXPECTED, range_of());
   finding.found_is_end = token.kind == TokenKind::kEndOfText ? 1 : 0;
   if (decoder_.trouble == Trouble::kNameTaken) {
-    finding.code = JT_FINDING_NAME_DUPLICATE;
-    if (state != State::kAttributeName) finding.range = name_;
-    finding.has_second = 1;
-    finding.second = first_namesake();
+    describe_taken_name(state, finding);
   } else if (decoder_.trouble == Trouble::kTooLong) {
     finding.code = JT_FINDING_SYNTAX_LENGTH;
   } else if (decoder_.trouble == Trouble::kBlockEnd) {
