@@ -87,6 +87,7 @@ class SourceDecoder {
     if (element != nullptr && element->bookmark < 0) remember_node_of(*element);
   }
   void settle() { is_settled_ = true; }
+  void forget_name() { name_ = {}; }  // the next node has none in the text
 
  private:
   // Tokens and elements (source.cpp).

@@ -227,7 +227,7 @@ void SourceDecoder::describe_taken_name(State state, jt_finding &finding) {
   finding.code = JT_FINDING_NAME_DUPLICATE;
   if (state != State::kAttributeName) finding.range = name_;
   const std::size_t first = number_of_namesake();
-  if (first == kNothing) return;
+  if (first == kNothing || names_[first].name.end == 0) return;
   finding.has_second = 1;
   finding.second = names_[first].name;
 }
@@ -356,10 +356,11 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   return finding;
 }
 
-// Nothing is said of what the scope of a block would decide, where that is not known; but a decode that fails
-// always has its finding.
+// Nothing is said of what the scope of a block would decide, where that is not known, nor of a name that nobody
+// wrote before; but a decode that fails always has its finding.
 bool SourceDecoder::is_worth_telling(const jt_finding &finding) const {
   if (!has_failed_) return true;
+  if (finding.code == JT_FINDING_NAME_DUPLICATE && finding.has_second == 0) return false;
   const bool asks_scope = finding.code == JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN ||
                           finding.code == JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE;
   const jt_node &block =
