@@ -24,6 +24,10 @@ class Lookahead {
     cursor_.end = cursor.end;
   }
 
+  // What was read last is not taken along: its buffer is large.
+  Lookahead(const Lookahead &other) : Lookahead(other.cursor_, other.cursor_.position) {}
+  Lookahead &operator=(const Lookahead &) = delete;
+
   Token next() {
     Token token = look_at_token(cursor_);
     while (token.kind == TokenKind::kComment) token = look_at_token(cursor_);
@@ -383,6 +387,7 @@ bool Recovery::on_service_head() {
   if (state_ == State::kServiceNamed && is_text && next == TokenKind::kCloseBracket) return passed(state_);
   if (state_ == State::kServiceType) decoder_.type = unknown_type();
   if (state_ != State::kServiceNamed) {
+    source_.forget_name();
     decoder_.kept = decoder_.type != unknown_type() ? view_of(decoder_.type->name) : std::string_view();
   }
   const bool is_closed = token_.kind == TokenKind::kCloseBracket;
