@@ -71,9 +71,11 @@ bool keeps_comments(const Decoder &decoder, State state) {
   return is_place && decoder.top->first_child == nullptr && !is_header(*decoder.top);
 }
 
-// Whether an element other than a value has been read whole, or read so far that only its status may follow.
+// Whether an element other than a value has been read whole, or so far that only its status may follow; or the
+// head of a block.
 bool settles(const Row &row) {
-  return may_have_ended(row.to) || (row.closes > 0 && row.opens != Opens::kValue);
+  const bool ends_head = row.to == State::kInInvocation || row.to == State::kInService;
+  return ends_head || may_have_ended(row.to) || (row.closes > 0 && row.opens != Opens::kValue);
 }
 
 const char *end_of_comment(const char *at, const char *end) {
@@ -221,7 +223,6 @@ bool SourceDecoder::failed(const Machine &machine, const Token &token, Outcome o
   tell_held(Opens::kNothing);
   if (ran_over_lines_) decoder_.cursor.has_comments = false;
   tell_gap(teller_.offset_of(decoder_.cursor.token_begin));
-  last_end_ = std::max(last_end_, finding.range.begin);
   if (is_worth_telling(finding)) tell(finding);
   begin_failure();
   is_settled_ = false;
@@ -232,6 +233,13 @@ bool SourceDecoder::failed(const Machine &machine, const Token &token, Outcome o
   if (purpose_ == Purpose::kDecode || !can_follow || ends()) return false;
   if (finding.code == JT_FINDING_STRING_OVER_LINES) return re_read_string(finding.range.end, state);
   return recover(decoder_, *this, token, state);
+}
+
+bool SourceDecoder::is_stuck_at(std::size_t offset) {
+  constexpr int kMostRepairs = 4;
+  repairs_ = offset == repaired_ ? repairs_ + 1 : 1;
+  repaired_ = offset;
+  return repairs_ > kMostRepairs;
 }
 
 void SourceDecoder::skip(const char *end) {

@@ -64,6 +64,9 @@ class SourceDecoder {
   Teller &teller() { return teller_; }
   std::size_t last_end() const { return last_end_; }
 
+  // Whether repairs have been tried at a place so often that none of them will do.
+  [[gnu::cold]] bool is_stuck_at(std::size_t offset);
+
   // Text up to there is passed over; of what stands in front of the last token the comments are told.
   [[gnu::cold]] void skip(const char *end);
   void tell_token(Role role, const Token &token) {
@@ -125,7 +128,7 @@ class SourceDecoder {
   [[gnu::cold]] void describe_wrong_token(const Machine &machine, const Token &token, State state,
                                           jt_finding &finding);
   [[gnu::cold]] void describe_end(const Token &token, State state, jt_finding &finding);
-  [[gnu::cold]] void describe_unclosed(jt_finding &finding);
+  [[gnu::cold]] void describe_unclosed(State state, jt_finding &finding);
   [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding);
   [[gnu::cold]] void describe_bad_string(jt_finding &finding);
   [[gnu::cold]] bool is_missing_before(const Token &token, State state, std::size_t begin) const;
@@ -147,6 +150,8 @@ class SourceDecoder {
   std::size_t last_end_ = 0;               // behind the last token
   std::size_t held_ = kNothing;            // the begin of a token that was held back
   std::size_t next_nul_ = kNothing;
+  std::size_t repaired_ = kNothing;  // where a repair was tried last,
+  int repairs_ = 0;                  // and how often there
   const jt_node *last_value_ = nullptr;
   bool comments_stay_ = true;    // those that stand before the next token
   bool has_failed_ = false;      // a decode has

@@ -87,9 +87,9 @@ void SourceDecoder::tell_trouble(jt_range range) {
   decoder_.trouble = Trouble::kNone;
   switch (trouble) {
     case Trouble::kOtherVersion:
-      return tell_code(JT_FINDING_HEADER_VERSION, range);
+      return header_goes_on(decoder_, 2) ? tell_code(JT_FINDING_HEADER_VERSION, range) : void();
     case Trouble::kOtherEncoding:
-      return tell_code(JT_FINDING_HEADER_ENCODING, range);
+      return header_goes_on(decoder_, 1) ? tell_code(JT_FINDING_HEADER_ENCODING, range) : void();
     case Trouble::kTextReplaced:
       return tell_code(JT_FINDING_STATUS_TEXT_LOST, previous_word_);
     case Trouble::kUnknownStatus: {
@@ -111,7 +111,8 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
     const char *const where = entry.where.data();
     jt_finding finding = finding_of(code.code, range);
     if (lies_in_text) {
-      finding.range = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
+      finding.range =
+          finding.found = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
     }
     finding.severity = entry.refused ? JT_SEVERITY_LOSS : code.severity_when_kept;
     finding.type = decoder_.top->type->name;
@@ -123,12 +124,14 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
   }
 }
 
+// In a statement that is wrong nothing is said of values.
 void SourceDecoder::tell_doubtful_value(const Token &token, jt_range range) {
   const bool kept = teller_.innermost()->bookmark >= 0;
   const bool explained = remarks_.count > 0 && remarks_.entries[remarks_.count - 1].refused;
   const bool quoted = decoder_.family != nullptr && decoder_.family->operations->quoted;
-  tell_remarks(token, range);
+  if (is_settled_) tell_remarks(token, range);
   remarks_.count = 0;
+  if (!is_settled_) return;
   const jt_node &attribute = *decoder_.top;
   const bool stands_in = !has_known_type(attribute) && attribute.unresolved_type_name == nullptr;
   if (!kept && !explained && !stands_in) tell_code(JT_FINDING_VALUE_DROPPED, range);
@@ -202,9 +205,11 @@ jt_range SourceDecoder::first_namesake() const {
 }
 
 // The text ends, or a service or its end begins, where a block or a status is still open.
-void SourceDecoder::describe_unclosed(jt_finding &finding) {
+// An element of which only the status may be missing is closed.
+void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   const OpenElement *block = nullptr;
-  for (std::size_t level = 0; level < teller_.depth(); ++level) {
+  const std::size_t closed = may_have_ended(state) ? 1 : 0;
+  for (std::size_t level = 0; level + closed < teller_.depth(); ++level) {
     const OpenElement &element = teller_.open_at(level);
     const bool is_block = element.kind == JT_SOURCE_SERVICE || element.kind == JT_SOURCE_INVOCATION;
     if ((is_block && element.bookmark >= 0) || element.kind == JT_SOURCE_STATUS) block = &element;
@@ -222,11 +227,12 @@ void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
   finding.scope = service_of_table(decoder_.scope);
 }
 
-// A mark is missing where only marks can follow, and where the next statement or line begins too early.
+// Nothing is missing in front of everything. A mark is missing where only marks can follow, and where the next statement or line begins too early.
 bool SourceDecoder::is_missing_before(const Token &token, State state, std::size_t begin) const {
   const bool mark_follows = state == State::kServiceNamed || state == State::kInvocationNamed ||
                             state == State::kAttributeNamed || state == State::kAfterValue;
   const std::string_view gap = teller_.text().substr(last_end_, begin - last_end_);
+  if (last_end_ == 0) return false;
   return mark_follows || token.kind == TokenKind::kEndOfText || token.kind == TokenKind::kEnd ||
          token.kind == TokenKind::kCloseBrace || gap.find_first_of("\r\n") != std::string_view::npos;
 }
@@ -246,11 +252,11 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
     finding.code = JT_FINDING_SERVICE_TYPE_UNKNOWN;
     finding.candidates = JT_CANDIDATES_SERVICES;
   } else if (ends_block && repair != Repair::kServices) {
-    describe_unclosed(finding);
+    describe_unclosed(state, finding);
   } else if (repair == Repair::kType && (is_word || token.kind == TokenKind::kOpenBrace)) {
     const char *const behind = decoder_.cursor.position;
     if (token.kind == TokenKind::kOpenBrace || begins_block(decoder_, behind)) {
-      describe_unclosed(finding);
+      describe_unclosed(state, finding);
       if (finding.code == JT_FINDING_SYNTAX_UNCLOSED) finding.range = {last_end_, last_end_};
     } else if (find_type_in_scope(decoder_.scope, token.text).type == nullptr) {
       describe_type(token, finding);
@@ -274,7 +280,7 @@ void SourceDecoder::describe_end(const Token &token, State state, jt_finding &fi
   if (state == State::kBetweenServices || state == State::kAfterService) {
     finding.code = JT_FINDING_END_MARKER;
   } else {
-    describe_unclosed(finding);
+    describe_unclosed(state, finding);
   }
 }
 

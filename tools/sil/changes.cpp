@@ -32,7 +32,9 @@ FileResult changed(const File &file, std::string after, const Arguments &argumen
     facts.path = file.path;
     facts.name = file.name;
     facts.stamp = file.stamp;
-    result.afterwards = [facts, text = std::move(after)](Output &output) { return replace(facts, text, output); };
+    result.afterwards = [facts, text = std::move(after)](Output &output) {
+      return replace(facts, text, output);
+    };
   }
   return result;
 }

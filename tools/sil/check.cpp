@@ -51,7 +51,8 @@ struct Sum {
 bool is_wanted(const SourceFinding &finding, const Wish &wish) {
   if (finding.severity == JT_SEVERITY_NOTE && !wish.wants_notes) return false;
   const bool may_be_ignored = finding.severity > (wish.is_strict ? JT_SEVERITY_LOSS : JT_SEVERITY_ERROR);
-  return !may_be_ignored || std::find(wish.ignored.begin(), wish.ignored.end(), finding.code) == wish.ignored.end();
+  return !may_be_ignored ||
+         std::find(wish.ignored.begin(), wish.ignored.end(), finding.code) == wish.ignored.end();
 }
 
 Colour colour_of(Part part) {
@@ -71,8 +72,8 @@ Colour colour_of(Part part) {
 }
 
 // The findings of a text, in the form that was asked for; each JSON object with a comma in front of it.
-std::string findings_of(const std::string &name, std::string_view text, const Wish &wish, const Output &output,
-                        Counts &counts) {
+std::string findings_of(const std::string &name, std::string_view text, const Wish &wish,
+                        const Output &output, Counts &counts) {
   const Document document = read_document(text);
   if (document.findings.empty() && text.find("sil:") == std::string_view::npos) return "";
   const Lines lines(text);
@@ -88,7 +89,8 @@ std::string findings_of(const std::string &name, std::string_view text, const Wi
     ++counts.of_severity[static_cast<std::size_t>(finding.severity)];
     if (wish.form == Form::kShort) found += in_short(name, finding);
     if (wish.form == Form::kJson) found += "," + as_json(name, finding);
-    if (wish.form == Form::kHuman) found += for_people(name, document, lines, finding, wish.is_redacted, paint);
+    if (wish.form == Form::kHuman)
+      found += for_people(name, document, lines, finding, wish.is_redacted, paint);
   }
   return found;
 }
@@ -99,7 +101,8 @@ void print_json(std::string &objects, Sum &sum) {
   sum.has_json = true;
 }
 
-FileResult check(const File &file, const Arguments &arguments, const Wish &wish, const Output &output, Sum &sum) {
+FileResult check(const File &file, const Arguments &arguments, const Wish &wish, const Output &output,
+                 Sum &sum) {
   Counts counts;
   FileResult result;
   std::string findings;
@@ -132,17 +135,19 @@ std::string counted(std::size_t count, std::string_view what, std::string_view e
   return std::to_string(count) + " " + std::string(what) + (count == 1 ? "" : std::string(ending));
 }
 
-std::string summary_of(const Sum &sum) {
+std::string summary_of(const Sum &sum, bool is_written) {
   std::string text;
   for (std::size_t i = 0; i < sum.counts.of_severity.size(); ++i) {
     const std::size_t count = sum.counts.of_severity[i];
     if (count == 0) continue;
     text += text.empty() ? "" : ", ";
-    text += counted(count, name_of_severity(static_cast<std::int32_t>(i)), i == JT_SEVERITY_LOSS ? "es" : "s");
+    text +=
+        counted(count, name_of_severity(static_cast<std::int32_t>(i)), i == JT_SEVERITY_LOSS ? "es" : "s");
   }
   if (text.empty()) text = "no findings";
   text += " in " + counted(sum.files, "file");
-  if (sum.counts.cures > 0) text += ", " + std::to_string(sum.counts.cures) + " cured";
+  if (sum.counts.cures > 0)
+    text += ", " + std::to_string(sum.counts.cures) + (is_written ? " cured" : " can be cured");
   return text + "\n";
 }
 
@@ -153,7 +158,8 @@ bool read_ignored(const Arguments &arguments, Wish &wish, Output &output) {
     wish.ignored.push_back(code_named(name));
     if (wish.ignored.back() >= 0) continue;
     std::vector<std::string> codes;
-    for (std::int32_t code = 0; jt_finding_name(code) != nullptr; ++code) codes.emplace_back(jt_finding_name(code));
+    for (std::int32_t code = 0; jt_finding_name(code) != nullptr; ++code)
+      codes.emplace_back(jt_finding_name(code));
     output.say("", "there is no finding \"" + name + "\"" + did_you_mean(nearest(name, codes)));
     return false;
   }
@@ -166,9 +172,8 @@ Form form_of(const Arguments &arguments) {
 }
 
 ExitStatus run_check(const Arguments &arguments, Output &output) {
-  Wish wish{arguments.has("--strict"), arguments.has("--notes"),
-            arguments.has("--redact"), form_of(arguments),
-            arguments.has("--fix") || arguments.has("--diff")};
+  Wish wish{arguments.has("--strict"), arguments.has("--notes"), arguments.has("--redact"),
+            form_of(arguments), arguments.has("--fix") || arguments.has("--diff")};
   const std::vector<std::string> &files = arguments.operands;
   wish.is_standard_output_taken =
       wish.fixes && (arguments.has("--diff") || std::find(files.begin(), files.end(), "-") != files.end());
@@ -178,7 +183,7 @@ ExitStatus run_check(const Arguments &arguments, Output &output) {
   const ExitStatus status = for_each_file(
       arguments, output, [&](const File &file) { return check(file, arguments, wish, output, sum); });
   std::string end;
-  if (wish.form == Form::kHuman) end = summary_of(sum);
+  if (wish.form == Form::kHuman) end = summary_of(sum, !arguments.has("--diff"));
   if (wish.form == Form::kJson) end = sum.has_json ? "\n]\n" : "[]\n";
   wish.is_standard_output_taken ? output.complain(end) : output.print(end);
   return status;
@@ -186,18 +191,18 @@ ExitStatus run_check(const Arguments &arguments, Output &output) {
 
 }  // namespace
 
-const Command kCheck = {"check",
-                        "FILE...",
-                        1,
-                        kAnyNumber,
-                        "tell everything that is wrong in files",
-                        "Errors, losses and warnings, and exit status 1 where there is one. A comment \"# sil: "
-                        "ignore CODE\" above, in or behind a statement hides what is found in it; errors cannot be "
-                        "hidden. sil explain CODE says more of one. --fix changes a file only where that leaves it "
-                        "with fewer findings and no new one. Of a folder, all *.sil below it are read.",
-                        kOptions,
-                        {{"sil check jobs", "all files of a folder"},
-                         {"sil check --format short job.sil", "for an editor"}},
-                        run_check};
+const Command kCheck = {
+    "check",
+    "FILE...",
+    1,
+    kAnyNumber,
+    "tell everything that is wrong in files",
+    "Errors, losses and warnings, and exit status 1 where there is one. A comment \"# sil: "
+    "ignore CODE\" above, in or behind a statement hides what is found in it; errors cannot be "
+    "hidden. sil explain CODE says more of one. --fix changes a file only where that leaves it "
+    "with fewer findings and no new one. Of a folder, all *.sil below it are read.",
+    kOptions,
+    {{"sil check jobs", "all files of a folder"}, {"sil check --format short job.sil", "for an editor"}},
+    run_check};
 
 }  // namespace sil

@@ -20,12 +20,14 @@ FileResult format(const File &file, const Arguments &arguments) {
   LaidOut laid_out = lay_out(document);
   if (laid_out.result == LaidOut::Result::kMisfit) {
     result.words = findings_in_short(file.name, document);
-    if (result.words.empty()) result.words = "sil: " + file.name + ": tokens are missing, so it is not laid out\n";
+    if (result.words.empty())
+      result.words = "sil: " + file.name + ": tokens are missing, so it is not laid out\n";
     result.status = kFindings;
     return result;
   }
   if (laid_out.result == LaidOut::Result::kFault) {
-    result.words = "sil: " + file.name + ": the layout would change tokens, which is a fault of sil; nothing is written\n";
+    result.words = "sil: " + file.name +
+                   ": the layout would change tokens, which is a fault of sil; nothing is written\n";
     result.status = kTrouble;
     return result;
   }
@@ -35,7 +37,8 @@ FileResult format(const File &file, const Arguments &arguments) {
     result.status = kFindings;
     return result;
   }
-  if (arguments.has("--write") || arguments.has("--diff")) return changed(file, std::move(laid_out.text), arguments);
+  if (arguments.has("--write") || arguments.has("--diff"))
+    return changed(file, std::move(laid_out.text), arguments);
   result.results = std::move(laid_out.text);
   return result;
 }
@@ -53,18 +56,19 @@ ExitStatus run_format(const Arguments &arguments, Output &output) {
 
 }  // namespace
 
-const Command kFormat = {"format",
-                         "FILE...",
-                         1,
-                         kAnyNumber,
-                         "lay files out in the one layout, losslessly",
-                         "To standard output, unless an option says otherwise. What has errors is laid out too as "
-                         "long as its tokens fit; else its findings are said. --check and --diff exit 1 where a "
-                         "file would change, and print nothing of one that would not. Of a folder, all *.sil "
-                         "below it are read.",
-                         kOptions,
-                         {{"sil format --write jobs", "lay all files of a folder out"},
-                          {"sil format --check jobs", "for a build that insists on it"}},
-                         run_format};
+const Command kFormat = {
+    "format",
+    "FILE...",
+    1,
+    kAnyNumber,
+    "lay files out in the one layout, losslessly",
+    "To standard output, unless an option says otherwise. What has errors is laid out too as "
+    "long as its tokens fit; else its findings are said. --check and --diff exit 1 where a "
+    "file would change, and print nothing of one that would not. Of a folder, all *.sil "
+    "below it are read.",
+    kOptions,
+    {{"sil format --write jobs", "lay all files of a folder out"},
+     {"sil format --check jobs", "for a build that insists on it"}},
+    run_format};
 
 }  // namespace sil

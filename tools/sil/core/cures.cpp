@@ -15,15 +15,17 @@ struct Cure {
 };
 
 bool begins_attribute(const Document &document, std::size_t offset) {
-  return std::any_of(document.elements.begin(), document.elements.end(), [offset](const SourceElement &element) {
-    return element.kind == JT_SOURCE_ATTRIBUTE && element.range.begin == offset;
-  });
+  return std::any_of(document.elements.begin(), document.elements.end(),
+                     [offset](const SourceElement &element) {
+                       return element.kind == JT_SOURCE_ATTRIBUTE && element.range.begin == offset;
+                     });
 }
 
 bool begins_service(const Document &document, std::size_t offset) {
-  return std::any_of(document.elements.begin(), document.elements.end(), [offset](const SourceElement &element) {
-    return element.kind == JT_SOURCE_SERVICE && element.range.begin == offset;
-  });
+  return std::any_of(document.elements.begin(), document.elements.end(),
+                     [offset](const SourceElement &element) {
+                       return element.kind == JT_SOURCE_SERVICE && element.range.begin == offset;
+                     });
 }
 
 bool has_comment_between(const Document &document, std::size_t begin, std::size_t end) {
@@ -33,7 +35,8 @@ bool has_comment_between(const Document &document, std::size_t begin, std::size_
 }
 
 bool is_missing_semicolon(const Document &document, const SourceFinding &finding) {
-  const bool is_missing = finding.code == JT_FINDING_SYNTAX_EXPECTED && finding.range.begin == finding.range.end &&
+  const bool is_missing = finding.code == JT_FINDING_SYNTAX_EXPECTED &&
+                          finding.range.begin == finding.range.end &&
                           finding.expected.find(';') != std::string::npos && !finding.found_is_end;
   return is_missing &&
          (begins_attribute(document, finding.found.begin) || begins_service(document, finding.found.begin)) &&
@@ -56,7 +59,8 @@ using Said = std::pair<std::int32_t, std::string>;
 std::vector<Said> said_of(std::string_view text, const std::vector<SourceFinding> &findings) {
   std::vector<Said> said;
   for (const SourceFinding &finding : findings)
-    said.emplace_back(finding.code, text.substr(finding.range.begin, finding.range.end - finding.range.begin));
+    said.emplace_back(finding.code,
+                      text.substr(finding.range.begin, finding.range.end - finding.range.begin));
   std::sort(said.begin(), said.end());
   return said;
 }

@@ -88,7 +88,8 @@ class Collector {
 
   static std::int32_t token(void *context, const jt_source_token *told) {
     Collector &self = from(context);
-    const std::uint32_t element = self.innermost_ == kNone ? ~0U : static_cast<std::uint32_t>(self.innermost_);
+    const std::uint32_t element =
+        self.innermost_ == kNowhere ? ~0U : static_cast<std::uint32_t>(self.innermost_);
     self.document_.tokens.push_back({told->range, told->role, element});
     return 0;
   }
@@ -99,7 +100,7 @@ class Collector {
   }
 
   Document &document_;
-  std::size_t innermost_ = kNone;
+  std::size_t innermost_ = kNowhere;
 };
 
 // Goes along the tokens of a document with those that it is told.

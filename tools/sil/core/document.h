@@ -15,7 +15,7 @@
 
 namespace sil {
 
-inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+inline constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 
 struct SourceToken {
   jt_range range{};
@@ -29,7 +29,7 @@ struct SourceToken {
 struct SourceElement {
   std::int32_t kind = 0;  // JT_SOURCE_...
   jt_range range{};
-  std::size_t parent = kNone;
+  std::size_t parent = kNowhere;
   std::size_t first_token = 0;
   std::size_t behind_last_token = 0;
   std::size_t behind_last_descendant = 0;  // the number of the next element that is not in this one

@@ -15,13 +15,14 @@ namespace {
 
 constexpr std::size_t kMostOfAWord = 60;
 
-// {word} is what stands at the range, {found} the token at which a decode stops, {expected} what may stand there.
+// {word} is what stands at the range, {value} the token that it is a piece of,
+// {found} the token at which a decode stops, {expected} what may stand there.
 constexpr std::array<std::string_view, JT_FINDING_IGNORE_UNUSED + 1> kMessages = {
     "expected {expected}{behind}, found {found}",
     "the {block} is not closed: expected {closing}{behind}, found {found}",
     "{string}",
     "the string is not closed on its line",
-    "too long, with {length} bytes: at most {most}",
+    "too long: at most {most}",
     "a NUL byte",
     "the text begins with a byte order mark",
     "{word} does not belong here; the header promises no such mark",
@@ -39,10 +40,10 @@ constexpr std::array<std::string_view, JT_FINDING_IGNORE_UNUSED + 1> kMessages =
     "the name {word} cannot be read back",
     "{word} is no {type} and is left out; expected {form}",
     "{word} is out of the range of {type}: {form}",
-    "{word} is too large, and becomes {nearest}",
+    "{value} is too large, and becomes {nearest}",
     "{word} is text behind the value, which is ignored",
     "there is no digit in {word}, which is read as 0",
-    "no calendar or clock has {word}",
+    "no calendar or clock has {value}",
     "{word} is no name that {scope} knows",
     "the value {word} cannot be read back",
     "{word} is no {type} and is left out; expected {form}",
@@ -79,8 +80,8 @@ struct Block {
   std::string_view name;
   std::string_view closing;
 };
-constexpr std::array kBlocks = {
-    Block{'[', "service", "end"}, Block{'{', "invocation", "}"}, Block{'(', "status", ")"}, Block{'<', "section", "<"}};
+constexpr std::array kBlocks = {Block{'[', "service", "end"}, Block{'{', "invocation", "}"},
+                                Block{'(', "status", ")"}, Block{'<', "section", "<"}};
 
 std::string in_ticks(std::string_view text) { return "`" + std::string(text) + "`"; }
 
@@ -126,8 +127,8 @@ std::string bad_string(std::string_view piece, std::string_view behind) {
 }
 
 std::string_view most_bytes_of(std::string_view piece) {
-  if (piece.starts_with('#')) return "1023 in a comment";
-  return "1023 in a name, 1024 in a value or a text";
+  if (piece.starts_with('#')) return "1023 bytes in a comment";
+  return "1023 bytes in a name, 1024 in a value or a text";
 }
 
 std::vector<std::string> candidates_of(std::int32_t kind, const std::string &scope) {
@@ -175,18 +176,18 @@ bool is_free_token(const Document &document, const SourceToken &token) {
 
 const SourceToken *Describer::token_at(std::size_t offset) const {
   const std::vector<SourceToken> &tokens = document_.tokens;
-  const auto behind = std::upper_bound(tokens.begin(), tokens.end(), offset, [](std::size_t at, const SourceToken &token) {
-    return at < token.range.begin;
-  });
+  const auto behind =
+      std::upper_bound(tokens.begin(), tokens.end(), offset,
+                       [](std::size_t at, const SourceToken &token) { return at < token.range.begin; });
   if (behind == tokens.begin() || std::prev(behind)->range.end <= offset) return nullptr;
   return &*std::prev(behind);
 }
 
 const SourceToken *Describer::token_before(std::size_t offset) const {
   const std::vector<SourceToken> &tokens = document_.tokens;
-  auto behind = std::upper_bound(tokens.begin(), tokens.end(), offset, [](std::size_t at, const SourceToken &token) {
-    return at < token.range.end;
-  });
+  auto behind =
+      std::upper_bound(tokens.begin(), tokens.end(), offset,
+                       [](std::size_t at, const SourceToken &token) { return at < token.range.end; });
   while (behind != tokens.begin() && std::prev(behind)->is_comment()) --behind;
   return behind == tokens.begin() ? nullptr : &*std::prev(behind);
 }
@@ -210,6 +211,12 @@ std::string Describer::found_in(const SourceFinding &told) const {
   return told.found_is_end || told.found.begin == told.found.end ? "the end of the text" : shown(told.found);
 }
 
+// What the range is a piece of.
+std::string_view Describer::whole_token(const SourceFinding &told) const {
+  const SourceToken *const token = token_at(told.range.begin);
+  return document_.piece(token == nullptr ? told.range : token->range);
+}
+
 std::string Describer::expectation_of(const SourceFinding &told) const {
   std::vector<std::string> parts;
   for (const std::string &mark : words_of(told.expected)) parts.push_back(in_ticks(mark));
@@ -229,11 +236,12 @@ std::string Describer::value_for(std::string_view key, const SourceFinding &told
   if (key == "form") return std::string(form_of(told.type));
   if (key == "scope") return told.scope.empty() ? "the built-in list" : in_ticks(told.scope);
   if (key == "others") return services_with(std::string(piece));
-  if (key == "length") return std::to_string(piece.size());
   if (key == "most") return std::string(most_bytes_of(piece));
-  if (key == "nearest") return piece.starts_with('-') ? "-2147483648" : "2147483647";
+  if (key == "nearest") return whole_token(told).starts_with('-') ? "-2147483648" : "2147483647";
+  if (key == "value") return in_ticks(printable(whole_token(told)));
   if (key == "string") return bad_string(piece, document_.text.substr(told.range.end));
-  if (key == "unused") return piece.starts_with('#') ? "this comment hides nothing" : shown(told.range) + " hides nothing";
+  if (key == "unused")
+    return piece.starts_with('#') ? "this comment hides nothing" : shown(told.range) + " hides nothing";
   if (key == "behind") {
     const SourceToken *const before = token_before(told.range.begin);
     if (told.range.begin != told.range.end || before == nullptr) return "";
@@ -241,13 +249,15 @@ std::string Describer::value_for(std::string_view key, const SourceFinding &told
   }
   if (key == "end") {
     if (piece.empty() && told.expected.empty()) return "the end marker `< /SIL >` is missing";
-    if (told.expected.empty() && told.expected_roles == 0) return "nothing may follow the end marker, found " + found_in(told);
+    if (told.expected.empty() && told.expected_roles == 0)
+      return "nothing may follow the end marker, found " + found_in(told);
     return "the end marker is `< /SIL >`: expected " + expectation_of(told) + ", found " + found_in(told);
   }
   const Block *const block = block_opened_by(told.second ? document_.piece(*told.second) : "");
   if (key == "block") return std::string(block->name);
   const std::vector<std::string> marks = words_of(told.expected);
-  const bool may_close = marks.empty() || std::find(marks.begin(), marks.end(), block->closing) != marks.end();
+  const bool may_close =
+      marks.empty() || std::find(marks.begin(), marks.end(), block->closing) != marks.end();
   return may_close ? in_ticks(block->closing) : expectation_of(told);
 }
 
@@ -283,7 +293,8 @@ Finding Describer::describe(const SourceFinding &told) {
   finding.severity = told.severity;
   finding.label = {told.range, lines_.position_of(told.range.begin), message_of(told)};
   finding.suggestions = suggestions_for(told);
-  if (told.second) finding.second = {*told.second, lines_.position_of(told.second->begin), label_of_second(told)};
+  if (told.second)
+    finding.second = {*told.second, lines_.position_of(told.second->begin), label_of_second(told)};
   return finding;
 }
 

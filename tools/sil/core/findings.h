@@ -47,6 +47,7 @@ class Describer {
   std::string expectation_of(const SourceFinding &told) const;
   std::string word_for(std::string_view piece, bool is_free) const;
   std::string shown(jt_range range) const;
+  std::string_view whole_token(const SourceFinding &told) const;
   std::string found_in(const SourceFinding &told) const;
   std::string value_for(std::string_view key, const SourceFinding &told) const;
   const std::vector<std::string> &suggestions_for(const SourceFinding &told);

@@ -109,7 +109,8 @@ class Layouter {
       return gap;
     }
     const bool is_form = token.role == JT_ROLE_MARKER && is_form_mark(token);
-    const bool is_behind_slash = before != nullptr && before->role == JT_ROLE_MARKER && !is_form_mark(*before);
+    const bool is_behind_slash =
+        before != nullptr && before->role == JT_ROLE_MARKER && !is_form_mark(*before);
     return joined(is_form && (is_header || is_behind_slash) ? Join::kTouch : Join::kBlank, 0);
   }
 
@@ -176,7 +177,7 @@ class Layouter {
   bool ends_service(const SourceToken &before, const SourceToken *token) const {
     if (!before.is_in_element()) return false;
     const SourceElement *element = &document_.elements[before.element];
-    if (element->kind == JT_SOURCE_STATUS && element->parent != kNone)
+    if (element->kind == JT_SOURCE_STATUS && element->parent != kNowhere)
       element = &document_.elements[element->parent];
     return element->kind == JT_SOURCE_SERVICE && (token == nullptr || !document_.has(*element, *token));
   }
@@ -184,7 +185,7 @@ class Layouter {
   // The kind of what holds the element that the token stands in.
   std::int32_t owner_of(const SourceToken &token) const {
     const std::size_t parent = document_.elements[token.element].parent;
-    return parent == kNone ? 0 : document_.elements[parent].kind;
+    return parent == kNowhere ? 0 : document_.elements[parent].kind;
   }
 
   bool is_form_mark(const SourceToken &token) const {

@@ -44,13 +44,14 @@ class Comparison {
         std::mismatch(before_.begin(), before_.end(), after_.begin(), after_.end()).first - before_.begin());
     std::size_t same_at_end = 0;
     const std::size_t shorter = std::min(before_.size(), after_.size());
-    while (same_at_end < shorter - begin_ && before_[before_.size() - 1 - same_at_end] ==
-                                                 after_[after_.size() - 1 - same_at_end])
+    while (same_at_end < shorter - begin_ &&
+           before_[before_.size() - 1 - same_at_end] == after_[after_.size() - 1 - same_at_end])
       ++same_at_end;
     width_ = static_cast<std::int64_t>(before_.size() - begin_ - same_at_end);
     height_ = static_cast<std::int64_t>(after_.size() - begin_ - same_at_end);
     if (width_ + height_ == 0) return {};
-    if (!go_forward()) return {{begin_, static_cast<std::size_t>(width_), begin_, static_cast<std::size_t>(height_)}};
+    if (!go_forward())
+      return {{begin_, static_cast<std::size_t>(width_), begin_, static_cast<std::size_t>(height_)}};
     return go_back();
   }
 
@@ -64,7 +65,8 @@ class Comparison {
     const auto most = std::min<std::int64_t>(width_ + height_, kMostChanges);
     std::vector<std::int64_t> reached(2 * static_cast<std::size_t>(most) + 3, 0);
     for (std::int64_t changes = 0; changes <= most; ++changes) {
-      history_.emplace_back(reached.begin() + (most + 1 - changes - 1), reached.begin() + (most + 1 + changes + 2));
+      history_.emplace_back(reached.begin() + (most + 1 - changes - 1),
+                            reached.begin() + (most + 1 + changes + 2));
       for (std::int64_t k = -changes; k <= changes; k += 2) {
         std::int64_t x = first_x(history_.back(), changes, k);
         while (x < width_ && x - k < height_ && x - k >= 0 && is_same(x, x - k)) ++x;
@@ -76,14 +78,19 @@ class Comparison {
   }
 
   // Where a diagonal is entered: from above, a line more, or from the left, a line less.
-  static std::int64_t first_x(const std::vector<std::int64_t> &reached, std::int64_t changes, std::int64_t k) {
+  static std::int64_t first_x(const std::vector<std::int64_t> &reached, std::int64_t changes,
+                              std::int64_t k) {
     if (changes == 0) return 0;
-    const auto at = [&](std::int64_t diagonal) { return reached[static_cast<std::size_t>(diagonal + changes + 1)]; };
+    const auto at = [&](std::int64_t diagonal) {
+      return reached[static_cast<std::size_t>(diagonal + changes + 1)];
+    };
     return is_from_above(reached, changes, k) ? at(k + 1) : at(k - 1) + 1;
   }
 
   static bool is_from_above(const std::vector<std::int64_t> &reached, std::int64_t changes, std::int64_t k) {
-    const auto at = [&](std::int64_t diagonal) { return reached[static_cast<std::size_t>(diagonal + changes + 1)]; };
+    const auto at = [&](std::int64_t diagonal) {
+      return reached[static_cast<std::size_t>(diagonal + changes + 1)];
+    };
     return k == -changes || (k != changes && at(k - 1) < at(k + 1));
   }
 
@@ -136,9 +143,11 @@ class Printer {
     for (std::size_t i = 0; i < changes.size();) {
       std::size_t behind = i + 1;
       while (behind < changes.size() &&
-             changes[behind].before - (changes[behind - 1].before + changes[behind - 1].before_count) <= 2 * kAround)
+             changes[behind].before - (changes[behind - 1].before + changes[behind - 1].before_count) <=
+                 2 * kAround)
         ++behind;
-      print_hunk({changes.begin() + static_cast<std::ptrdiff_t>(i), changes.begin() + static_cast<std::ptrdiff_t>(behind)});
+      print_hunk({changes.begin() + static_cast<std::ptrdiff_t>(i),
+                  changes.begin() + static_cast<std::ptrdiff_t>(behind)});
       i = behind;
     }
     return std::move(out_);
@@ -192,7 +201,9 @@ std::string with_line_feeds(std::string_view text, LineEnds &ends) {
   std::string result;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const bool is_crlf = text.substr(i, 2) == "\r\n";
-    (is_crlf ? ends.has_crlf : text[i] == '\r' ? ends.has_cr : ends.has_lf) |= text[i] == '\r' || text[i] == '\n';
+    (is_crlf           ? ends.has_crlf
+     : text[i] == '\r' ? ends.has_cr
+                       : ends.has_lf) |= text[i] == '\r' || text[i] == '\n';
     result += text[i] == '\r' ? '\n' : text[i];
     if (is_crlf) ++i;
   }

@@ -26,7 +26,10 @@ Part part_of(std::int32_t severity) {
 class Excerpt {
  public:
   Excerpt(const Document &document, const Lines &lines, const Label &label, bool is_redacted)
-      : document_(document), label_(label), line_(lines.range_of_line(label.at.line)), is_redacted_(is_redacted) {
+      : document_(document),
+        label_(label),
+        line_(lines.range_of_line(label.at.line)),
+        is_redacted_(is_redacted) {
     choose_window();
     for (std::size_t at = begin_; at < end_; ++at) add(at);
     if (end_ < line_.end) shown_ += kCut;
@@ -46,7 +49,8 @@ class Excerpt {
     begin_ = line_.begin;
     end_ = line_.end;
     if (end_ - begin_ <= kWidth) return;
-    begin_ = std::max(begin_, std::min(label_.range.begin - std::min(label_.range.begin, kLead), end_ - kWidth));
+    begin_ =
+        std::max(begin_, std::min(label_.range.begin - std::min(label_.range.begin, kLead), end_ - kWidth));
     while (begin_ > line_.begin && continues_letter(document_.text[begin_])) --begin_;
     end_ = std::min(begin_ + kWidth, end_);
     while (end_ < line_.end && continues_letter(document_.text[end_])) ++end_;
@@ -57,7 +61,8 @@ class Excerpt {
 
   void add(std::size_t at) {
     const char c = document_.text[at];
-    const bool is_marked = at >= label_.range.begin && at < std::max(label_.range.end, label_.range.begin + 1);
+    const bool is_marked =
+        at >= label_.range.begin && at < std::max(label_.range.end, label_.range.begin + 1);
     const std::string piece = is_hidden(at) ? std::string(1, kHidden) : c == '\t' ? " " : printable({&c, 1});
     shown_ += piece;
     if (continues_letter(c) && !is_hidden(at)) return;
@@ -69,9 +74,9 @@ class Excerpt {
   bool is_hidden(std::size_t at) {
     if (!is_redacted_ || document_.text[at] == ' ' || document_.text[at] == '\t') return false;
     const std::vector<SourceToken> &tokens = document_.tokens;
-    const auto behind =
-        std::upper_bound(tokens.begin(), tokens.end(), at,
-                         [](std::size_t offset, const SourceToken &token) { return offset < token.range.begin; });
+    const auto behind = std::upper_bound(
+        tokens.begin(), tokens.end(), at,
+        [](std::size_t offset, const SourceToken &token) { return offset < token.range.begin; });
     if (behind == tokens.begin() || std::prev(behind)->range.end <= at) return true;
     return is_free_token(document_, *std::prev(behind));
   }
@@ -104,8 +109,8 @@ void write_label(JsonWriter &json, const Label &label) {
 
 }  // namespace
 
-std::string for_people(std::string_view file, const Document &document, const Lines &lines, const Finding &finding,
-                       bool is_redacted, const PaintPart &paint) {
+std::string for_people(std::string_view file, const Document &document, const Lines &lines,
+                       const Finding &finding, bool is_redacted, const PaintPart &paint) {
   const Part part = part_of(finding.severity);
   std::string text = paint(Part::kPlace, place_of(file, finding.label)) + ": ";
   text += paint(part, name_of_severity(finding.severity)) + ": " + finding.label.text;
@@ -113,7 +118,8 @@ std::string for_people(std::string_view file, const Document &document, const Li
   text += Excerpt(document, lines, finding.label, is_redacted).run(paint, part) + "\n";
   const std::string meant = did_you_mean(finding.suggestions);
   const std::string margin(kNumberWidth + 1, ' ');
-  if (!meant.empty()) text += margin + paint(Part::kHelp, "= " + meant.substr(meant.find_first_not_of("; "))) + "\n";
+  if (!meant.empty())
+    text += margin + paint(Part::kHelp, "= " + meant.substr(meant.find_first_not_of("; "))) + "\n";
   if (!finding.second) return text;
   text += Excerpt(document, lines, *finding.second, is_redacted).run(paint, Part::kNote);
   return text + " " + finding.second->text + "\n";

@@ -16,8 +16,8 @@ enum class Part { kError, kWarning, kNote, kPlace, kHelp };
 using PaintPart = std::function<std::string(Part, std::string_view)>;
 
 /// The message, the line with a caret under the range, what may have been meant, the second place.
-std::string for_people(std::string_view file, const Document &document, const Lines &lines, const Finding &finding,
-                       bool is_redacted, const PaintPart &paint);
+std::string for_people(std::string_view file, const Document &document, const Lines &lines,
+                       const Finding &finding, bool is_redacted, const PaintPart &paint);
 
 /// An object on lines of its own, without a line feed behind it.
 std::string as_json(std::string_view file, const Finding &finding);

@@ -60,9 +60,9 @@ class Reader {
     std::size_t next = comment;
     while (next < tokens.size() && tokens[next].is_comment()) ++next;
     // Of several comments only the first can stand behind a token.
-    const bool is_behind = before == comment && before > 0 &&
-                           count_line_ends(document_.piece(tokens[before - 1].range.end,
-                                                           tokens[comment].range.begin)) == 0;
+    const bool is_behind =
+        before == comment && before > 0 &&
+        count_line_ends(document_.piece(tokens[before - 1].range.end, tokens[comment].range.begin)) == 0;
     if (is_behind) return statement_behind(tokens[before - 1]);
     const SourceElement *const inside = statement_around(tokens[comment]);
     if (inside != nullptr && inside->kind == JT_SOURCE_ATTRIBUTE) return inside->range;
@@ -80,7 +80,8 @@ class Reader {
   const SourceElement *statement_around(const SourceToken &token) const {
     if (!token.is_in_element()) return nullptr;
     const SourceElement *element = &document_.elements[token.element];
-    while (!is_statement(*element) && element->parent != kNone) element = &document_.elements[element->parent];
+    while (!is_statement(*element) && element->parent != kNowhere)
+      element = &document_.elements[element->parent];
     return is_statement(*element) ? element : nullptr;
   }
 
