@@ -4,13 +4,7 @@
 # may be moved.
 include(CMakePackageConfigHelpers)
 
-set(jt_usual jt::static)
-set(jt_libraries jt_static jt_cpp)
-if(TARGET jt_shared)
-  set(jt_usual jt::shared)
-  list(APPEND jt_libraries jt_shared)
-endif()
-install(TARGETS ${jt_libraries} EXPORT jt_targets
+install(TARGETS ${jt_libraries} jt_cpp EXPORT jt_targets
         ARCHIVE COMPONENT development
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ TYPE INCLUDE COMPONENT development)
@@ -24,6 +18,7 @@ if(JT_BUILD_PROGRAMS OR JT_BUILD_TESTS)
 endif()
 
 # For find_package().
+string(REPLACE "jt_" "jt::" jt_usual ${jt_usual})
 set(cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/jt)
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/jt-config.cmake.in ${PROJECT_BINARY_DIR}/jt-config.cmake

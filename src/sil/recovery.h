@@ -19,6 +19,10 @@ class SourceDecoder;
 // statement are followed by another mistake.
 [[gnu::cold]] bool runs_into_error(const Decoder &decoder);
 
+// Whether so many words stand between the cursor and the end of a header. Where not, the version or encoding that
+// was read is none.
+[[gnu::cold]] bool header_goes_on(const Decoder &decoder, int words);
+
 // Whether all open blocks end with a token, behind which the cursor stands: with the text, the end of a service,
 // the next one, or marks.
 [[gnu::cold]] bool ends_block_with(const Decoder &decoder, const Token &token);

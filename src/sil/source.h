@@ -11,6 +11,7 @@
 #include "base/error_store.h"
 #include "base/growing_array.h"
 #include "sil/engine.h"
+#include "sil/findings.h"
 #include "sil/teller.h"
 #include "types/remarks.h"
 
@@ -34,9 +35,6 @@ struct RemarkList : Remarks {
   std::array<Entry, 16> entries;
   std::size_t count = 0;
 };
-
-// A finding of a code, with the code's usual severity.
-jt_finding finding_of(std::int32_t code, jt_range range);
 
 class SourceDecoder {
  public:
@@ -65,6 +63,9 @@ class SourceDecoder {
 
   Teller &teller() { return teller_; }
   std::size_t last_end() const { return last_end_; }
+
+  // Whether repairs have been tried at a place so often that none of them will do.
+  [[gnu::cold]] bool is_stuck_at(std::size_t offset);
 
   // Text up to there is passed over; of what stands in front of the last token the comments are told.
   [[gnu::cold]] void skip(const char *end);
@@ -103,8 +104,10 @@ class SourceDecoder {
   [[gnu::cold]] void tell_handles();
   [[gnu::noinline]] void shorten_string();
   [[gnu::cold]] bool re_read_string(std::size_t line_end, State &state);
+  [[gnu::cold]] std::int32_t report_no_memory();
   [[gnu::cold]] void begin_failure();
   [[gnu::cold]] bool is_within_limits();
+  jt_node *decode();
   bool ends() const { return is_refused_ || !teller_.goes_on(); }
 
   // Findings (source_findings.cpp).
@@ -140,13 +143,15 @@ class SourceDecoder {
   ErrorStore *reports_behind_error_ = nullptr;
   RemarkList remarks_;
   GrowingArray<NamedPlace> names_;         // by the element's number
-  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check
+  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check; not of its limits
   jt_range name_{};                        // the last token that was a name
   jt_range last_string_{};                 // that ran over lines
   jt_range previous_word_{};               // the last word behind a status
   std::size_t last_end_ = 0;               // behind the last token
   std::size_t held_ = kNothing;            // the begin of a token that was held back
   std::size_t next_nul_ = kNothing;
+  std::size_t repaired_ = kNothing;  // where a repair was tried last,
+  int repairs_ = 0;                  // and how often there
   const jt_node *last_value_ = nullptr;
   bool comments_stay_ = true;    // those that stand before the next token
   bool has_failed_ = false;      // a decode has

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/error_store.h"
-#include "sil/findings.h"
+#include "sil/read_back.h"
 #include "sil/recovery.h"
 #include "sil/source.h"
 #include "types/type_tables.h"
@@ -58,12 +58,6 @@ bool is_type_of_a_service(std::string_view name) {
   });
 }
 
-// Words that mean something else when they stand without their quotes.
-bool is_bare_word(std::string_view text) {
-  const char *const end = text.data() + text.size();
-  return !text.empty() && end_of_run(text.data(), end, kWordBytes) == end && !same_name(text, "end");
-}
-
 // A text that is written without quotes is read back as the same, unless it is empty or ends a service. What
 // a reference without a name and a qualifier is written as is empty.
 bool reads_back_bare(std::string_view text) {
@@ -71,14 +65,6 @@ bool reads_back_bare(std::string_view text) {
 }
 
 }  // namespace
-
-jt_finding finding_of(std::int32_t code, jt_range range) {
-  jt_finding finding{};
-  finding.code = code;
-  finding.severity = facts_of_code(code).severity;
-  finding.range = finding.found = range;
-  return finding;
-}
 
 // ---- What is found in tokens that are accepted ------------------------------------------------------------
 
@@ -101,9 +87,9 @@ void SourceDecoder::tell_trouble(jt_range range) {
   decoder_.trouble = Trouble::kNone;
   switch (trouble) {
     case Trouble::kOtherVersion:
-      return tell_code(JT_FINDING_HEADER_VERSION, range);
+      return header_goes_on(decoder_, 2) ? tell_code(JT_FINDING_HEADER_VERSION, range) : void();
     case Trouble::kOtherEncoding:
-      return tell_code(JT_FINDING_HEADER_ENCODING, range);
+      return header_goes_on(decoder_, 1) ? tell_code(JT_FINDING_HEADER_ENCODING, range) : void();
     case Trouble::kTextReplaced:
       return tell_code(JT_FINDING_STATUS_TEXT_LOST, previous_word_);
     case Trouble::kUnknownStatus: {
@@ -125,7 +111,8 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
     const char *const where = entry.where.data();
     jt_finding finding = finding_of(code.code, range);
     if (lies_in_text) {
-      finding.range = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
+      finding.range =
+          finding.found = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
     }
     finding.severity = entry.refused ? JT_SEVERITY_LOSS : code.severity_when_kept;
     finding.type = decoder_.top->type->name;
@@ -137,12 +124,14 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
   }
 }
 
+// In a statement that is wrong nothing is said of values.
 void SourceDecoder::tell_doubtful_value(const Token &token, jt_range range) {
   const bool kept = teller_.innermost()->bookmark >= 0;
   const bool explained = remarks_.count > 0 && remarks_.entries[remarks_.count - 1].refused;
   const bool quoted = decoder_.family != nullptr && decoder_.family->operations->quoted;
-  tell_remarks(token, range);
+  if (is_settled_) tell_remarks(token, range);
   remarks_.count = 0;
+  if (!is_settled_) return;
   const jt_node &attribute = *decoder_.top;
   const bool stands_in = !has_known_type(attribute) && attribute.unresolved_type_name == nullptr;
   if (!kept && !explained && !stands_in) tell_code(JT_FINDING_VALUE_DROPPED, range);
@@ -151,7 +140,7 @@ void SourceDecoder::tell_doubtful_value(const Token &token, jt_range range) {
 
 // Statuses and their texts are written without the quotes that they were read with.
 void SourceDecoder::tell_status(Role role, const Token &token, jt_range range) {
-  if (token.kind == TokenKind::kString && !is_bare_word(token.text))
+  if (token.kind == TokenKind::kString && kind_written(token.text) != TokenKind::kWord)
     tell_code(JT_FINDING_STATUS_UNSAFE, range);
   if (role == Role::kStatusText) previous_word_ = range;
 }
@@ -238,11 +227,12 @@ void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
   finding.scope = service_of_table(decoder_.scope);
 }
 
-// A mark is missing where only marks can follow, and where the next statement or line begins too early.
+// Nothing is missing in front of everything. A mark is missing where only marks can follow, and where the next statement or line begins too early.
 bool SourceDecoder::is_missing_before(const Token &token, State state, std::size_t begin) const {
   const bool mark_follows = state == State::kServiceNamed || state == State::kInvocationNamed ||
                             state == State::kAttributeNamed || state == State::kAfterValue;
   const std::string_view gap = teller_.text().substr(last_end_, begin - last_end_);
+  if (last_end_ == 0) return false;
   return mark_follows || token.kind == TokenKind::kEndOfText || token.kind == TokenKind::kEnd ||
          token.kind == TokenKind::kCloseBrace || gap.find_first_of("\r\n") != std::string_view::npos;
 }
@@ -322,7 +312,7 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   } else if (decoder_.trouble == Trouble::kBlockEnd) {
     describe_end(token, state, finding);
   } else if (outcome == Outcome::kStopped || token.kind == TokenKind::kComment) {
-    finding.code = JT_FINDING_MEMORY;
+    finding.code = report_no_memory();
   } else if (ran_over_lines_) {
     finding.code = JT_FINDING_STRING_OVER_LINES;
     finding.range = last_string_;

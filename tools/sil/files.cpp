@@ -116,6 +116,17 @@ class Works {
     for (std::size_t i = 0; i < threads; ++i) threads_.emplace_back([this] { run(); });
   }
 
+  Works(const Works &) = delete;
+  Works &operator=(const Works &) = delete;
+  ~Works() {
+    {
+      const std::lock_guard lock(mutex_);
+      next_ = files_.size();
+    }
+    may_go_on_.notify_all();
+    for (std::thread &thread : threads_) thread.join();
+  }
+
   // Waits for the result of a file, and says how far it is.
   FileResult take(std::size_t number, Progress &progress) {
     std::unique_lock lock(mutex_);
@@ -164,7 +175,7 @@ class Works {
   std::map<std::size_t, FileResult> results_;
   std::size_t next_ = 0;
   std::size_t taken_ = 0;
-  std::vector<std::jthread> threads_;  // the last member: the threads end before what they use goes
+  std::vector<std::thread> threads_;
 };
 
 }  // namespace

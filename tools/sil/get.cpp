@@ -22,9 +22,11 @@ MaybeText aspect_of(const T &element, Aspect aspect) {
   const MaybeStatus &status = element.status;
   switch (aspect) {
     case Aspect::kStatus:
-      return status ? MaybeText(status->name) : std::nullopt;
+      if (status) return status->name;
+      return {};
     case Aspect::kStatusText:
-      return status ? status->text : std::nullopt;
+      if (status) return status->text;
+      return {};
     default:
       return comment_lines(element.comment);
   }
@@ -82,7 +84,7 @@ class Printer {
   }
 
   void add(const Attribute &attribute, const Value &value) {
-    is_json_ ? write_value(json_, attribute, value) : print(text_of_value(value));
+    is_json_ ? write_value(json_, attribute, value) : print(value.written);
   }
 
   void end() {
@@ -112,6 +114,14 @@ bool add_values(const Model &model, const Place &place, Printer &printer) {
   return true;
 }
 
+ExitStatus has_no_values(const std::string &file, const std::string &path, bool is_invocation,
+                         Output &output) {
+  std::string sentence = path;
+  sentence.append(" has no values itself; those in it are at '").append(path);
+  output.say(file, sentence.append(is_invocation ? "/*'" : "/*/*'"));
+  return kFindings;
+}
+
 ExitStatus run_get(const Arguments &arguments, Output &output) {
   const ReadTemplate read = read_template(arguments.operands[0], arguments, output);
   if (!read.model) return read.status;
@@ -127,10 +137,7 @@ ExitStatus run_get(const Arguments &arguments, Output &output) {
     if (aspect != Aspect::kNone) {
       printer.add(aspect_at(*read.model, place, aspect), aspect == Aspect::kCompulsory);
     } else if (!add_values(*read.model, place, printer)) {
-      const std::string path = path_of(*read.model, place);
-      output.say(read.name, path + " has no values itself; those in it are at '" + path +
-                                (place.invocation ? "/*'" : "/*/*'"));
-      return kFindings;
+      return has_no_values(read.name, path_of(*read.model, place), place.invocation.has_value(), output);
     }
   }
   printer.end();

@@ -16,7 +16,7 @@ constexpr Option kFromJsonOptions[] = {
 };
 
 ExitStatus run_json(const Arguments &arguments, Output &output) {
-  ReadTemplate read = read_template(arguments.operands[0], arguments, output);
+  ReadTemplate read = read_template(arguments.operands[0], arguments, output, Losses::kAll);
   if (!read.model) return read.status;
   if (arguments.has("--redact")) redact(*read.model);
   output.print(to_json(*read.model));

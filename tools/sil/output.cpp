@@ -70,11 +70,10 @@ bool Output::flush() {
 }
 
 std::string Output::in(Colour colour, std::string_view text) const {
-  std::string result(text);
+  std::string result;
   for (const Code &row : kCodes)
-    if (has_colour_ && row.colour == colour)
-      result = "\x1b[" + std::string(row.code) + "m" + result + "\x1b[0m";
-  return result;
+    if (has_colour_ && row.colour == colour) result.append("\x1b[").append(row.code).append("m");
+  return result.append(text).append(has_colour_ ? "\x1b[0m" : "");
 }
 
 bool write_all(int file, std::string_view bytes) {

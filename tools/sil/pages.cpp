@@ -38,6 +38,12 @@ folders are not entered, but a file that is named is always read.
 Files are read side by side; results come in the files' order.
 On a terminal a line says how far it is when that takes longer than a second.
 .Pp
+A file that does not decode is said with the place of its first error.
+What reads values also says which of them are not what was written, and then
+exits with 1;
+.Nm Cm json
+says every loss.
+.Pp
 Control characters in what a file holds are shown as
 .Ql \ex1b ,
 so that no file can steer a terminal.

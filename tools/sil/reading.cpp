@@ -8,15 +8,24 @@
 
 namespace sil {
 
-std::string words_about(const std::string &name, const Loaded &loaded) {
-  if (loaded.model && !loaded.has_losses) return "";
-  std::string message = "the text is cut off";
-  for (const std::string &each : loaded.messages)
-    if (!each.starts_with("WARNING:")) message = printable(each);
-  return "sil: " + name + ": " + message + "\n";
+std::string words_about(const std::string &name, const Loaded &loaded, Losses losses) {
+  std::string words;
+  for (const Fault &fault : loaded.faults) {
+    const bool is_said =
+        fault.severity == Severity::kError || losses == Losses::kAll || fault.code.starts_with("value-");
+    if (!is_said) continue;
+    const FindingPage *const page = find_page(fault.code);
+    const std::string_view meaning = page != nullptr ? page->meaning : "";
+    std::string sentence(meaning.substr(0, meaning.find_first_of(".:")));
+    std::replace(sentence.begin(), sentence.end(), '\n', ' ');
+    words += printable(name) + ":" + std::to_string(fault.line) + ":" + std::to_string(fault.column) + ": " +
+             std::string(name_of(fault.severity)) + ": " + sentence + " [" + fault.code + "]\n";
+  }
+  return words.empty() && !loaded.model ? "sil: " + name + ": the text cannot be read\n" : words;
 }
 
-ReadTemplate read_template(const std::string &path, const Arguments &arguments, Output &output) {
+ReadTemplate read_template(const std::string &path, const Arguments &arguments, Output &output,
+                           Losses losses) {
   ReadTemplate read;
   const File file = read_file(path, arguments);
   read.name = file.name;
@@ -26,7 +35,7 @@ ReadTemplate read_template(const std::string &path, const Arguments &arguments, 
     return read;
   }
   Loaded loaded = load(file.text);
-  const std::string words = words_about(file.name, loaded);
+  const std::string words = words_about(file.name, loaded, losses);
   if (!words.empty()) output.complain(words);
   read.status = words.empty() ? kFine : kFindings;
   read.model = std::move(loaded.model);

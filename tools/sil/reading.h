@@ -10,6 +10,9 @@
 
 namespace sil {
 
+/// Which losses a command tells of: who reads values wants to know of those that are not what was written.
+enum class Losses { kOfValues, kAll };
+
 struct ReadTemplate {
   std::optional<Model> model;
   std::string name;           // of the file, as it is said
@@ -17,7 +20,8 @@ struct ReadTemplate {
 };
 
 /// Reads and decodes a file. What stops that, and what the decode dropped, is said on standard error.
-ReadTemplate read_template(const std::string &path, const Arguments &arguments, Output &output);
+ReadTemplate read_template(const std::string &path, const Arguments &arguments, Output &output,
+                           Losses losses = Losses::kOfValues);
 
 /// What a path names in a template; a path that is wrong or names nothing is said, and gives none.
 struct Resolved {
@@ -27,8 +31,8 @@ struct Resolved {
 };
 Resolved resolve_path(const std::string &text, const ReadTemplate &read, Output &output);
 
-/// The messages of a decode on one line each, the file in front.
-std::string words_about(const std::string &name, const Loaded &loaded);
+/// The faults of a text, a line each: `FILE:LINE:COLUMN: SEVERITY: MEANING [CODE]`.
+std::string words_about(const std::string &name, const Loaded &loaded, Losses losses);
 
 }  // namespace sil
 

@@ -71,7 +71,7 @@ void write_counts(JsonWriter &json, const Counts &counts) {
 // The counts of all files, and the reports themselves where they are printed together at the end.
 class Summary {
  public:
-  void add(Report report, const Output &output, bool is_json) {
+  void add(const Report &report, const Output &output, bool is_json) {
     ++files_;
     const Counts counts = count(report.entries);
     for (std::size_t i = 0; i < kOutcomes; ++i) total_[i] += counts[i];
@@ -141,7 +141,7 @@ ExitStatus run_report(const Arguments &arguments, Output &output) {
   const ExitStatus status = for_each_file(arguments, output, [&summary, is_json](const File &file) {
     FileResult result;
     const Loaded loaded = load(file.text);
-    result.words = words_about(file.name, loaded);
+    result.words = words_about(file.name, loaded, Losses::kOfValues);
     result.status = result.words.empty() ? kFine : kFindings;
     if (!loaded.model) return result;
     result.afterwards = [&summary, is_json,

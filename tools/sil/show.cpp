@@ -8,6 +8,7 @@ namespace {
 
 constexpr Option kOptions[] = {
     {"--paths", "", "", "", "each value as PATH=VALUE, quoted for a shell"},
+    {"--read", "", "", "", "behind each value what the device keeps, if another"},
     {"--redact", "", "", "", "REDACTED in place of texts, comments, identifier"},
     {"--stdin-name", "", "NAME", "", "what standard input is called in messages"},
 };
@@ -32,17 +33,19 @@ ExitStatus run_show(const Arguments &arguments, Output &output) {
   ReadTemplate read = read_template(arguments.operands[0], arguments, output);
   if (!read.model) return read.status;
   if (arguments.has("--redact")) redact(*read.model);
+  const bool shows_kept = arguments.has("--read");
   const bool wants_paths = arguments.has("--paths");
   const Painter paint = [&output](Piece piece, std::string_view text) {
     return output.in(colour_of(piece), text);
   };
   if (arguments.operands.size() == 1) {
-    output.print(wants_paths ? values_with_paths(*read.model) : outline(*read.model, paint));
+    output.print(wants_paths ? values_with_paths(*read.model) : outline(*read.model, paint, shows_kept));
     return read.status;
   }
   const Resolved resolved = resolve_path(arguments.operands[1], read, output);
   for (const Place &place : resolved.places)
-    output.print(wants_paths ? values_with_paths(*read.model, place) : outline(*read.model, place, paint));
+    output.print(wants_paths ? values_with_paths(*read.model, place)
+                             : outline(*read.model, place, paint, shows_kept));
   return worse(read.status, resolved.status);
 }
 

@@ -23,7 +23,7 @@ std::string summary_of(const Invocation & /*invocation*/) { return ""; }
 std::string summary_of(const Attribute &attribute) {
   std::string text;
   for (const Value &value : attribute.values)
-    text += (text.empty() ? "" : ", ") + shown_value(attribute, value);
+    text += (text.empty() ? "" : ", ") + shown_value(attribute, text_of_value(value));
   return text;
 }
 
@@ -131,8 +131,8 @@ class Comparison {
     const Value *const before = number < a.values.size() ? &a.values[number] : nullptr;
     const Value *const after = number < b.values.size() ? &b.values[number] : nullptr;
     if (before != nullptr && after != nullptr && before->text == after->text) return;
-    add(path, before != nullptr ? MaybeText(shown_value(a, *before)) : std::nullopt,
-        after != nullptr ? MaybeText(shown_value(b, *after)) : std::nullopt);
+    add(path, before != nullptr ? MaybeText(shown_value(a, text_of_value(*before))) : std::nullopt,
+        after != nullptr ? MaybeText(shown_value(b, text_of_value(*after))) : std::nullopt);
   }
 
   void compare_types(const std::string &path, const std::string &a, const std::string &b) {

@@ -27,6 +27,9 @@ using Kind = JsonValue::Kind;
 
 class Reader;
 
+Value value_of(std::string text) { return {std::move(text), "", {}}; }
+Value real_of(float number) { return {"", "", number}; }
+
 template <typename T>
 struct Member {
   std::string_view name;
@@ -128,7 +131,7 @@ void Reader::read_all(const JsonValue &json, const std::string &at,
                       std::vector<T> &into) {
   if (json.kind != Kind::kArray) return find(at, "an array is needed here");
   for (std::size_t i = 0; i < json.members.size(); ++i)
-    (this->*read)(json.members[i].second, pointer_to(at, std::to_string(i)), into.emplace_back());
+    (this->*read)(json.members[i].value, pointer_to(at, std::to_string(i)), into.emplace_back());
   check_names(into, at);
 }
 
@@ -227,12 +230,12 @@ void Reader::check_forms(const Model &model) {
   const std::string form = model.header ? model.header->form : "";
   const bool may_have_section = form == "?" || form == "!";
   if (model.section && !may_have_section)
-    find("/section", "only a header of the form \"?\" or \"!\" has a section");
-  if (form == "!" && !model.section) find("", "a header of the form \"!\" needs a section");
+    find("/section", R"(only a header of the form "?" or "!" has a section)");
+  if (form == "!" && !model.section) find("", R"(a header of the form "!" needs a section)");
   if (form == "!" && !model.services.empty())
-    find("/services", "a header of the form \"!\" has services in its section only");
+    find("/services", R"(a header of the form "!" has services in its section only)");
   if (form == "?" && !model.section && model.services.empty())
-    find("", "a header of the form \"?\" needs a section or services");
+    find("", R"(a header of the form "?" needs a section or services)");
   if (!model.header && model.services.empty()) find("", "a header or a service is needed");
 }
 
@@ -286,7 +289,7 @@ void Reader::values(const JsonValue &json, const std::string &at, Attribute &att
   if (type == nullptr) return;
   if (type->eval == nullptr && !json.members.empty()) return find(at, "a kind of block has no values");
   for (std::size_t i = 0; i < json.members.size(); ++i) {
-    std::optional<Value> read = value(json.members[i].second, pointer_to(at, std::to_string(i)), *type);
+    std::optional<Value> read = value(json.members[i].value, pointer_to(at, std::to_string(i)), *type);
     if (read) attribute.values.push_back(std::move(*read));
   }
 }
@@ -353,7 +356,7 @@ std::optional<Value> Reader::value(const JsonValue &json, const std::string &at,
   if (same_name(name, "integer")) return integer(json, at);
   if (same_name(name, "real")) return real(json, at);
   if (!same_name(name, "boolean")) return other_value(json, at, type);
-  if (json.kind == Kind::kBoolean) return Value{json.truth ? "TRUE" : "FALSE", {}};
+  if (json.kind == Kind::kBoolean) return value_of(json.truth ? "TRUE" : "FALSE");
   find(at, "true or false is needed here");
   return {};
 }
@@ -362,25 +365,24 @@ std::optional<Value> Reader::integer(const JsonValue &json, const std::string &a
   const double number = json.number;
   const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
                     number <= std::numeric_limits<std::int32_t>::max() && number == std::floor(number);
-  if (json.kind == Kind::kNumber && fits) return Value{std::to_string(static_cast<std::int32_t>(number)), {}};
+  if (json.kind == Kind::kNumber && fits) return value_of(std::to_string(static_cast<std::int32_t>(number)));
   find(at, "a whole number from -2147483648 to 2147483647 is needed here");
   return {};
 }
 
 std::optional<Value> Reader::real(const JsonValue &json, const std::string &at) {
   const JsonValue *const infinite = json.members.size() == 1 ? find_member(json, "text") : nullptr;
-  if (infinite != nullptr && infinite->text == "inf")
-    return Value{"", std::numeric_limits<float>::infinity()};
+  if (infinite != nullptr && infinite->text == "inf") return real_of(std::numeric_limits<float>::infinity());
   const double number = json.number;
   const bool fits = number >= 0 && number <= static_cast<double>(std::numeric_limits<float>::max());
-  if (json.kind == Kind::kNumber && fits) return Value{"", static_cast<float>(std::abs(number))};
+  if (json.kind == Kind::kNumber && fits) return real_of(static_cast<float>(std::abs(number)));
   find(at, R"(a number that is not negative and fits a single is needed here, or {"text":"inf"})");
   return {};
 }
 
 std::optional<Value> Reader::other_value(const JsonValue &json, const std::string &at, const jt_type &type) {
   const std::size_t before = findings_.size();
-  Value value{text(json, at, kLongestText), {}};
+  Value value = value_of(text(json, at, kLongestText));
   if (findings_.size() != before) return {};
   std::string copy = value.text;
   jt_value *const read = type.eval(session_.get(), copy.data());
@@ -404,9 +406,12 @@ FromJson from_json(std::string_view json) {
   if (!model) return {{}, reader.take_findings()};
   std::string text = to_sil(*model);
   const Loaded loaded = load(text);
-  if (loaded.model && !loaded.has_losses) return {std::move(text), {}};
-  return {{},
-          {{"", loaded.messages.empty() ? "what would be written is no template" : loaded.messages.back()}}};
+  // Infinity can only be written as a number that is too large.
+  const auto fault = std::find_if(loaded.faults.begin(), loaded.faults.end(),
+                                  [](const Fault &each) { return each.code != "value-saturated"; });
+  if (loaded.model && fault == loaded.faults.end()) return {std::move(text), {}};
+  const std::string code = fault == loaded.faults.end() ? "memory" : fault->code;
+  return {{}, {{"", "what would be written would not be read back as it is: " + code}}};
 }
 
 }  // namespace sil

@@ -1,6 +1,8 @@
 // The library reads; this keeps what it is told.
 #include "core/json_value.h"
 
+#include <utility>
+
 #define JSON_NO_IO 1
 #include <nlohmann/json.hpp>
 
@@ -64,7 +66,7 @@ class Keeper : public nlohmann::json_sax<nlohmann::json> {
       root_ = std::move(value);
       return &root_;
     }
-    return &open_.back()->members.emplace_back(std::move(key_), std::move(value)).second;
+    return &open_.back()->members.emplace_back(JsonMember{std::move(key_), std::move(value)}).value;
   }
 
   bool add_number(double number, std::string spelling) {

@@ -7,18 +7,24 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace sil {
+
+struct JsonMember;
 
 struct JsonValue {
   enum class Kind { kNull, kBoolean, kNumber, kText, kArray, kObject };
   Kind kind = Kind::kNull;
   bool truth = false;
   double number = 0;
-  std::string text;                                        // of a text, and a number's spelling
-  std::vector<std::pair<std::string, JsonValue>> members;  // of an object; an array's have no names
+  std::string text;                 // of a text, and a number's spelling
+  std::vector<JsonMember> members;  // of an object; an array's have no names
+};
+
+struct JsonMember {
+  std::string name;
+  JsonValue value;
 };
 
 /// What is wrong, and where: a JSON pointer, or for what is no JSON a line and a column.

@@ -2,8 +2,8 @@
 // taken for one that is not there.
 #include "core/load.h"
 
-#include <algorithm>
 #include <cstring>
+#include <unordered_map>
 #include <utility>
 
 #include "core/text.h"
@@ -24,10 +24,47 @@ MaybeStatus status_of(const jt::Element &element) {
   return Status{text_or_none(status->name()), text_of(element.status_text())};
 }
 
+// What is told during a decode: the faults, and each value as it is written.
+struct Told {
+  std::vector<Fault> faults;
+  std::vector<std::pair<std::int32_t, std::string>> values;  // by the number of the element, in its order
+  std::unordered_map<std::int32_t, std::string> written;     // by the handle
+  std::size_t next = 0;
+  std::int32_t open_value = -1;
+};
+
+std::int32_t take_opening(void *told, const jt_source_element *element) {
+  if (element->kind == JT_SOURCE_VALUE) static_cast<Told *>(told)->open_value = element->number;
+  return 0;
+}
+
+std::int32_t take_token(void *told, const jt_source_token *token) {
+  if (token->role != JT_ROLE_VALUE) return 0;
+  Told &all = *static_cast<Told *>(told);
+  all.values.emplace_back(all.open_value, std::string(token->text, token->length));
+  return 0;
+}
+
+std::int32_t take_finding(void *told, const jt_finding *finding) {
+  if (finding->severity != JT_SEVERITY_ERROR && finding->severity != JT_SEVERITY_LOSS) return 0;
+  const Severity severity = finding->severity == JT_SEVERITY_ERROR ? Severity::kError : Severity::kLoss;
+  static_cast<Told *>(told)->faults.push_back(
+      {finding->line, finding->column, severity, jt_finding_name(finding->code)});
+  return 0;
+}
+
+std::int32_t take_handle(void *told, std::int32_t number, std::int32_t handle) {
+  Told &all = *static_cast<Told *>(told);
+  while (all.next < all.values.size() && all.values[all.next].first < number) ++all.next;
+  if (all.next < all.values.size() && all.values[all.next].first == number)
+    all.written.emplace(handle, std::move(all.values[all.next].second));
+  return 0;
+}
+
 // The numbers themselves, since the text of a real has six decimals.
 class Loader {
  public:
-  explicit Loader(const jt::Session &session) : space_(session.get()) {}
+  Loader(const jt::Session &session, const Told &told) : space_(session.get()), told_(told) {}
 
   Model model_of(const jt::Template &job) const {
     Model model;
@@ -80,10 +117,15 @@ class Loader {
   std::vector<Value> values_of(const jt::Element &attribute) const {
     std::vector<Value> values;
     for (const jt::Element &value : attribute.children())
-      values.push_back({text_or_none(value.value_text()), {}});
+      values.push_back({text_or_none(value.value_text()), written_of(value), {}});
     if (!attribute.is_type_unknown() && same_name(text_or_none(attribute.type()), "real"))
       add_numbers(attribute, values);
     return values;
+  }
+
+  std::string written_of(const jt::Element &value) const {
+    const auto found = told_.written.find(value.get());
+    return found == told_.written.end() ? text_or_none(value.value_text()) : found->second;
   }
 
   void add_numbers(const jt::Element &attribute, std::vector<Value> &values) const {
@@ -98,21 +140,20 @@ class Loader {
   }
 
   jt_parser_space *space_;
+  const Told &told_;
 };
 
 }  // namespace
 
 Loaded load(const std::string &text) {
-  Loaded loaded;
   const jt::Session session("sil");
-  const jt::Result<jt::Template> job = session.decode(text);
-  for (const std::string_view message : session.history().oldest_first())
-    loaded.messages.emplace_back(message);
-  if (!job) return loaded;
-  loaded.has_losses =
-      std::any_of(loaded.messages.begin(), loaded.messages.end(),
-                  [](const std::string &message) { return !message.starts_with("WARNING:"); });
-  loaded.model = Loader(session).model_of(*job);
+  Told told;
+  const jt_listener listener = {sizeof(jt_listener), &told,        take_opening, nullptr,
+                                take_token,          take_finding, take_handle};
+  const jt::Template job(session,
+                         jt_decode_source(session.get(), text.data(), text.size(), nullptr, &listener));
+  Loaded loaded{{}, std::move(told.faults)};
+  if (job) loaded.model = Loader(session, told).model_of(job);
   return loaded;
 }
 

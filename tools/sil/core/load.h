@@ -7,14 +7,23 @@
 #include <string>
 #include <vector>
 
+#include "core/finding_table.h"
+
 #include "core/model.h"
 
 namespace sil {
 
+/// An error or a loss, by its place in the text.
+struct Fault {
+  std::size_t line = 0;
+  std::size_t column = 0;
+  Severity severity = Severity::kError;
+  std::string code;
+};
+
 struct Loaded {
-  std::optional<Model> model;         // none: the text does not decode
-  std::vector<std::string> messages;  // of the decode, the oldest first; the library keeps the last five
-  bool has_losses = false;            // something written was dropped or changed
+  std::optional<Model> model;  // none: the text does not decode
+  std::vector<Fault> faults;   // an error, where it does not; else what was dropped or changed
 };
 
 Loaded load(const std::string &text);

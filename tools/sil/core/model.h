@@ -20,6 +20,7 @@ using MaybeStatus = std::optional<Status>;
 
 struct Value {
   std::string text;           // as the library writes it, without quotes and escapes
+  std::string written;        // as it stands in the file, without them too
   std::optional<float> real;  // of the type "real", since six decimals do not say all of it
   friend bool operator==(const Value &, const Value &) = default;
 };

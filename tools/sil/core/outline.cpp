@@ -14,7 +14,7 @@ constexpr std::size_t kWidestColumn = 32;
 
 class Outline {
  public:
-  explicit Outline(const Painter &paint) : paint_(paint) {}
+  Outline(const Painter &paint, bool shows_kept) : paint_(paint), shows_kept_(shows_kept) {}
 
   void add(const Model &model) {
     add_comment(model.comment, 0);
@@ -71,7 +71,9 @@ class Outline {
     std::string values;
     for (const Value &value : attribute.values) {
       if (!values.empty()) values += ", ";
-      values += paint_(Piece::kValue, shown_value(attribute, value));
+      values += paint_(Piece::kValue, shown_value(attribute, value.written));
+      if (shows_kept_ && text_of_value(value) != value.written)
+        values += paint_(Piece::kComment, " (is " + shown_value(attribute, text_of_value(value)) + ")");
     }
     add_line(indent, line + values, attribute.status);
   }
@@ -98,6 +100,7 @@ class Outline {
   }
 
   const Painter &paint_;
+  bool shows_kept_;
   std::string out_;
 };
 
@@ -139,14 +142,14 @@ void for_each_attribute(const Model &model, const Place &place,
   }
 }
 
-std::string outline(const Model &model, const Painter &paint) {
-  Outline lines(paint);
+std::string outline(const Model &model, const Painter &paint, bool shows_kept) {
+  Outline lines(paint, shows_kept);
   lines.add(model);
   return lines.take();
 }
 
-std::string outline(const Model &model, const Place &place, const Painter &paint) {
-  Outline lines(paint);
+std::string outline(const Model &model, const Place &place, const Painter &paint, bool shows_kept) {
+  Outline lines(paint, shows_kept);
   const Element element = element_at(model, place);
   if (element.attribute != nullptr) {
     lines.add({*element.attribute}, 0);
@@ -173,14 +176,13 @@ std::string values_with_paths(const Model &model, const Place &place) {
     for (std::size_t i = 0; i < values.size(); ++i) {
       if (wanted && *wanted != i) continue;
       if (values.size() > 1) at.value = i;
-      lines += for_shell(path_of(model, at) + "=" + text_of_value(values[i])) + "\n";
+      lines += for_shell(path_of(model, at) + "=" + values[i].written) + "\n";
     }
   });
   return lines;
 }
 
-std::string shown_value(const Attribute &attribute, const Value &value) {
-  const std::string text = text_of_value(value);
+std::string shown_value(const Attribute &attribute, std::string_view text) {
   return printable(same_name(attribute.type, "string") ? quoted(text) : as_token(text));
 }
 

@@ -15,17 +15,17 @@ namespace sil {
 enum class Piece { kName, kType, kValue, kStatus, kComment };
 using Painter = std::function<std::string(Piece, std::string_view)>;
 
-/// All of a template.
-std::string outline(const Model &model, const Painter &paint);
+/// All of a template. On request with what the device keeps behind each value, where that is something else.
+std::string outline(const Model &model, const Painter &paint, bool shows_kept);
 /// One element of it with what it holds.
-std::string outline(const Model &model, const Place &place, const Painter &paint);
+std::string outline(const Model &model, const Place &place, const Painter &paint, bool shows_kept);
 
 /// Each value of a template, or below a place, as a line `PATH=VALUE` quoted for a shell.
 std::string values_with_paths(const Model &model);
 std::string values_with_paths(const Model &model, const Place &place);
 
-/// A value as a person reads it: of a string in quotes, of other types where a bare word would be read otherwise.
-std::string shown_value(const Attribute &attribute, const Value &value);
+/// The text of a value as a person reads it: of a string in quotes, of other types where a bare word would be read otherwise.
+std::string shown_value(const Attribute &attribute, std::string_view text);
 
 /// `(NAME{text})`.
 std::string shown_status(const Status &status);

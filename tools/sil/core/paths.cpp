@@ -157,6 +157,7 @@ class Parser {
 
   bool fail_aspect(std::string_view word) {
     std::vector<std::string> names;
+    names.reserve(kAspects.size());
     for (const AspectName &row : kAspects) names.emplace_back(row.name);
     if (path_.root == Root::kBody && path_.steps.empty()) names = {"header", "section", "comment"};
     return fail("@" + std::string(word) + " is not known" + did_you_mean(nearest(word, names)));
@@ -187,9 +188,14 @@ class Parser {
 
 // ---- Going down a template ----
 
-const std::vector<Service> *services_of(const Model &model, Root root) {
-  if (root == Root::kBody) return &model.services;
-  return model.section ? &model.section->services : nullptr;
+bool has_root(const Model &model, Root root) {
+  if (root == Root::kBody) return true;
+  return root == Root::kHeader ? model.header.has_value() : model.section.has_value();
+}
+
+// Of a root that is there.
+const std::vector<Service> &services_of(const Model &model, Root root) {
+  return root == Root::kSection ? model.section->services : model.services;
 }
 
 // The names of what an element holds, empty ones for invocations that have none.
@@ -206,7 +212,7 @@ std::vector<std::string> names_in(const Model &model, const Place &place) {
   } else if (place.root == Root::kHeader) {
     add_all(model.header->attributes);
   } else {
-    add_all(*services_of(model, place.root));
+    add_all(services_of(model, place.root));
   }
   return names;
 }
@@ -291,7 +297,8 @@ Search step_down(const Model &model, const std::vector<Place> &from, const Step 
 Search pick_value(const Model &model, const std::vector<Place> &attributes, std::size_t number) {
   Search search;
   for (Place place : attributes) {
-    const std::size_t count = element_at(model, place).attribute->values.size();
+    const Attribute *const attribute = element_at(model, place).attribute;
+    const std::size_t count = attribute != nullptr ? attribute->values.size() : 0;
     if (number <= count) {
       place.value = number - 1;
       search.places.push_back(place);
@@ -301,10 +308,6 @@ Search pick_value(const Model &model, const std::vector<Place> &attributes, std:
     }
   }
   return search;
-}
-
-bool has_root(const Model &model, Root root) {
-  return root == Root::kHeader ? model.header.has_value() : services_of(model, root) != nullptr;
 }
 
 std::string step_of_invocation(const Service &service, std::size_t number) {
@@ -334,11 +337,13 @@ Element element_at(const Model &model, const Place &place) {
   if (place.root == Root::kHeader) {
     if (place.attribute) element.attribute = &model.header->attributes[*place.attribute];
   } else if (place.service) {
-    element.service = &(*services_of(model, place.root))[*place.service];
-    if (place.invocation) element.invocation = &element.service->invocations[*place.invocation];
-    if (place.attribute) element.attribute = &element.invocation->attributes[*place.attribute];
+    element.service = &services_of(model, place.root)[*place.service];
+    if (place.invocation) {
+      element.invocation = &element.service->invocations[*place.invocation];
+      if (place.attribute) element.attribute = &element.invocation->attributes[*place.attribute];
+    }
   }
-  if (place.value) element.value = &element.attribute->values[*place.value];
+  if (place.value && element.attribute != nullptr) element.value = &element.attribute->values[*place.value];
   return element;
 }
 
@@ -363,8 +368,10 @@ std::string as_step(std::string_view name) {
 std::string path_of(const Model &model, const Place &place) {
   std::string path = place.root == Root::kHeader ? "@header" : place.root == Root::kSection ? "@section" : "";
   const Element element = element_at(model, place);
-  if (element.service != nullptr) path += (path.empty() ? "" : "/") + as_step(element.service->name);
-  if (element.invocation != nullptr) path += "/" + step_of_invocation(*element.service, *place.invocation);
+  if (element.service != nullptr) {
+    path += (path.empty() ? "" : "/") + as_step(element.service->name);
+    if (place.invocation) path += "/" + step_of_invocation(*element.service, *place.invocation);
+  }
   if (element.attribute != nullptr) path += "/" + as_step(element.attribute->name);
   if (element.value != nullptr) path += "[" + std::to_string(*place.value + 1) + "]";
   return path;

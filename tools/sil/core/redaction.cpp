@@ -23,7 +23,7 @@ void redact_attributes(std::vector<Attribute> &attributes) {
   for (Attribute &attribute : attributes) {
     redact_comment(attribute.comment);
     if (!is_free_text(attribute.type)) continue;
-    for (Value &value : attribute.values) value.text = kRedacted;
+    for (Value &value : attribute.values) value.text = value.written = kRedacted;
     redact_status(attribute.status);
   }
 }
