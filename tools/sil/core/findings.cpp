@@ -233,7 +233,7 @@ std::string Describer::value_for(std::string_view key, const SourceFinding &told
   if (key == "found") return found_in(told);
   if (key == "expected") return expectation_of(told);
   if (key == "type") return in_ticks(told.type);
-  if (key == "form") return std::string(form_of(told.type));
+  if (key == "form") return form_of(told.type);
   if (key == "scope") return told.scope.empty() ? "the built-in list" : in_ticks(told.scope);
   if (key == "others") return services_with(std::string(piece));
   if (key == "most") return std::string(most_bytes_of(piece));
