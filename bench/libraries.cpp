@@ -115,7 +115,8 @@ void add_services(pugi::xml_node parent, const jt::Template &job) {
     at.append_attribute("name") = service.c_str();
     for (const jt::Service &invocation : service.invocations()) {
       pugi::xml_node inner = at.append_child("invocation");
-      inner.append_attribute("name") = invocation.invocation_name().value().c_str();
+      const auto name = invocation.invocation_name();
+      inner.append_attribute("name") = name ? name->c_str() : "";
       add_attributes(inner, invocation);
     }
   }

@@ -66,6 +66,7 @@ const std::unordered_map<std::string_view, Kind> kKinds = {{"integer", kNumbers}
                                                            {"ref_invocation", kText},
                                                            {"real", kReal},
                                                            {"string", kText},
+                                                           {"struct_borders", kNumbers},
                                                            {"struct_gutter", kNumbers},
                                                            {"struct_magnification", kNumbers},
                                                            {"struct_rectangle", kNumbers},
@@ -82,8 +83,7 @@ using Names = std::unordered_map<std::string, std::int32_t, TextHash, std::equal
 // so that it is not part of the first parse.
 const Names kNames = [] {
   std::vector<std::string> all = enumerated_names();
-  all.insert(all.end(),
-             {"TRUE", "FALSE", "MM", "IN", "MIL", "AUTOISO", "AUTOANA", "NONE", "MANISO", "MANANA"});
+  all.insert(all.end(), {"TRUE", "FALSE", "MM", "MANISO", "MANANA", "NA_11x17SEF", "GWICH'IN"});
   Names names;
   for (const std::string &name : all) names.try_emplace(name, static_cast<std::int32_t>(names.size()));
   return names;
