@@ -50,10 +50,10 @@ double seconds() {
 // Makes sure that a library writes its own text again, and so has understood all of it; that of a hostile shape
 // is not its own. Gives the heap that it holds in between.
 double heap_of(const Task &task) {
-  bench::take_heap_use();
+  const double before = bench::heap_in_use();
   const auto library = task.library->make();
   require(library->parse(task.text), "parsing " + task.name);
-  const auto bytes = static_cast<double>(bench::take_heap_use());
+  const double bytes = bench::heap_in_use() - before;
   require(task.is_hostile || library->save() == task.text, "saving " + task.name);
   library->destroy();
   return bytes;
