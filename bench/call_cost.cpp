@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "callgrind.h"
-#include "jt.h"
+#include "jt.hpp"
 
 namespace {
 
@@ -79,9 +79,6 @@ struct Row {
 // One measurement: a template with one service, one invocation and, for values, one attribute.
 struct Run : Row {
   Run(const Row &row, std::size_t all);
-  ~Run() { jt_close_parsing_utility(space); }
-  Run(const Run &) = delete;
-  Run &operator=(const Run &) = delete;
 
   std::string text(std::size_t number) const {
     return kind->prefix + std::to_string(1000000 + number) + kind->suffix;
@@ -94,7 +91,8 @@ struct Run : Row {
   }
 
   const std::size_t count;
-  jt_parser_space *const space = jt_open_parsing_utility("jt_call_cost");
+  const jt::Session session{"jt_call_cost"};
+  jt_parser_space *const space = session.get();
   const int32_t job = jt_create_template(space);
   jt_node *attribute = nullptr;
   const jt_type *type = nullptr;

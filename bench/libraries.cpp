@@ -135,9 +135,8 @@ struct Value {
   };
 };
 
-// Every other type is an enumeration, and so is a boolean.
+// Of the types in the shapes. Every other one is an enumeration, and so is a boolean.
 const std::unordered_map<std::string_view, Kind> kKinds = {{"integer", kNumbers},
-                                                           {"ref_collection", kText},
                                                            {"ref_invocation", kText},
                                                            {"real", kReal},
                                                            {"string", kText},
@@ -145,8 +144,7 @@ const std::unordered_map<std::string_view, Kind> kKinds = {{"integer", kNumbers}
                                                            {"struct_gutter", kNumbers},
                                                            {"struct_magnification", kNumbers},
                                                            {"struct_rectangle", kNumbers},
-                                                           {"struct_timeofday", kNumbers},
-                                                           {"timestamp", kNumbers}};
+                                                           {"struct_timeofday", kNumbers}};
 
 struct TextHash : std::hash<std::string_view> {
   using is_transparent = void;

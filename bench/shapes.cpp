@@ -88,38 +88,30 @@ std::string one_invocation(const std::string &attributes) {
 
 constexpr std::size_t kSiblings = 100000;
 
-// Of its types, or of the base types.
-bool is_known_to_a_scan(const Row &row) {
-  return row.service.starts_with("kmt_svc_scan ") || !row.type.starts_with("enum_");
+// Names of the job in a row, as the digits of the number: they do not count up.
+std::string real_name(std::size_t number) {
+  static const std::vector<std::string> words = [] {
+    std::set<std::string> names;
+    for (const Row &row : job().rows) names.insert(row.name);
+    return std::vector<std::string>(names.begin(), names.end());
+  }();
+  std::string name;
+  for (; number > 0 || name.empty(); number /= words.size()) name += words[number % words.size()];
+  return name;
 }
 
-// Attributes of one invocation, each under a name that is made of its number.
-template <typename Name>
-std::string wide_of(Name name) {
-  std::vector<Row> rows;
-  std::ranges::copy_if(job().rows, std::back_inserter(rows), is_known_to_a_scan);
+// Attributes of one invocation, of the types of a scan and the base types.
+std::string wide(bool has_real_names) {
+  std::vector<Row> rows = job().rows;
+  std::erase_if(rows, [](const Row &row) {
+    return !row.service.starts_with("kmt_svc_scan ") && row.type.starts_with("enum_");
+  });
   std::string text;
   for (std::size_t i = 0; i < kSiblings; ++i) {
     const Row &row = rows[i % rows.size()];
-    text += attribute(row, name(row, i), i / rows.size());
+    text += attribute(row, has_real_names ? real_name(i) : row.name + std::to_string(i), i / rows.size());
   }
   return one_invocation(text);
-}
-
-std::string wide() {
-  return wide_of([](const Row &row, std::size_t i) { return row.name + std::to_string(i); });
-}
-
-// Names that do not count up: names of the job in a row, as the digits of the number.
-std::string wide_real_names() {
-  std::set<std::string> known;
-  for (const Row &row : job().rows) known.insert(row.name);
-  const std::vector<std::string> names(known.begin(), known.end());
-  return wide_of([&](const Row &, std::size_t i) {
-    std::string name;
-    for (; i > 0 || name.empty(); i /= names.size()) name += names[i % names.size()];
-    return name;
-  });
 }
 
 std::string long_list() {
@@ -157,8 +149,8 @@ constexpr Shape kShapes[] = {
     {"typical", [] { return jobs(1); }, false},
     {"medium", [] { return jobs(24); }, false},
     {"large", [] { return jobs(2400); }, false},
-    {"wide", wide, false},
-    {"wide, real names", wide_real_names, false},
+    {"wide", [] { return wide(false); }, false},
+    {"wide, real names", [] { return wide(true); }, false},
     {"long", long_list, false},
     {"{}{}{}", [] { return repeated(kScan, "{}", "end"); }, true},
     {"1,1,1", [] { return one_invocation(repeated("integer A=1", ",1", ";")); }, true},
