@@ -10,7 +10,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -74,14 +73,14 @@ struct Row {
 };
 
 // One measurement: a template with one service, one invocation and, for values, one attribute.
-struct Run {
-  Run(const Row &row, std::size_t count);
+struct Run : Row {
+  Run(const Row &row, std::size_t all);
   ~Run() { jt_close_parsing_utility(space); }
   Run(const Run &) = delete;
   Run &operator=(const Run &) = delete;
 
   std::string text(std::size_t number) const {
-    return kind.prefix + std::to_string(1000000 + number) + kind.suffix;
+    return kind->prefix + std::to_string(1000000 + number) + kind->suffix;
   }
 
   // Two equal: the last is like the first. Half: every second is like the second. All: like the first.
@@ -90,72 +89,63 @@ struct Run {
     return text(offset + like[mix]);
   }
 
-  // Makes a call that is counted; false when the row has taken too long.
-  template <typename Call>
-  bool counted(Call call) {
-    if (!counter) {
-      counter.emplace();
-      end = std::chrono::steady_clock::now() + kPatience;
-    }
-    require((*counter)(call), kind.name);
-    return ++calls % 16 != 0 || std::chrono::steady_clock::now() < end;
-  }
-
-  // Makes the calls 0 to `most` - 1, each with its number; `call` returns what counted() does.
-  template <typename Call>
-  void repeat(std::size_t most, Call call) {
-    for (std::size_t number = 0; number < most && call(number); ++number) continue;
-  }
-
-  const Kind &kind;
-  const Order order;
-  const Mix mix;
   const std::size_t count;
   jt_parser_space *const space = jt_open_parsing_utility("jt_call_cost");
   const int32_t job = jt_create_template(space);
   jt_node *attribute = nullptr;
   const jt_type *type = nullptr;
-  std::optional<bench::InstructionCounter> counter;
-  std::chrono::steady_clock::time_point end;
-  std::size_t calls = 0;
 };
 
-Run::Run(const Row &row, std::size_t the_count)
-    : kind(*row.kind), order(row.order), mix(row.mix), count(the_count) {
+Run::Run(const Row &row, std::size_t all) : Row(row), count(all) {
   require(jt_add_service(space, job, "kmt_svc_scan", kScan) == 1, "adding a service");
   require(jt_add_invocation(space, job, kScan) == 1, "adding an invocation");
-  if (kind.type == nullptr) return;
-  require(jt_set_invocation_name(space, job, kScan, "first") == 1, "naming the invocation");
-  require(jt_add_attribute(space, job, kScan, kind.type, kValues) == 1, "adding an attribute");
+  if (kind->type == nullptr) return;
+  require(jt_add_attribute(space, job, kScan, kind->type, kValues) == 1, "adding an attribute");
   jt_set_attribute_non_compulsory(space, job, kScan, kValues);
-  jt_node *const service = get_child(space, opaque_to_node(space, job), kScan);
-  attribute = get_child(space, get_child(space, service, "first"), kValues);
-  type = jt_get_type(space, kind.type, JT_NODE_VALUE, attribute);
+  const int32_t invocation = jt_first_child(space, jt_find_child(space, job, kScan));
+  attribute = opaque_to_node(space, jt_find_child(space, invocation, kValues));
+  type = jt_get_type(space, kind->type, JT_NODE_VALUE, attribute);
 }
 
-// ---- Values ----
+// ---- Calls: each with a text, that of a sibling where it needs one; 1 when it did its work ----
 
-bool add_value(const Run &run, const std::string &text) {
-  return jt_add_attribute_value_string(run.space, run.job, kScan, kValues, text.c_str()) == 1;
+using Call = int (*)(const Run &run, const char *text);
+
+int add(const Run &run, const char *text) {
+  if (run.kind == &kServices) return jt_add_service(run.space, run.job, "kmt_svc_scan", text);
+  if (run.kind == &kAttributes) return jt_add_attribute(run.space, run.job, kScan, "string", text);
+  return jt_add_attribute_value_string(run.space, run.job, kScan, kValues, text);
 }
 
-bool delete_value(const Run &run, const std::string &text) {
-  return jt_delete_attribute_value_string(run.space, run.job, kScan, kValues, text.c_str()) == 1;
+int find(const Run &run, const char *text) {
+  if (run.kind == &kServices) return jt_exists_service(run.space, run.job, text);
+  return jt_exists_attribute(run.space, run.job, kScan, text);
 }
 
-bool insert_value(const Run &run, const std::string &text) {
-  jt_node *const node = create_value_node(run.space, run.type, text.c_str());
-  return node != nullptr && add_index_child(run.space, run.attribute, node) == 1;
+int remove(const Run &run, const char *text) {
+  if (run.kind == &kServices) return jt_delete_service(run.space, run.job, text);
+  if (run.kind == &kAttributes) return jt_delete_attribute(run.space, run.job, kScan, text);
+  return jt_delete_attribute_value_string(run.space, run.job, kScan, kValues, text);
 }
 
-// Adds the values of these numbers. The search at the end is one that passes them all, so that whatever the
-// library keeps for a long list is there before anything is counted.
-void fill(const Run &run, std::size_t end, bool mixed) {
-  for (std::size_t i = 0; i < end; ++i) {
-    require(add_value(run, mixed ? run.mixed_text(i) : run.text(i)), "filling");
-  }
-  const std::string sought = run.text(2 * run.count);
-  require(add_value(run, sought) && delete_value(run, sought), "searching");
+int insert_at_cursor(const Run &run, const char *text) {
+  jt_node *const node = create_value_node(run.space, run.type, text);
+  return node == nullptr ? 0 : add_index_child(run.space, run.attribute, node);
+}
+
+int remove_at_cursor(const Run &run, const char *) { return delete_index_child(run.space, run.attribute); }
+
+// ---- Steps: what is repeated, with the number of the repetition, and the counter of its calls ----
+
+using bench::InstructionCounter;
+
+template <Call call>
+void count(InstructionCounter &counter, const Run &run, const std::string &text) {
+  require(counter([&] { return call(run, text.c_str()); }) == 1, run.kind->name);
+}
+
+std::string text_at_place(const Run &run, std::size_t i) {
+  return run.mixed_text(place(run.order, i, run.count));
 }
 
 // At the front or on the last; scattered: a few further than it was.
@@ -167,191 +157,163 @@ void move_cursor(const Run &run) {
   }
 }
 
-void set_cursor_on_last(const Run &run, std::size_t values) {
-  reset_index(run.space, run.attribute);
-  for (std::size_t i = 1; i < values; ++i) advance_index(run.space, run.attribute);
+template <Call call>
+void by_text(const Run &run, std::size_t i, InstructionCounter &counter) {
+  count<call>(counter, run, text_at_place(run, i));
 }
 
-void add(Run &run) {
-  const std::size_t before = run.count / 2;
-  fill(run, before, true);
-  run.repeat(run.count - before, [&](std::size_t i) {
-    const std::string text = run.mixed_text(before + i);
-    return run.counted([&] { return add_value(run, text); });
-  });
+void add_value(const Run &run, std::size_t i, InstructionCounter &counter) {
+  count<add>(counter, run, run.mixed_text(run.count / 2 + i));
 }
 
 // Alternating: every second one is added at the end.
-void insert(Run &run) {
-  const std::size_t before = run.count / 2;
-  fill(run, before, true);
-  set_cursor_on_last(run, before);
-  run.repeat(run.count - before, [&](std::size_t i) {
-    const std::string text = run.mixed_text(before + i);
-    move_cursor(run);
-    const auto call = run.order == kAlternating && i % 2 != 0 ? add_value : insert_value;
-    return run.counted([&] { return call(run, text); });
-  });
+void insert(const Run &run, std::size_t i, InstructionCounter &counter) {
+  move_cursor(run);
+  const auto step = run.order == kAlternating && i % 2 != 0 ? count<add> : count<insert_at_cursor>;
+  step(counter, run, run.mixed_text(run.count / 2 + i));
 }
 
-void remove(Run &run) {
-  fill(run, run.count, true);
-  run.repeat(run.count / 2, [&](std::size_t i) {
-    const std::string text = run.mixed_text(place(run.order, i, run.count));
-    return run.counted([&] { return delete_value(run, text); });
-  });
-}
-
-void remove_at_cursor(Run &run) {
-  fill(run, run.count, true);
-  set_cursor_on_last(run, run.count);
-  run.repeat(run.count / 2, [&](std::size_t) {
-    move_cursor(run);
-    return run.counted([&] { return delete_index_child(run.space, run.attribute) == 1; });
-  });
+void remove_there(const Run &run, std::size_t, InstructionCounter &counter) {
+  move_cursor(run);
+  count<remove_at_cursor>(counter, run, "");
 }
 
 // Whatever a list remembers of equal values, an insertion before them makes it wrong and a deletion asks for
 // it.
-void insert_and_remove(Run &run) {
-  fill(run, run.count, true);
-  run.repeat(run.count / 2, [&](std::size_t i) {
-    const std::string inserted = run.mixed_text(place(kScattered, i, run.count));
-    const std::string deleted = run.mixed_text(place(run.order, i, run.count));
-    move_cursor(run);
-    return run.counted([&] { return insert_value(run, inserted); }) &&
-           run.counted([&] { return delete_value(run, deleted); });
-  });
+void insert_and_remove(const Run &run, std::size_t i, InstructionCounter &counter) {
+  move_cursor(run);
+  count<insert_at_cursor>(counter, run, run.mixed_text(place(kScattered, i, run.count)));
+  count<remove>(counter, run, text_at_place(run, i));
 }
 
-// Values that differ become a mix, or a mix becomes values that differ.
-template <bool mixed_before>
-void override_value(Run &run) {
-  fill(run, run.count, mixed_before);
-  run.repeat(run.count / 2, [&](std::size_t i) {
-    const std::size_t at = place(run.order, i, run.count);
-    const std::string from = mixed_before ? run.mixed_text(at) : run.text(at);
-    const std::string to = mixed_before ? run.text(run.count + at) : run.mixed_text(at, run.count);
-    jt_value *const old_value = jt_decode_value(run.space, run.kind.type, from.c_str(), kScan);
-    jt_value *const new_value = jt_decode_value(run.space, run.kind.type, to.c_str(), kScan);
-    const bool goes_on = run.counted([&] {
-      return jt_override_attribute_value(run.space, run.job, kScan, kValues, old_value, new_value) == 1;
-    });
-    jt_destroy_value(run.space, run.kind.type, old_value, kScan);
-    jt_destroy_value(run.space, run.kind.type, new_value, kScan);
-    return goes_on;
-  });
+void override_value(const Run &run, const std::string &from, const std::string &to,
+                    InstructionCounter &counter) {
+  const char *const name = run.kind->type;
+  jt_value *const old_value = jt_decode_value(run.space, name, from.c_str(), kScan);
+  jt_value *const new_value = jt_decode_value(run.space, name, to.c_str(), kScan);
+  const int done = counter(
+      [&] { return jt_override_attribute_value(run.space, run.job, kScan, kValues, old_value, new_value); });
+  require(done == 1, "overriding");
+  jt_destroy_value(run.space, name, old_value, kScan);
+  jt_destroy_value(run.space, name, new_value, kScan);
 }
 
-// ---- Services and attributes: their names differ ----
-
-bool add_named(const Run &run, const std::string &name) {
-  return &run.kind == &kServices ? jt_add_service(run.space, run.job, "kmt_svc_scan", name.c_str()) == 1
-                                 : jt_add_attribute(run.space, run.job, kScan, "string", name.c_str()) == 1;
+// Values that differ become a mix.
+void make_equal(const Run &run, std::size_t i, InstructionCounter &counter) {
+  const std::size_t at = place(run.order, i, run.count);
+  override_value(run, run.text(at), run.mixed_text(at, run.count), counter);
 }
 
-bool find_named(const Run &run, const std::string &name) {
-  return &run.kind == &kServices ? jt_exists_service(run.space, run.job, name.c_str()) == 1
-                                 : jt_exists_attribute(run.space, run.job, kScan, name.c_str()) == 1;
+// A mix becomes values that differ.
+void make_different(const Run &run, std::size_t i, InstructionCounter &counter) {
+  const std::size_t at = place(run.order, i, run.count);
+  override_value(run, run.mixed_text(at), run.text(run.count + at), counter);
 }
 
-bool remove_named(const Run &run, const std::string &name) {
-  return &run.kind == &kServices ? jt_delete_service(run.space, run.job, name.c_str()) == 1
-                                 : jt_delete_attribute(run.space, run.job, kScan, name.c_str()) == 1;
-}
+// ---- What is measured ----
 
-// The call for half of the siblings, each by its name.
-template <bool (*call)(const Run &run, const std::string &name)>
-void call_by_name(Run &run) {
-  const std::size_t before = call == add_named ? 0 : run.count;
-  for (std::size_t i = 0; i < before; ++i) require(add_named(run, run.text(i)), "filling");
-  run.repeat(run.count / 2, [&](std::size_t i) {
-    const std::string name = run.text(place(run.order, i, run.count));
-    return run.counted([&] { return call(run, name); });
-  });
-}
-
-// ---- The rows ----
-
-using Kinds = std::vector<const Kind *>;
-
-struct Call {
+struct Measured {
   const char *name;
-  void (*run)(Run &run);
-  Kinds kinds;
+  void (*step)(const Run &run, std::size_t i, InstructionCounter &counter);
+  int halves;  // of the siblings, that are there before; the steps are for one half
+  std::vector<const Kind *> kinds;
   std::vector<Order> orders;
   std::vector<Mix> mixes;
 };
 
-const Kinds kOfValues = {&kIntegers, &kStrings, &kReals, &kUnknown};
-const Kinds kOfKnownType = {&kIntegers, &kStrings, &kReals};
-const Kinds kNamed = {&kServices, &kAttributes};
+const std::vector<const Kind *> kOfValues = {&kIntegers, &kStrings, &kReals, &kUnknown};
+const std::vector<const Kind *> kOfKnownType = {&kIntegers, &kStrings, &kReals};
+const std::vector<const Kind *> kNamed = {&kServices, &kAttributes};
 const std::vector<Order> kAllOrders = {kFront, kBack, kScattered, kAlternating};
 const std::vector<Order> kCursors = {kFront, kBack, kScattered};
 const std::vector<Mix> kAllMixes = {kNone, kOne, kHalf, kAll};
 
-const Call kCalls[] = {
-    {"add a value", add, kOfValues, {kFront}, kAllMixes},
-    {"insert at the cursor", insert, kOfValues, kAllOrders, kAllMixes},
-    {"override, equal afterwards", override_value<false>, kOfKnownType, kAllOrders, kAllMixes},
-    {"override, equal before", override_value<true>, kOfKnownType, kAllOrders, kAllMixes},
-    {"delete a value", remove, kOfValues, kAllOrders, kAllMixes},
-    {"delete at the cursor", remove_at_cursor, kOfValues, kCursors, kAllMixes},
-    {"insert and delete", insert_and_remove, kOfValues, kCursors, kAllMixes},
-    {"add a name", call_by_name<add_named>, kNamed, kAllOrders, {kNone}},
-    {"find a name", call_by_name<find_named>, kNamed, kAllOrders, {kNone}},
-    {"delete a name", call_by_name<remove_named>, kNamed, kAllOrders, {kNone}},
+const Measured kMeasured[] = {
+    {"add a value", add_value, 1, kOfValues, {kFront}, kAllMixes},
+    {"insert at the cursor", insert, 1, kOfValues, kAllOrders, kAllMixes},
+    {"override, equal afterwards", make_equal, 2, kOfKnownType, kAllOrders, kAllMixes},
+    {"override, equal before", make_different, 2, kOfKnownType, kAllOrders, kAllMixes},
+    {"delete a value", by_text<remove>, 2, kOfValues, kAllOrders, kAllMixes},
+    {"delete at the cursor", remove_there, 2, kOfValues, kCursors, kAllMixes},
+    {"insert and delete", insert_and_remove, 2, kOfValues, kCursors, kAllMixes},
+    {"add a name", by_text<add>, 0, kNamed, kAllOrders, {kNone}},
+    {"find a name", by_text<find>, 2, kNamed, kAllOrders, {kNone}},
+    {"delete a name", by_text<remove>, 2, kNamed, kAllOrders, {kNone}},
 };
 
-double measure(const Row &row, const Call &call, std::size_t count) {
-  Run run(row, count);
-  call.run(run);
-  return static_cast<double>(run.counter->take()) / static_cast<double>(run.calls);
+// Adds the siblings that are there before, and sets the cursor of values on the last. The search at the end
+// is one that passes them all, so that whatever the library keeps for a long list is there before anything is
+// counted.
+void fill(const Run &run, std::size_t siblings, bool mixed) {
+  for (std::size_t i = 0; i < siblings; ++i) {
+    require(add(run, (mixed ? run.mixed_text(i) : run.text(i)).c_str()) == 1, "filling");
+  }
+  if (run.attribute == nullptr) return;
+  const std::string sought = run.text(2 * run.count);
+  require(add(run, sought.c_str()) == 1 && remove(run, sought.c_str()) == 1, "searching");
+  reset_index(run.space, run.attribute);
+  for (std::size_t i = 1; i < siblings; ++i) advance_index(run.space, run.attribute);
 }
 
-std::vector<Row> rows_of(const Call &call) {
-  std::vector<Row> rows;
-  for (const Kind *const kind : call.kinds) {
-    for (const Order order : call.orders) {
-      for (const Mix mix : call.mixes) rows.push_back({kind, order, mix});
-    }
+// The instructions of a call.
+double measure(const Measured &measured, const Row &row, std::size_t count) {
+  const Run run(row, count);
+  const std::size_t steps = count / 2;
+  fill(run, steps * measured.halves, measured.step != make_equal);
+  InstructionCounter counter;
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  for (std::size_t i = 0; i < steps && (i % 16 != 0 || std::chrono::steady_clock::now() < end); ++i) {
+    measured.step(run, i, counter);
   }
-  return rows;
+  return counter.mean();
 }
 
 // Shows every row that has all the words, and prints the worst of them; its ratio, or 0 when there is none.
-double measure_call(const Call &call, const std::vector<std::string> &words) {
+double measure_rows(const Measured &measured, const std::vector<Row> &rows,
+                    const std::vector<std::string> &words) {
   double worst = 0;
   std::string line;
-  for (const Row &row : rows_of(call)) {
+  for (const Row &row : rows) {
     const std::string where =
         std::string(row.kind->name) + ", " + kOrderNames[row.order] + ", " + kMixNames[row.mix];
-    const std::string name = std::string(call.name) + ": " + where;
+    const std::string name = std::string(measured.name) + ": " + where;
     const auto has = [&](const std::string &word) { return name.find(word) != std::string::npos; };
     if (!std::ranges::all_of(words, has)) continue;
-    const double few = measure(row, call, kFew);
-    const double many = measure(row, call, kMany);
+    const double few = measure(measured, row, kFew);
+    const double many = measure(measured, row, kMany);
     char figures[80];
     std::snprintf(figures, sizeof figures, "%.0f | %.0f | %.2f", few, many, many / few);
     std::fprintf(stderr, "%s | %s\n", name.c_str(), figures);
     if (many / few < worst) continue;
     worst = many / few;
-    line = std::string("| ") + call.name + " | " + figures + " | " + where + " |\n";
+    line = std::string("| ") + measured.name + " | " + figures + " | " + where + " |\n";
   }
   std::fputs(line.c_str(), stdout);
   return worst;
 }
 
+std::vector<Row> rows_of(const Measured &measured) {
+  std::vector<Row> rows;
+  for (const Kind *const kind : measured.kinds) {
+    for (const Order order : measured.orders) {
+      for (const Mix mix : measured.mixes) rows.push_back({kind, order, mix});
+    }
+  }
+  return rows;
+}
+
 }  // namespace
 
 int main(int count, char **arguments) {
-  if (const std::optional<int> status = bench::run_under_callgrind(arguments)) return *status;
+  bench::run_under_callgrind(arguments);
   const std::vector<std::string> words(arguments + 1, arguments + count);
   std::fputs(
       "| instructions of a call | 1,000 siblings | 100,000 | ratio | worst in |\n"
       "| --- | ---: | ---: | ---: | --- |\n",
       stdout);
   double worst = 0;
-  for (const Call &call : kCalls) worst = std::max(worst, measure_call(call, words));
+  for (const Measured &measured : kMeasured) {
+    worst = std::max(worst, measure_rows(measured, rows_of(measured), words));
+  }
   return worst <= kHighestRatio ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -5,14 +5,11 @@
 
 #include <valgrind/callgrind.h>
 
-#include <cstdint>
-#include <optional>
-
 namespace bench {
 
-// Outside of valgrind: runs the program again under callgrind and returns how that ended. Under callgrind:
-// nothing; go on and count. The arguments are those of main().
-std::optional<int> run_under_callgrind(char **arguments);
+// Outside of valgrind, the program begins anew under callgrind; there, this does nothing. The arguments are
+// those of main().
+void run_under_callgrind(char **arguments);
 
 // Counts from its making on, one object at a time; what is not inside a call of the object costs the program
 // five times its time and calls fifty times.
@@ -26,14 +23,18 @@ class InstructionCounter {
   // Makes the call and counts its instructions.
   template <typename Call>
   auto operator()(Call call) {
+    ++calls_;
     CALLGRIND_TOGGLE_COLLECT;
     const auto result = call();
     CALLGRIND_TOGGLE_COLLECT;
     return result;
   }
 
-  // The instructions of all calls since the last take() or the beginning.
-  std::uint64_t take();
+  // The instructions of a call, of all that were counted; to be asked once.
+  double mean() const;
+
+ private:
+  double calls_ = 0;
 };
 
 }  // namespace bench

@@ -1,6 +1,5 @@
 // jt_footprint: the heap that a decoded template takes, on any target, as this program needs no other
 // library. Prints bytes for each attribute, for "long" for each value, and for a hostile shape for each byte.
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -11,17 +10,11 @@
 int main() {
   for (const bench::Shape &shape : bench::shapes()) {
     const std::string text = shape.make();
-    std::ptrdiff_t attributes = 0;
-    for (std::size_t at = 0; (at = text.find(";\n", at)) != std::string::npos; ++at) ++attributes;
-    const auto values = std::ranges::count(text, ',') + 1;
     bench::take_heap_use();
     jt_parser_space *const space = jt_open_parsing_utility("jt_footprint");
     if (jt_decode_template(space, text.c_str()) == 0) return EXIT_FAILURE;
     const auto bytes = static_cast<double>(bench::take_heap_use());
-    const auto parts = shape.is_hostile ? static_cast<std::ptrdiff_t>(text.size())
-                       : attributes > 1 ? attributes
-                                        : values;
-    std::printf("%s\t%.1f\n", shape.name, bytes / static_cast<double>(parts));
+    std::printf("%s\t%.1f\n", shape.name, bytes / static_cast<double>(bench::parts(shape, text)));
     jt_close_parsing_utility(space);
   }
 }

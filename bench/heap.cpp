@@ -28,10 +28,8 @@ void *malloc(std::size_t size) { return counted(__libc_malloc(size)); }
 void *calloc(std::size_t count, std::size_t size) { return counted(__libc_calloc(count, size)); }
 
 void *realloc(void *block, std::size_t size) {
-  const std::ptrdiff_t before = size_of(block);
-  void *const grown = __libc_realloc(block, size);
-  if (grown != nullptr || size == 0) in_use += size_of(grown) - before;
-  return grown;
+  in_use -= size_of(block);
+  return counted(__libc_realloc(block, size));
 }
 
 void free(void *block) {

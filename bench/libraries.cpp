@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <pugixml.hpp>
+#include <sstream>
 #include <utility>
 
 #include "jt.hpp"
@@ -19,10 +20,10 @@ namespace {
 // One session for all trees, as in a client that handles one job after the other.
 class Jt : public Library {
  public:
-  Jt() : space_(jt_open_parsing_utility("jt_bench")) {}
   ~Jt() override { jt_close_parsing_utility(space_); }
 
   bool parse(const std::string &text) override {
+    if (space_ == nullptr) space_ = jt_open_parsing_utility("jt_bench");
     job_ = jt_decode_template(space_, text.c_str());
     return job_ != 0;
   }
@@ -38,7 +39,7 @@ class Jt : public Library {
   }
 
  protected:
-  jt_parser_space *space_;
+  jt_parser_space *space_ = jt_open_parsing_utility("jt_bench");
   int32_t job_ = 0;
   char *text_ = nullptr;
 };
@@ -52,11 +53,6 @@ class JtBeside : public Jt {
 // A session for each tree.
 class JtSession : public Jt {
  public:
-  bool parse(const std::string &text) override {
-    if (space_ == nullptr) space_ = jt_open_parsing_utility("jt_bench");
-    return Jt::parse(text);
-  }
-
   void destroy() override {
     free(std::exchange(text_, nullptr));
     jt_close_parsing_utility(std::exchange(space_, nullptr));
@@ -102,22 +98,17 @@ constexpr LibraryRow kLibraries[] = {
 };
 
 // An element for each service, invocation, attribute and value.
-void add_attributes(pugi::xml_node parent, const jt::Service &service, Texts &counted) {
+void add_attributes(pugi::xml_node parent, const jt::Service &service) {
   for (const jt::Text &name : service.attributes()) {
     pugi::xml_node attribute = parent.append_child("attribute");
-    const std::string type = service.type_of(name).value().c_str();
-    attribute.append_attribute("type") = type.c_str();
+    attribute.append_attribute("type") = service.type_of(name).value().c_str();
     attribute.append_attribute("name") = name.c_str();
     attribute.append_attribute("compulsory") = !service.is_non_compulsory(name);
-    ++counted.attributes;
-    for (const jt::Text &value : service.texts(name)) {
-      attribute.append_child("value").text() = value.c_str();
-      ++counted.values;
-    }
+    for (const jt::Text &value : service.texts(name)) attribute.append_child("value").text() = value.c_str();
   }
 }
 
-void add_services(pugi::xml_node parent, const jt::Template &job, Texts &counted) {
+void add_services(pugi::xml_node parent, const jt::Template &job) {
   for (const jt::Service &service : job.services()) {
     pugi::xml_node at = parent.append_child("service");
     at.append_attribute("type") = service.type().value().c_str();
@@ -125,7 +116,7 @@ void add_services(pugi::xml_node parent, const jt::Template &job, Texts &counted
     for (const jt::Service &invocation : service.invocations()) {
       pugi::xml_node inner = at.append_child("invocation");
       inner.append_attribute("name") = invocation.invocation_name().value().c_str();
-      add_attributes(inner, invocation, counted);
+      add_attributes(inner, invocation);
     }
   }
 }
@@ -172,15 +163,14 @@ Texts make_texts(const std::string &sil) {
   const jt::Session session("jt_bench");
   const auto job = session.decode(sil);
   require(job && session.last_report().category() == jt::Category::none, "decoding a shape");
-  Texts texts = {job->encode().value().str(), {}, {}, 0, 0};
   pugi::xml_document document;
-  add_services(document.append_child("template"), *job, texts);
-  texts.xml = save_xml(document);
-  rapidjson::StringBuffer buffer;
-  Json json(buffer);
-  write_element(json, document.document_element());
-  texts.json = buffer.GetString();
-  return texts;
+  add_services(document.append_child("template"), *job);
+  std::ostringstream xml;
+  document.save(xml, "", pugi::format_raw, pugi::encoding_utf8);
+  rapidjson::StringBuffer json;
+  Json writer(json);
+  write_element(writer, document.document_element());
+  return {job->encode().value().str(), xml.str(), json.GetString()};
 }
 
 void require(bool holds, std::string_view what) {

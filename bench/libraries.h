@@ -8,10 +8,6 @@
 #include <string>
 #include <string_view>
 
-namespace pugi {
-class xml_document;
-}
-
 namespace bench {
 
 // Each call does one step of a life and nothing else, so that its time is that step's.
@@ -36,8 +32,6 @@ struct Texts {
   std::string sil;
   std::string xml;
   std::string json;
-  std::size_t attributes;
-  std::size_t values;
 };
 
 // The SIL need not be in jt's layout yet. Ends the program if it is not clean.
@@ -54,9 +48,6 @@ std::span<const LibraryRow> libraries();
 
 std::unique_ptr<Library> make_pugixml();
 std::unique_ptr<Library> make_converting_pugixml();
-
-// Writes a document as the measured library does.
-std::string save_xml(const pugi::xml_document &document);
 
 // Ends the program with a message when a condition does not hold: a figure of anything but the same facts
 // would be worth nothing.

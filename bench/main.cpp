@@ -37,17 +37,18 @@ constexpr const char *kStepNames[] = {"parse", "save", "destroy"};
 struct Task {
   std::string name;
   const bench::LibraryRow *library;
+  bool is_hostile;
   std::string text;
   std::size_t parts;  // that a figure is divided by: attributes, values or bytes
-  bool is_hostile;
+  double heap;        // that the library holds after a parse
 };
 
 double seconds() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// Whether a library writes its own text again, and so has understood all of it; that of a hostile shape is
-// not its own. Gives the heap that it holds in between.
+// Makes sure that a library writes its own text again, and so has understood all of it; that of a hostile shape
+// is not its own. Gives the heap that it holds in between.
 double heap_of(const Task &task) {
   bench::take_heap_use();
   const auto library = task.library->make();
@@ -84,8 +85,8 @@ void run(benchmark::State &state, const Task &task, Step measured) {
   is_warm = true;
   if (RUNNING_ON_VALGRIND != 0) counter.emplace();
   for (auto iteration : state) live();
-  if (counter) state.counters["instructions"] = static_cast<double>(counter->take() / state.iterations());
-  if (measured == kParse) state.counters["heap"] = heap_of(task);
+  if (counter) state.counters["instructions"] = counter->mean();
+  if (measured == kParse) state.counters["heap"] = task.heap;
   state.counters["parts"] = static_cast<double>(task.parts);
 }
 
@@ -105,12 +106,9 @@ int parse_first(const std::string &name, const char *path) {
 }
 
 void run_first(benchmark::State &state, const Task &task) {
-  std::string path = std::filesystem::temp_directory_path() / "jt_bench.XXXXXX";
-  const int descriptor = mkstemp(path.data());
-  require(descriptor >= 0, "a file for the text");
-  close(descriptor);
-  std::ofstream(path) << task.text;
   const std::string program = std::filesystem::read_symlink("/proc/self/exe");
+  const std::string path = program + "." + std::to_string(getpid()) + ".text";
+  std::ofstream(path) << task.text;
   const std::string command = program + " --first '" + task.library->name + "' " + path;
   for (auto iteration : state) {
     double taken = 0;
@@ -128,29 +126,24 @@ void run_first(benchmark::State &state, const Task &task) {
 double lowest(const std::vector<double> &times) { return *std::ranges::min_element(times); }
 
 // Whatever else a machine does only adds to a time: the lowest one counts.
-void add(const std::string &name, const std::function<void(benchmark::State &)> &run, int repetitions,
-         std::size_t iterations) {
+void set_up(benchmark::internal::Benchmark *added, int repetitions, std::size_t iterations) {
   const bool counts = RUNNING_ON_VALGRIND != 0;
-  benchmark::RegisterBenchmark(name.c_str(), run)
-      ->UseManualTime()
-      ->ComputeStatistics("min", lowest)
-      ->ReportAggregatesOnly(true)
-      ->Repetitions(counts ? 1 : repetitions)
-      ->Iterations(counts ? 3 : static_cast<benchmark::IterationCount>(iterations));
+  added->UseManualTime()->ComputeStatistics("min", lowest)->ReportAggregatesOnly(true);
+  added->Repetitions(counts ? 1 : repetitions);
+  added->Iterations(counts ? 3 : static_cast<benchmark::IterationCount>(iterations));
 }
 
 void add_task(const Task &task) {
   constexpr std::size_t kBytes = 256U << 10U;  // of text in a repetition, or one text
   for (const Step step : {kParse, kSave, kDestroy}) {
     if (task.is_hostile && step == kSave) continue;
-    add(
-        task.name + "/" + kStepNames[step],
-        [&task, step](benchmark::State &state) { run(state, task, step); },
-        task.text.size() < kBytes ? 60 : 15, 1 + kBytes / task.text.size());
+    const auto run_step = [&task, step](benchmark::State &state) { run(state, task, step); };
+    set_up(benchmark::RegisterBenchmark((task.name + "/" + kStepNames[step]).c_str(), run_step),
+           task.text.size() < kBytes ? 60 : 15, 1 + kBytes / task.text.size());
   }
   if (task.name.starts_with("typical/") && RUNNING_ON_VALGRIND == 0) {
-    add(
-        task.name + "/first", [&task](benchmark::State &state) { run_first(state, task); }, 41, 1);
+    const auto run_it = [&task](benchmark::State &state) { run_first(state, task); };
+    set_up(benchmark::RegisterBenchmark((task.name + "/first").c_str(), run_it), 41, 1);
   }
 }
 
@@ -162,15 +155,13 @@ std::list<Task> make_tasks() {
   for (const bench::Shape &shape : bench::shapes()) {
     const std::string sil = shape.make();
     if (RUNNING_ON_VALGRIND != 0 && sil.size() > kLargestCounted) continue;
-    const std::string name = std::string(shape.name) + "/";
-    if (shape.is_hostile) {
-      tasks.push_back({name + "jt", bench::libraries().data(), sil, sil.size(), true});
-      continue;
-    }
-    const bench::Texts texts = bench::make_texts(sil);
-    const std::size_t parts = texts.attributes > 1 ? texts.attributes : texts.values;
+    const bench::Texts texts = shape.is_hostile ? bench::Texts{sil, {}, {}} : bench::make_texts(sil);
+    const std::size_t parts = bench::parts(shape, sil);
     for (const bench::LibraryRow &library : bench::libraries()) {
-      tasks.push_back({name + library.name, &library, texts.*library.text, parts, false});
+      if (shape.is_hostile && &library != bench::libraries().data()) break;
+      const std::string name = std::string(shape.name) + "/" + library.name;
+      tasks.push_back({name, &library, shape.is_hostile, texts.*library.text, parts, 0});
+      tasks.back().heap = heap_of(tasks.back());
     }
   }
   return tasks;
@@ -182,7 +173,7 @@ int main(int count, char **arguments) {
   const std::string mode = count > 1 ? arguments[1] : "";
   if (mode == "--first" && count == 4) return parse_first(arguments[2], arguments[3]);
   if (mode == "--instructions") {
-    if (const std::optional<int> status = bench::run_under_callgrind(arguments)) return *status;
+    bench::run_under_callgrind(arguments);
     std::swap(arguments[1], arguments[0]);
     ++arguments;
     --count;

@@ -30,7 +30,9 @@ class Pugixml : public Library {
   }
 
   std::string_view save() override {
-    text_ = save_xml(*document_);
+    StringWriter writer;
+    document_->save(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    text_ = std::move(writer.text);
     return text_;
   }
 
@@ -46,33 +48,29 @@ class Pugixml : public Library {
   std::string text_;
 };
 
-enum class Kind { kEnumeration, kString, kInteger, kReal, kBoolean, kReference, kStructure };
+enum Kind { kName, kNumbers, kReal, kText };
 
-// A native value. A text is not copied; a reference is where its name and its qualifier begin.
+// A native value. A text is not copied.
 struct Value {
   Kind kind;
   union {
     std::array<std::int32_t, 10> numbers;
     float real;
     const char *text;
-    std::array<const char *, 2> reference;
   };
 };
 
-// Every other type is an enumeration.
-const std::unordered_map<std::string_view, Kind> kKinds = {
-    {"boolean", Kind::kBoolean},
-    {"integer", Kind::kInteger},
-    {"real", Kind::kReal},
-    {"ref_collection", Kind::kReference},
-    {"ref_invocation", Kind::kReference},
-    {"string", Kind::kString},
-    {"struct_gutter", Kind::kStructure},
-    {"struct_magnification", Kind::kStructure},
-    {"struct_rectangle", Kind::kStructure},
-    {"struct_timeofday", Kind::kStructure},
-    {"timestamp", Kind::kStructure},
-};
+// Every other type is an enumeration, and so is a boolean.
+const std::unordered_map<std::string_view, Kind> kKinds = {{"integer", kNumbers},
+                                                           {"ref_collection", kText},
+                                                           {"ref_invocation", kText},
+                                                           {"real", kReal},
+                                                           {"string", kText},
+                                                           {"struct_gutter", kNumbers},
+                                                           {"struct_magnification", kNumbers},
+                                                           {"struct_rectangle", kNumbers},
+                                                           {"struct_timeofday", kNumbers},
+                                                           {"timestamp", kNumbers}};
 
 struct TextHash : std::hash<std::string_view> {
   using is_transparent = void;
@@ -84,7 +82,8 @@ using Names = std::unordered_map<std::string, std::int32_t, TextHash, std::equal
 // so that it is not part of the first parse.
 const Names kNames = [] {
   std::vector<std::string> all = enumerated_names();
-  all.insert(all.end(), {"MM", "IN", "MIL", "AUTOISO", "AUTOANA", "NONE", "MANISO", "MANANA"});
+  all.insert(all.end(),
+             {"TRUE", "FALSE", "MM", "IN", "MIL", "AUTOISO", "AUTOANA", "NONE", "MANISO", "MANANA"});
   Names names;
   for (const std::string &name : all) names.try_emplace(name, static_cast<std::int32_t>(names.size()));
   return names;
@@ -92,13 +91,12 @@ const Names kNames = [] {
 
 bool convert_name(std::string_view text, std::int32_t &number) {
   const auto found = kNames.find(text);
-  if (found == kNames.end()) return false;
-  number = found->second;
-  return true;
+  number = found == kNames.end() ? -1 : found->second;
+  return number >= 0;
 }
 
 // All structures are numbers or names between slashes; the time of day has a colon.
-bool convert_structure(const char *text, Value &value) {
+bool convert_numbers(const char *text, Value &value) {
   for (std::int32_t &number : value.numbers) {
     char *end = nullptr;
     number = static_cast<std::int32_t>(std::strtol(text, &end, 10));
@@ -115,30 +113,14 @@ bool convert_structure(const char *text, Value &value) {
 }
 
 // Whether the text has the form that its kind wants.
-bool convert(Kind kind, const char *text, Value &value) {
-  value.kind = kind;
+bool convert(const char *text, Value &value) {
+  if (value.kind == kName) return convert_name(text, value.numbers[0]);
+  if (value.kind == kNumbers) return convert_numbers(text, value);
+  value.text = text;
+  if (value.kind == kText) return true;
   char *end = nullptr;
-  switch (kind) {
-    case Kind::kString:
-      value.text = text;
-      return true;
-    case Kind::kInteger:
-      value.numbers[0] = static_cast<std::int32_t>(std::strtol(text, &end, 10));
-      return end != text && *end == '\0';
-    case Kind::kReal:
-      value.real = std::strtof(text, &end);
-      return end != text && *end == '\0';
-    case Kind::kBoolean:
-      value.numbers[0] = std::strcmp(text, "TRUE") == 0;
-      return value.numbers[0] != 0 || std::strcmp(text, "FALSE") == 0;
-    case Kind::kEnumeration:
-      return convert_name(text, value.numbers[0]);
-    case Kind::kReference:
-      value.reference = {text, std::strchr(text, ':')};
-      return true;
-    default:
-      return convert_structure(text, value);
-  }
+  value.real = std::strtof(text, &end);
+  return end != text && *end == '\0';
 }
 
 // Keeps the native values beside the tree, in document order.
@@ -163,10 +145,11 @@ class ConvertingPugixml : public Pugixml {
  private:
   bool convert_values(pugi::xml_node attribute) {
     const auto found = kKinds.find(attribute.attribute("type").value());
-    const Kind kind = found == kKinds.end() ? Kind::kEnumeration : found->second;
+    const Kind kind = found == kKinds.end() ? kName : found->second;
     bool converted = true;
     for (const pugi::xml_node value : attribute.children()) {
-      converted = convert(kind, value.child_value(), values_.emplace_back()) && converted;
+      values_.push_back({kind, {}});
+      converted = convert(value.child_value(), values_.back()) && converted;
     }
     return converted;
   }
@@ -179,11 +162,5 @@ class ConvertingPugixml : public Pugixml {
 std::unique_ptr<Library> make_pugixml() { return std::make_unique<Pugixml>(); }
 
 std::unique_ptr<Library> make_converting_pugixml() { return std::make_unique<ConvertingPugixml>(); }
-
-std::string save_xml(const pugi::xml_document &document) {
-  StringWriter writer;
-  document.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
-  return std::move(writer.text);
-}
 
 }  // namespace bench

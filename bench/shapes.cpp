@@ -3,14 +3,20 @@
 // attribute.
 #include "shapes.h"
 
+#include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <set>
 #include <sstream>
+#include <utility>
 
 namespace bench {
 namespace {
 
+// An attribute of the job. The first one of a service begins it: "TYPE NAME" and its invocation.
 struct Row {
+  std::string service;
+  std::string invocation;
   bool is_wide;
   bool is_compulsory;
   std::string type;
@@ -19,42 +25,31 @@ struct Row {
   std::vector<std::string> alternatives;
 };
 
-struct Service {
-  std::string type;
-  std::string name;
-  std::string invocation;
-  std::vector<Row> rows;
-};
-
-Row read_row(const std::string &line) {
+std::vector<Row> read_job() {
+  std::vector<Row> job;
   Row row;
-  std::istringstream words(line);
-  std::string wide, star;
-  words >> wide >> star >> row.type >> row.name >> row.values >> std::ws;
-  row.is_wide = wide == "wide";
-  row.is_compulsory = star != "*";
-  for (std::string value; std::getline(words, value, '|');) row.alternatives.push_back(value);
-  return row;
-}
-
-std::vector<Service> read_job() {
-  std::vector<Service> job;
   std::ifstream file(JT_BENCH_JOB);
   for (std::string line; std::getline(file, line);) {
+    std::istringstream words(line);
+    std::string first, second;
+    words >> first >> second;
     if (line[0] == '[') {
-      std::istringstream words(line.substr(1, line.size() - 2));
-      Service &service = job.emplace_back();
-      words >> service.type >> service.name >> service.invocation;
+      row.service = first.substr(1) + " " + second;
+      std::getline(words >> std::ws, row.invocation, ']');
     } else if (line[0] != '#') {
-      job.back().rows.push_back(read_row(line));
+      row.is_wide = first == "wide";
+      row.is_compulsory = second != "*";
+      words >> row.type >> row.name >> row.values >> std::ws;
+      for (std::string value; std::getline(words, value, '|');) row.alternatives.push_back(value);
+      job.push_back(std::exchange(row, {}));
     }
   }
   return job;
 }
 
-const std::vector<Service> &job() {
-  static const std::vector<Service> services = read_job();
-  return services;
+const std::vector<Row> &job() {
+  static const std::vector<Row> rows = read_job();
+  return rows;
 }
 
 // The attribute as its turn comes, under a name of its own.
@@ -68,40 +63,34 @@ std::string attribute(const Row &row, const std::string &name, std::size_t turn)
   return text + ";\n";
 }
 
+constexpr char kEnd[] = "}\nend\n";
+
 std::string jobs(std::size_t count) {
   std::string text;
   for (std::size_t i = 0; i < count; ++i) {
-    for (const Service &service : job()) {
-      text += "[" + service.type + " " + service.name + (count > 1 ? std::to_string(i + 1) : "") + "]\n";
-      text += service.invocation + "{\n";
-      for (const Row &row : service.rows) text += attribute(row, row.name, i);
-      text += "}\nend\n";
+    const std::string number = count > 1 ? std::to_string(i + 1) : "";
+    for (const Row &row : job()) {
+      if (!row.service.empty()) {
+        text += (text.empty() ? "" : kEnd) + ("[" + row.service + number + "]\n") + row.invocation + "{\n";
+      }
+      text += attribute(row, row.name, i);
     }
   }
-  return text;
+  return text + kEnd;
 }
 
 std::string one_invocation(const std::string &attributes) {
-  return "[kmt_svc_scan Scanner]\nLetter{\n" + attributes + "}\nend\n";
+  return "[kmt_svc_scan Scanner]\nLetter{\n" + attributes + kEnd;
 }
 
 constexpr std::size_t kSiblings = 100000;
 
-// Attributes of one invocation, whose types are those of a scan and the base types.
-std::vector<Row> wide_rows() {
-  std::vector<Row> rows;
-  for (const Service &service : job()) {
-    for (const Row &row : service.rows) {
-      if (row.is_wide) rows.push_back(row);
-    }
-  }
-  return rows;
-}
-
-// Each attribute under a name that is made of its number.
+// Attributes of one invocation, whose types are those of a scan and the base types, each under a name that is
+// made of its number.
 template <typename Name>
 std::string wide_of(Name name) {
-  const std::vector<Row> rows = wide_rows();
+  std::vector<Row> rows;
+  std::ranges::copy_if(job(), std::back_inserter(rows), &Row::is_wide);
   std::string text;
   for (std::size_t i = 0; i < kSiblings; ++i) {
     const Row &row = rows[i % rows.size()];
@@ -117,9 +106,7 @@ std::string wide() {
 // Names that do not count up: three names of the job in a row.
 std::string wide_real_names() {
   std::set<std::string> known;
-  for (const Service &service : job()) {
-    for (const Row &row : service.rows) known.insert(row.name);
-  }
+  for (const Row &row : job()) known.insert(row.name);
   const std::vector<std::string> names(known.begin(), known.end());
   return wide_of([&](const Row &, std::size_t i) {
     const std::size_t next = i / names.size();
@@ -177,13 +164,18 @@ constexpr Shape kShapes[] = {
 
 std::vector<std::string> enumerated_names() {
   std::vector<std::string> names;
-  for (const Service &service : job()) {
-    for (const Row &row : service.rows) {
-      if (row.type.find("enum_") == std::string::npos) continue;
-      names.insert(names.end(), row.alternatives.begin(), row.alternatives.end());
-    }
+  for (const Row &row : job()) {
+    if (row.type.find("enum_") == std::string::npos) continue;
+    names.insert(names.end(), row.alternatives.begin(), row.alternatives.end());
   }
   return names;
+}
+
+std::size_t parts(const Shape &shape, const std::string &text) {
+  std::size_t attributes = 0;
+  for (std::size_t at = 0; (at = text.find(";\n", at)) != std::string::npos; ++at) ++attributes;
+  if (shape.is_hostile) return text.size();
+  return attributes > 1 ? attributes : static_cast<std::size_t>(std::ranges::count(text, ',') + 1);
 }
 
 std::span<const Shape> shapes() { return kShapes; }

@@ -18,6 +18,9 @@ struct Shape {
 
 std::span<const Shape> shapes();
 
+// What a figure of the shape is divided by: attributes, of one long attribute values, of a hostile shape bytes.
+std::size_t parts(const Shape &shape, const std::string &text);
+
 // The names of enumerated values in the shapes, some more than once.
 std::vector<std::string> enumerated_names();
 

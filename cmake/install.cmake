@@ -1,18 +1,24 @@
 # What `cmake --install` puts where, in four components: runtime (the shared library), development (headers, the
 # static library, what find_package() and pkg-config read, the pages on the calls), tools (with their pages and
-# that on SIL) and documentation (the manual and the examples). Nothing of it knows the prefix: an installed tree
+# that on SIL, and what shells complete) and documentation (the manual and the examples). Nothing of it knows the prefix: an installed tree
 # may be moved.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS jt_static jt_shared jt_cpp EXPORT jt_targets
+install(TARGETS ${jt_libraries} jt_cpp EXPORT jt_targets
         ARCHIVE COMPONENT development
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ TYPE INCLUDE COMPONENT development)
 if(JT_BUILD_PROGRAMS OR JT_BUILD_TESTS)
-  install(TARGETS jt-driver jt-roundtrip RUNTIME COMPONENT tools)
+  install(TARGETS jt-driver jt-roundtrip sil RUNTIME COMPONENT tools)
+  set(completions ${PROJECT_BINARY_DIR}/tools/sil/completions)
+  install(FILES ${completions}/sil DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+  install(FILES ${completions}/_sil DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT tools)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/sil/sil.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/jt
+          COMPONENT tools)
 endif()
 
 # For find_package().
+string(REPLACE "jt_" "jt::" jt_usual ${jt_usual})
 set(cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/jt)
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/jt-config.cmake.in ${PROJECT_BINARY_DIR}/jt-config.cmake

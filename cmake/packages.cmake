@@ -45,7 +45,8 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME jt-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${summary} - tools\n${what_it_is}
 .
-This package holds jt-roundtrip, which reads a template, prints it as jt
+This package holds sil, one command to show, change and convert templates
+from a shell, jt-roundtrip, which reads a template, prints it as jt
 writes it and says what is doubtful about it, jt-driver, which times the
 steps, and a page on the language.")
 

@@ -23,3 +23,9 @@ function(jt_add_program target)
   jt_set_defaults(${target})
   target_link_libraries(${target} PRIVATE jt::static)
 endfunction()
+
+# What the C compiler has to link beside libjt.a: the library of C++ that the C++ compiler links by itself.
+set(JT_CXX_RUNTIME stdc++)
+if("c++" IN_LIST CMAKE_CXX_IMPLICIT_LINK_LIBRARIES)
+  set(JT_CXX_RUNTIME c++)
+endif()

@@ -15,8 +15,9 @@
 /// ```
 ///
 /// One header, valid C11 and C++. Its chapters: handles and records; sessions, errors, texts; templates;
-/// values; services and invocations; reading attributes; changing attributes; statuses; elements; catalogue; source. The last
-/// three chapters export what lies beneath these calls, reports, nodes and types, for tools that look closer;
+/// values; services and invocations; reading attributes; changing attributes; statuses; elements; changing elements;
+/// catalogue; source. The last three chapters export what lies beneath these calls, reports, nodes and types, for
+/// tools that look closer;
 /// most clients never need them.
 
 // The comments are read by people and by Doxygen. `\errors` lists what is recorded, `\owner` who releases
@@ -52,11 +53,13 @@
 /// | depth | what is wrong | what is recorded |
 /// |---|---|---|
 /// | session | the parser handle is null | nothing, in any session; the call fails at once |
+/// | session | a listener of the session is being told something | `CALL ERROR: made from inside a listener` |
 /// | arguments | those of the call itself | as the call says; the status was set to 0 before |
 /// | template | the handle is not live | `SYSTEM ERROR: unknown opaque marker`, then the next |
 /// | | | `CALL ERROR: not a valid handle` |
 /// | template | it is not of a template | `CALL ERROR: not a template` |
 /// | element | the handle is not live | as for a template, of which it need not be the handle |
+/// | element | the call is for other kinds | `CALL ERROR: not for this kind of element` |
 /// | service | there is none of that name | `CALL ERROR: does not exist:` + service name |
 /// | invocation | none is current | `CALL ERROR: no current invocation` |
 /// | attribute | there is none of that name | `CALL ERROR: does not exist:` + attribute name |
@@ -221,6 +224,35 @@ enum {
 /// \return The session; null also without memory, when there is no session to ask why.
 /// \owner The caller: jt_close_parsing_utility().
 JT_API jt_parser_space *jt_open_parsing_utility(const char *label);
+
+/// Where a session takes the memory that it keeps. The functions are called during calls on the session, on the
+/// thread of those calls, and may not use the session themselves.
+typedef struct jt_allocator {
+  /// `sizeof(jt_allocator)`: the record may grow in a later version.
+  size_t size;
+  /// Handed to each of the functions; may be null.
+  void *context;
+  /// A block of so many bytes, one at least, aligned as that of `malloc`; null when there is none.
+  void *(*allocate)(void *context, size_t bytes);
+  /// A block, never null, with another size, its content kept; null when there is none, and then the block is as
+  /// it was.
+  void *(*reallocate)(void *context, void *block, size_t bytes);
+  /// Takes back a block, never null.
+  void (*release)(void *context, void *block);
+} jt_allocator;
+
+/// Opens a session with memory of its own: what it keeps (templates with all that is in them, the session itself)
+/// and the text that is being encoded come from the allocator and have all gone back to it when
+/// jt_close_parsing_utility() returns. What is handed out, and what lives only as long as a call, still comes from
+/// `malloc`, so that `free` releases it; so does what a client's own type makes. An allocator that has nothing to
+/// give makes calls fail as any failing allocation does.
+///
+/// \param label      Any text, kept as a copy; null gives null.
+/// \param allocator  Copied, but for what its context points to, which must outlive the session; null stands for
+///                   the heap of the C library. One whose size is too small, or that lacks a function, gives null.
+/// \return The session; null also without memory, when there is no session to ask why.
+/// \owner The caller: jt_close_parsing_utility().
+JT_API jt_parser_space *jt_open_session(const char *label, const jt_allocator *allocator);
 
 /// Closes a session and destroys every template that is still alive in it. No frame.
 ///
@@ -1025,7 +1057,7 @@ JT_API jt_status *jt_get_attribute_status(jt_parser_space *space, int32_t handle
 ///
 /// Everything in a template by handle: its header, its section, the services, invocations, attributes and
 /// values of all of them, with their comments, statuses and the texts behind these. Each is an element and
-/// has a handle like a template's. These calls change nothing. The state of a walk is the handle that the
+/// has a handle like a template's. These calls change nothing; those of the next chapter do. The state of a walk is the handle that the
 /// caller holds, so walks do not disturb each other, and no cursor moves:
 ///
 /// ```c
@@ -1033,9 +1065,9 @@ JT_API jt_status *jt_get_attribute_status(jt_parser_space *space, int32_t handle
 /// ```
 ///
 /// A handle lives as long as its element: until that, or one that it is in, is deleted or destroyed, or, for
-/// a value, until it is replaced. Then it fails, until its slot is taken by a new node. A header and a
-/// section are no children of their template; jt_header() and jt_section() find them. Elements of any depth
-/// are told apart by jt_element_kind().
+/// a value, until it is replaced by a call that names the attribute. Then it fails, until its slot is taken by a
+/// new node. A header and a section are no children of their template; jt_header() and jt_section() find them.
+/// Elements of any depth are told apart by jt_element_kind().
 /// \{
 
 /// What jt_element_flags() adds up.
@@ -1188,6 +1220,180 @@ JT_API int32_t jt_element_flags(jt_parser_space *space, int32_t element);
 
 /// \}
 
+// ---- Changing elements ------------------------------------------------------------------------------------
+
+/// \defgroup element_changes Changing elements
+///
+/// Whatever may be set of an element, by its handle, in header and section too. What is set here is written by
+/// jt_encode_template() and read back as the same; what would not be is refused with
+/// `CALL ERROR: would not be read back:` + text. A **word** is one or more bytes, none of them white space, a quote,
+/// `\` or `#`, or one of `[]{}()<>=,;*!$%&^?|`; it is not `end`. A refused call changes nothing, and a call moves no
+/// cursor but as it is said there.
+///
+/// ```c
+/// int32_t copies = jt_find_child(s, jt_first_child(s, jt_find_child(s, job, "Scan")), "Copies");
+/// if (jt_set_element_value_text(s, jt_first_child(s, copies), "2") == 0) puts(jt_get_recent_error(s));
+/// ```
+/// \{
+
+/// Gives an element a comment in place of the one that it has.
+///
+/// \of_element
+/// \param comment  Lines that begin with `#` and end with a line feed each, of at most 1023 bytes without that, and
+///                 without carriage return, vertical tab and form feed. Null or empty: no comment.
+/// \return 1; 0 on failure.
+/// \errors `CALL ERROR: not for this kind of element` for a value, which has none;
+/// `CALL ERROR: would not be read back:` + comment; `MEMORY ERROR: allocation error`, then
+/// `MEMORY ERROR: allocating for the comment:` + comment.
+/// \cost O(its length).
+JT_API int32_t jt_set_element_comment(jt_parser_space *space, int32_t element, const char *comment);
+
+/// Names a service, an invocation or an attribute. It is found by that name from then on and keeps its place.
+///
+/// \of_element
+/// \param name  A word of at most 1023 bytes, which no other child of its parent has. For a service that has
+///              invocations, one under which they know the same types: that of a service of the type tables stands
+///              for other types than another one.
+/// \return 1; 0 on failure.
+/// \errors Before the handle is looked at: `CALL ERROR: no name to set` for a null or empty name. Then
+/// `CALL ERROR: not for this kind of element`; `CALL ERROR: would not be read back:` + name;
+/// `SYNTAX ERROR: duplicate naming not allowed` + name; `MEMORY ERROR: could not allocate the name` + name.
+JT_API int32_t jt_set_element_name(jt_parser_space *space, int32_t element, const char *name);
+
+/// Gives a service, an invocation or an attribute the status of that name. A text behind the status that it has
+/// stays.
+///
+/// \of_element
+/// \param name  The name, any case. One that no number has is kept as it is. It must be read back as one token: a
+///              word of at most 2047 bytes, `end`, or one sign of punctuation other than `)`. Null: no status, and no
+///              text behind one.
+/// \return 1; 0 on failure.
+/// \errors <code>WARNING: trying to evaluate as an 'enumerated' type:</code> + name, and the call succeeds, for a
+/// name that no number has. `CALL ERROR: not for this kind of element`; `CALL ERROR: would not be read back:` + name;
+/// `MEMORY ERROR: allocation error`, then `MEMORY ERROR: allocating value :` + name.
+JT_API int32_t jt_set_element_status(jt_parser_space *space, int32_t element, const char *name);
+
+/// Gives the status of a service, an invocation or an attribute a text: the reason, or for an attribute the value
+/// that was overridden.
+///
+/// \of_element
+/// \param text  A word of at most 2047 bytes. For an attribute also `end` and one sign of punctuation other than `}`;
+///              for an invocation and an attribute also the empty text. Null: no text.
+/// \return 1; 0 on failure.
+/// \errors `CALL ERROR: not for this kind of element`; `CALL ERROR: there is no status`, and neither is one with an
+/// empty text; `CALL ERROR: would not be read back:` + text; `MEMORY ERROR: allocation error`.
+JT_API int32_t jt_set_element_status_text(jt_parser_space *space, int32_t element, const char *text);
+
+/// Makes an attribute non-compulsory, that is gives it a star, or makes it compulsory.
+///
+/// \of_element
+/// \param non_compulsory  0: compulsory; else non-compulsory.
+/// \return 1; 0 on failure.
+/// \errors `CALL ERROR: not for this kind of element`.
+JT_API int32_t jt_set_element_non_compulsory(jt_parser_space *space, int32_t element, int32_t non_compulsory);
+
+/// Puts another value in the place of a value, which keeps its handle.
+///
+/// \of_element
+/// \param text  The text of the new value, unquoted; not null. Of an unknown type the text itself is kept.
+/// \return 1; 0 on failure, and when the type refuses the text.
+/// \errors Before the handle is looked at: `CALL ERROR: value is a NULL pointer`. Then
+/// `CALL ERROR: not for this kind of element`; those of the type (see \ref values);
+/// `MEMORY ERROR: allocation error`.
+/// \cost O(length of the text).
+JT_API int32_t jt_set_element_value_text(jt_parser_space *space, int32_t element, const char *text);
+
+/// Appends a value to an attribute.
+///
+/// \of_element
+/// \param text  The text of the value, unquoted; not null. Of an unknown type the text itself is kept.
+/// \return The handle of the value; 0 on failure, and when the type refuses the text, or is a kind of block, then
+/// without a report.
+/// \errors Before the handle is looked at: `CALL ERROR: value is a NULL pointer`. Then
+/// `CALL ERROR: not for this kind of element`; those of the type (see \ref values);
+/// `MEMORY ERROR: allocating for a value node` + text.
+/// \cost O(length of the text).
+JT_API int32_t jt_add_element_value_text(jt_parser_space *space, int32_t element, const char *text);
+
+/// Destroys a service, an invocation, an attribute or a value with everything in it. A cursor that stands on it moves
+/// as by the calls on services, invocations and attributes.
+///
+/// \of_element
+/// \return 1; 0 on failure.
+/// \errors `CALL ERROR: not for this kind of element`.
+/// \cost O(nodes below it).
+JT_API int32_t jt_remove_element(jt_parser_space *space, int32_t element);
+
+/// Gives a template a header of a form, or changes the one that it has, which keeps its attributes, or takes it away.
+/// A form with a section makes an empty one where there is none. The plain form, and taking the header away, drop a
+/// section, which must be empty.
+///
+/// \of_template
+/// \param form        #JT_NODE_HEADER_PLAIN, #JT_NODE_HEADER_QUESTION or #JT_NODE_HEADER_EXCLAIM; 0 for no header, and
+///                    then the words are not looked at.
+/// \param version     The version, a word of at most 2047 bytes; not null. The language's is `4.2.00`; a decoder warns
+///                    of any other.
+/// \param identifier  The identifier, a word of at most 2047 bytes; not null.
+/// \return 1; 0 on failure.
+/// \errors Before the handle is looked at: `CALL ERROR: value is a NULL pointer`. Then `CALL ERROR: not a template` for
+/// a section, too; `CALL ERROR: form of header does not allow it` for no such form, for #JT_NODE_HEADER_EXCLAIM while
+/// the template has services, and for any without a section while that has services;
+/// `CALL ERROR: would not be read back:` + word; `MEMORY ERROR: Saving the header\n`, after others.
+/// \cost O(attributes) for taking it away.
+JT_API int32_t jt_set_header(jt_parser_space *space, int32_t handle, int32_t form, const char *version,
+                             const char *identifier);
+
+/// Gives the header of a template another version.
+///
+/// \of_template
+/// \param version  A word of at most 2047 bytes; not null.
+/// \return 1; 0 on failure.
+/// \errors Before the handle is looked at: `CALL ERROR: value is a NULL pointer`. Then
+/// `CALL ERROR: there is no header`; `CALL ERROR: would not be read back:` + version;
+/// `MEMORY ERROR: Saving the header\n`, after others.
+JT_API int32_t jt_set_header_version(jt_parser_space *space, int32_t handle, const char *version);
+
+/// Gives the header of a template another identifier.
+///
+/// \of_template
+/// \param identifier  A word of at most 2047 bytes; not null.
+/// \return 1; 0 on failure.
+/// \errors As jt_set_header_version().
+JT_API int32_t jt_set_header_identifier(jt_parser_space *space, int32_t handle, const char *identifier);
+
+/// Appends a compulsory attribute without values to the header of a template. jt_add_element_value_text() gives it
+/// values, and jt_remove_element() destroys it.
+///
+/// \of_template
+/// \param type_name       A base type.
+/// \param attribute_name  A word of at most 1023 bytes that no attribute of the header has.
+/// \return The handle of the attribute; 0 on failure.
+/// \errors Before the handle is looked at: `CALL ERROR: no name to set` for a null or empty name. Then
+/// `CALL ERROR: there is no header`; `CALL ERROR: would not be read back:` + name;
+/// `SYNTAX ERROR: unknown or invalid type:` + type; `SYNTAX ERROR: Trying to save multiple definitions for:` + name.
+JT_API int32_t jt_add_header_attribute(jt_parser_space *space, int32_t handle, const char *type_name,
+                                       const char *attribute_name);
+
+/// Gives a template an empty section. jt_set_header() has done so already, unless jt_remove_section() took it away or
+/// the text had none.
+///
+/// \of_template
+/// \return The handle of the section, see jt_section(); 0 on failure.
+/// \errors `CALL ERROR: not a template` for a section, too; `CALL ERROR: there is no header`;
+/// `CALL ERROR: form of header does not allow it` for a plain header, and where there is a section.
+JT_API int32_t jt_add_section(jt_parser_space *space, int32_t handle);
+
+/// Destroys the section of a template with everything in it.
+///
+/// \of_template
+/// \return 1; 0 on failure, and without a report when there is none.
+/// \errors `CALL ERROR: not a template` for a section, too; `CALL ERROR: form of header does not allow it` where the
+/// text would be refused without one: a `<! SIL` header needs it, and so does a `<? SIL` header in front of no services.
+/// \cost O(nodes below it).
+JT_API int32_t jt_remove_section(jt_parser_space *space, int32_t handle);
+
+/// \}
+
 // ---- Catalogue --------------------------------------------------------------------------------------------
 
 /// \defgroup catalogue Catalogue
@@ -1218,7 +1424,7 @@ JT_API const char *jt_catalogue_service(int32_t index);
 JT_API const jt_type *jt_catalogue_types(const char *service_name, int32_t *count);
 
 /// A name that the enumerated types of a service accept, with its number. Of several names for one number
-/// jt_encode_value() tells which is written. All enumerated types of a service share one list: which of its names
+/// jt_catalogue_is_written() tells which is written. All enumerated types of a service share one list: which of its names
 /// are meant for which type is not known.
 ///
 /// \param service_name  The service, letters folded; null for the names of `kmt_enum_status`, `enum_units` and
@@ -1230,6 +1436,77 @@ JT_API const jt_type *jt_catalogue_types(const char *service_name, int32_t *coun
 /// \owner The caller: jt_destroy_value_string() or `free`.
 /// \cost O(its length).
 JT_API char *jt_catalogue_name(const char *service_name, int32_t index, uint32_t *number);
+
+/// Whether a name is the one that is written for its number. Of several names for one number one is; the others are
+/// read, and written back as that one.
+///
+/// \param service_name  As for jt_catalogue_name().
+/// \param index         As for jt_catalogue_name().
+/// \return 1 or 0; 0 where there is no such name.
+JT_API int32_t jt_catalogue_is_written(const char *service_name, int32_t index);
+
+/// The form of the values of a type, as one line. Words in small letters are parts, capitals and signs stand for
+/// themselves, `[` and `]` are around what may be left out, and `|` is between what excludes each other:
+///
+/// | form | of |
+/// |---|---|
+/// | `TRUE\|FALSE` | boolean |
+/// | `integer` | integer: a sign or none, digits |
+/// | `decimal` | real: digits, a point among them or none |
+/// | `text` | string: any bytes |
+/// | `year/month/day/hour/minute/second` | timestamp: four digits, then two each |
+/// | `hour:minute` | struct_timeofday |
+/// | `invocation[:qualifier]` | ref_invocation |
+/// | `collection` | ref_collection |
+/// | `name` | every enumerated type: a name of jt_catalogue_name(); any other is kept with a warning |
+/// | `x/y/width/height/unit` | struct_rectangle |
+/// | `width/width/unit` | struct_gutter |
+/// | `mode[/percentage[/percentage]]` | struct_magnification: `NONE`, `AUTOISO`, `AUTOANA`; one number behind `MANISO`; two behind `MANANA` |
+/// | `margin/margin/margin/margin/unit[/side]` | struct_borders: the side is once more the same, or `FLIPV`, `FLIPH`, `FLIPB` |
+///
+/// The parts that jt_catalogue_range() knows are whole numbers without a sign, but for `integer`. A `unit` is `MM`, `IN`
+/// or `MIL`.
+///
+/// \param type  A row of the type tables, or a built-in type.
+/// \return The form, the library's; null for a kind of block, for any other type, and for null.
+JT_API const char *jt_catalogue_form(const jt_type *type);
+
+/// What becomes of a number outside of its range.
+enum {
+  JT_OUTSIDE_REFUSED = 0,   ///< The value is refused.
+  JT_OUTSIDE_WARNED = 1,    ///< It is kept, with a warning.
+  JT_OUTSIDE_SATURATED = 2  ///< The nearest limit is kept.
+};
+
+/// The range of one part of a form, both limits included. Later versions may add members behind these.
+typedef struct jt_value_range {
+  /// The size of the caller's record: `sizeof(jt_value_range)`. Set by the caller.
+  uint32_t size;
+  /// What becomes of a number outside: one of the JT_OUTSIDE_ numbers.
+  int32_t outside;
+  /// The smallest number.
+  int32_t least;
+  /// The largest number.
+  int32_t most;
+  /// The part, as the form spells it; the library's.
+  const char *part;
+  /// The unit that these limits are in, `MM`, `IN` or `MIL`; null where the form has no unit. The library's.
+  const char *unit;
+} jt_value_range;
+
+/// A range of a type, one for each part and unit that has one. Parts of the same name have the same range.
+///
+/// ```c
+/// jt_value_range range = {.size = sizeof range};
+/// for (int32_t i = 0; jt_catalogue_range(type, i, &range); ++i) puts(range.part);
+/// ```
+///
+/// \param type   As for jt_catalogue_form().
+/// \param index  Which one, from 0 on, in the order of the form.
+/// \param range  Where it goes; not changed behind its size. Null gives 0.
+/// \return 1; 0 behind the last one, for a negative index, and where jt_catalogue_form() gives null; the record is
+/// then not changed.
+JT_API int32_t jt_catalogue_range(const jt_type *type, int32_t index, jt_value_range *range);
 
 /// \}
 

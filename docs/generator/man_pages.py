@@ -23,7 +23,9 @@ PAGES = {
     "jt_changes": "change the attributes of a template",
     "jt_statuses": "statuses of services, invocations and attributes",
     "jt_elements": "any element of a template by handle",
+    "jt_element_changes": "change any element of a template by handle",
     "jt_catalogue": "services, types and names that jt knows",
+    "jt_source": "places and findings in a SIL text",
     "jt_store": "reports, memory and texts beneath the calls of jt",
     "jt_tree": "the tree beneath the calls of jt",
     "jt_types": "types and type tables of jt",
@@ -141,20 +143,33 @@ def member_item(member):
     return head, description_lines(member) + (list_lines(TAGS, items) if items else [])
 
 
+def declaration(member):
+    kind = re.sub(r"(?<=\w)\(\*", " (*", text_of(member.find("type"))).replace("* (", "*(")
+    return kind + ("" if kind.endswith("*") else " ") + member.findtext("name") + (member.findtext("argsstring") or "")
+
+
+def record_item(record):
+    """A record with its members."""
+    fields = [(f'Fa "{declaration(member)}"', description_lines(member))
+              for member in record.findall("sectiondef/memberdef")]
+    return f"Vt {record.findtext('compoundname')}", description_lines(record) + list_lines(TAGS, fields)
+
+
 def tidy(page):
     """No paragraph breaks where something else breaks already."""
     page = re.sub(r"(\n\.(?:Pp|Sh|Ss|It|Ed|El)\b.*)(?:\n\.Pp)+(?=\n)", r"\1", page)
     return re.sub(r"\n\.Pp(?=\n\.(?:Sh|Ss|Bd|Bl|It|El)\b)", "", page)
 
 
-def page_of(page, members, head, description):
+def page_of(page, records, members, head, description):
     functions = [member for member in members if member.get("kind") == "function"]
     names = [page] + [function.findtext("name") for function in functions]
     lines = [head[0], f".Dt {page.upper()} 3", head[1], ".Sh NAME"]
     lines += [f".Nm {name} ," for name in names[:-1]] + [f".Nm {names[-1]}", f".Nd {PAGES[page]}"]
     lines += [".Sh LIBRARY", "jt (libjt, \\-ljt)", ".Sh SYNOPSIS", ".In jt.h"]
     lines += [line for function in functions for line in prototype_lines(function)]
-    lines += [".Sh DESCRIPTION"] + description + list_lines("-tag -width Ds", map(member_item, members))
+    items = [*map(record_item, records), *map(member_item, members)]
+    lines += [".Sh DESCRIPTION"] + description + list_lines("-tag -width Ds", items)
     others = sorted(set(PAGES) - {page})
     lines += [".Sh SEE ALSO"] + [f".Xr {other} 3 ," for other in others[:-1]] + [f".Xr {others[-1]} 3"]
     return tidy("\n".join(lines) + "\n")
@@ -178,11 +193,13 @@ def main():
     for page in PAGES:
         group = read("group__" + ("records" if page == "jt" else page.removeprefix("jt_")))
         members = group.findall("sectiondef/memberdef")
+        records = [record for record in map(read, (inner.get("refid") for inner in group.findall("innerclass")))
+                   if record.find("sectiondef") is not None]
         description = description_lines(group)
         if page == "jt":
             overview = description_lines(read("jt_8h")) + overview_lines(read("group__conventions"))
             description = overview + [f".Ss {group.findtext('title')}"] + description
-        (Path(output) / f"{page}.3").write_text(page_of(page, members, head, description), encoding="ascii")
+        (Path(output) / f"{page}.3").write_text(page_of(page, records, members, head, description), encoding="ascii")
         for name in [member.findtext("name") for member in members if member.get("kind") == "function"]:
             if name.startswith("jt_"):
                 (Path(output) / f"{name}.3").write_text(f".so man3/{page}.3\n")

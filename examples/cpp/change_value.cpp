@@ -1,5 +1,4 @@
-// Changes one value of a template, keeps everything else and prints the result:
-// change_value FILE SERVICE ATTRIBUTE VALUE. The first invocation that has the attribute is the one changed.
+// change_value FILE SERVICE ATTRIBUTE VALUE: changes it in the first invocation with it, prints the result.
 #include "jt.hpp"
 #include "program.h"
 
@@ -10,8 +9,9 @@ int main(int argc, char **argv) {
   const auto job = session.decode(*text);
   if (!job) return fail(job.error().messages().newest_or("the text is cut off"));
   auto invocations = job->service(argv[2]).invocations();
-  const auto found = std::ranges::find_if(invocations, [&](const auto &at) { return at.has(argv[3]); });
-  const bool exists = found != invocations.end(), changed = exists && found->set(argv[3], argv[4]);
+  auto at = invocations.begin();
+  while (at != invocations.end() && !at->has(argv[3])) ++at;
+  const bool exists = at != invocations.end(), changed = exists && at->set(argv[3], argv[4]);
   const char *const silent = exists ? "no such value" : "no such attribute";
   if (!changed) return fail(session.last_report().messages().newest_or(silent));
   return std::fputs(job->encode().value().c_str(), stdout), 0;

@@ -97,43 +97,65 @@ jt_node *find_overridable(jt_parser_space *space, const Frame &at, const char *a
   return stored;
 }
 
-// The text of a value, which may have none; false without memory for it.
-bool copy_text_of(jt_parser_space *space, const jt_type &type, const jt_value *value, char *&copy) {
-  const ValueFamily *const family = family_of(&type);
-  if (family == nullptr) {
-    copy = type.deval(space, value);
-    return true;
+// What makes the copies that nodes keep: the family of a type or, where it has none, the type itself.
+class Keeper {
+ public:
+  Keeper(jt_parser_space &space, const jt_type &type)
+      : space_(space), type_(type), family_(family_of(&type)) {}
+
+  ReleasedBy owner() const { return family_ != nullptr ? ReleasedBy::kHeap : ReleasedBy::kType; }
+
+  // Null without memory, or where a client's type gives none.
+  jt_value *copy(Heap &heap, const jt_value *value) const {
+    if (family_ == nullptr) return type_.copy(&space_, value);
+    KeptSink sink(heap);
+    return family_->operations->copy(&space_, value, sink);
   }
-  ValueText text;
-  copy = nullptr;
-  if (value == nullptr || !family->write(space, value, text)) return true;
-  copy = family->operations->copy_text(space, text);
-  return copy != nullptr;
-}
+
+  // The text of a stored value, which may have none; false without memory for it.
+  bool write(Heap &heap, const jt_value *value, char *&kept) const {
+    ValueText text;
+    kept = nullptr;
+    if (family_ == nullptr) return keep_foreign_text(heap, type_.deval(&space_, value), kept);
+    if (!family_->write(&space_, value, text)) return true;
+    kept = keep_value_text(*family_->operations, &space_, heap, text);
+    return kept != nullptr;
+  }
+
+ private:
+  bool keep_foreign_text(Heap &heap, char *text, char *&kept) const {
+    if (text == nullptr) return true;
+    kept = keep_text(&space_, heap, text);
+    er_free(text);
+    return kept != nullptr;
+  }
+
+  jt_parser_space &space_;
+  const jt_type &type_;
+  const ValueFamily *family_;
+};
 
 // Everything that can fail comes first. A value that has no text leaves no overridden text; one whose text
 // could not be copied stays where it is.
 std::int32_t override_value(jt_parser_space *space, jt_node &attribute, jt_node &stored,
                             const jt_value *new_value) {
-  jt_value *const copy = attribute.type->copy(space, new_value);
+  const Keeper keeper(*space, *attribute.type);
+  jt_value *const copy = keeper.copy(heap_of(stored), new_value);
   if (copy == nullptr) {
     report(space, message::kInvalidValue);
     return 0;
   }
+  Heap &heap = heap_of(attribute);
   char *replaced = nullptr;
-  if (!copy_text_of(space, *attribute.type, stored.value, replaced)) {
-    attribute.type->kill(space, copy);
+  if (!keeper.write(heap, stored.value, replaced)) {
+    release_value(*space, heap_of(stored), *attribute.type, copy, keeper.owner());
     return 0;
   }
-  unindex_child(attribute, stored);
-  release_value(*space, stored);
-  stored.value = copy;
-  set_owns_heap_blocks(stored);
-  index_child(attribute, stored);
+  replace_value(*space, attribute, stored, copy, keeper.owner());
   release_text(attribute, attribute.overridden_value);
   attribute.overridden_value = replaced;
   set_owns_heap_blocks(attribute);
-  adopt_status(*space, attribute, status_of_number(space, kOverridden));
+  adopt_status(attribute, status_of_number(space, heap, kOverridden));
   return 1;
 }
 

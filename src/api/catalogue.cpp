@@ -1,10 +1,12 @@
 // The catalogue: what the tables say of services, their types and the names of their values. It is constant, so
 // these calls need no session. tests/api/catalogue_test.cpp
 #include <algorithm>
+#include <cstring>
 
 #include "base/memory.h"
 #include "base/text.h"
 #include "types/type_tables.h"
+#include "types/value_form.h"
 #include "types/value_lists.h"
 
 namespace jt_core {
@@ -52,6 +54,24 @@ char *jt_catalogue_name(const char *service_name, int32_t index, uint32_t *numbe
   if (names == nullptr || index < 0 || index >= names->rows) return nullptr;
   if (number != nullptr) *number = names->numbers[index];
   return jt_core::copy_plain_text(jt_core::name_of_row(*names, static_cast<unsigned>(index)));
+}
+
+int32_t jt_catalogue_is_written(const char *service_name, int32_t index) {
+  const jt_core::ValueList *const names = jt_core::find_names(service_name);
+  if (names == nullptr || index < 0 || index >= names->rows) return 0;
+  return names->written[names->numbers[index]] == index + 1 ? 1 : 0;
+}
+
+const char *jt_catalogue_form(const jt_type *type) { return jt_core::form_of(type); }
+
+int32_t jt_catalogue_range(const jt_type *type, int32_t index, jt_value_range *range) {
+  if (range == nullptr || index < 0) return 0;
+  jt_value_range found{};
+  if (!jt_core::find_range(type, index, found)) return 0;
+  const std::size_t size = std::min<std::size_t>(range->size, sizeof(found));
+  found.size = range->size;
+  std::memcpy(range, &found, size);
+  return 1;
 }
 
 }  // extern "C"

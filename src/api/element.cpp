@@ -1,26 +1,14 @@
 // Calls that read any element of a template by its handle. The state of a walk is the caller's handle: no
 // cursor moves. tests/api/element_test.cpp
 #include "api/frame.h"
+#include "api/node_effects.h"
 #include "base/memory.h"
+#include "tree/header.h"
 #include "tree/iteration.h"
 #include "tree/node.h"
-#include "tree/session.h"
 
 namespace jt_core {
 namespace {
-
-// 0 for a node of another session, whose handle means another node here.
-std::int32_t handle_of(const jt_parser_space *space, const jt_node *node) {
-  const bool ours = node != nullptr && holds_node(space->table, node->bookmark, node);
-  return ours ? bookmark_to_opaque(node->bookmark) : 0;
-}
-
-bool is_template(const jt_node &node) { return node.node_class == JT_NODE_TEMPLATE; }
-
-// The previous sibling of a section is the root; that of a root is its header, or there is none.
-bool is_section(const jt_node &node) {
-  return is_template(node) && node.previous_sibling != nullptr && is_template(*node.previous_sibling);
-}
 
 const jt_node *header_of(const jt_node &node) { return is_section(node) ? nullptr : node.previous_sibling; }
 
@@ -44,16 +32,17 @@ char *copy_if_there(jt_parser_space *space, const char *text) {
   return text != nullptr ? copy_text(space, text) : nullptr;
 }
 
-constexpr int kVersionWord = 0;
-constexpr int kIdentifierWord = 2;
-
-// The text of one of the header's three words, by its number. There are fewer when one was moved away.
-char *copy_header_word(jt_parser_space *space, const jt_node &root, int number) {
+char *copy_header_word(jt_parser_space *space, const jt_node &root, const char *(*word)(const jt_node &)) {
   const jt_node *const header = header_of(root);
-  if (header == nullptr) return nullptr;
-  const jt_node *word = header->parent;
-  for (; word != nullptr && number > 0; --number) word = word->next_sibling;
-  return word != nullptr ? copy_if_there(space, reinterpret_cast<const char *>(word->value)) : nullptr;
+  return header != nullptr ? copy_if_there(space, word(*header)) : nullptr;
+}
+
+// The name of its type. That of a value is its attribute's; where an invocation knows no types of its own, its
+// service's name stands there.
+const char *type_name_of_element(const jt_node &node) {
+  const bool asks_above = !has_known_type(node) && node.parent != nullptr;
+  if (asks_above && has_pending_value(node)) return type_name_of(*node.parent);
+  return asks_above && node.node_class == JT_NODE_INVOCATION ? node.parent->name : type_name_of(node);
 }
 
 Frame in_element(jt_parser_space *space, std::int32_t handle) { return Frame(space).in_element(handle); }
@@ -83,12 +72,12 @@ int32_t jt_section(jt_parser_space *space, int32_t handle) {
 
 char *jt_header_version(jt_parser_space *space, int32_t handle) {
   const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
-  return at ? jt_core::copy_header_word(space, at.root(), jt_core::kVersionWord) : nullptr;
+  return at ? jt_core::copy_header_word(space, at.root(), jt_core::version_of) : nullptr;
 }
 
 char *jt_header_identifier(jt_parser_space *space, int32_t handle) {
   const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
-  return at ? jt_core::copy_header_word(space, at.root(), jt_core::kIdentifierWord) : nullptr;
+  return at ? jt_core::copy_header_word(space, at.root(), jt_core::identifier_of) : nullptr;
 }
 
 int32_t jt_parent(jt_parser_space *space, int32_t element) {
@@ -125,10 +114,7 @@ char *jt_element_name(jt_parser_space *space, int32_t element) {
 
 char *jt_element_type(jt_parser_space *space, int32_t element) {
   const jt_core::Frame at = jt_core::in_element(space, element);
-  if (!at) return nullptr;
-  const jt_node &node = at.element();
-  const jt_node &typed = jt_core::has_pending_value(node) && node.parent != nullptr ? *node.parent : node;
-  return jt_core::copy_if_there(space, jt_core::type_name_of(typed));
+  return at ? jt_core::copy_if_there(space, jt_core::type_name_of_element(at.element())) : nullptr;
 }
 
 char *jt_element_value_text(jt_parser_space *space, int32_t element) {

@@ -28,11 +28,20 @@ Frame &Frame::in_element(std::int32_t handle) {
   return *this;
 }
 
+// A service, an invocation, an attribute or a value that hangs below nothing is no element of a template, nor is a
+// word of a header.
+Frame &Frame::in_element_of(std::int32_t handle, ElementKinds kinds) {
+  if (!in_element(handle)) return *this;
+  const bool placed = is_template(*element_) || is_header(*element_) || element_->parent != nullptr;
+  if (!placed || (kinds & kinds_of(element_->node_class)) == 0) fail(message::kWrongKind);
+  return *this;
+}
+
 Frame &Frame::in_template(std::int32_t handle) {
   in_element(handle);
   if (!passed_) return *this;
   root_ = element_;
-  if (root_->node_class != JT_NODE_TEMPLATE) fail(message::kNotATemplate);
+  if (!is_template(*root_)) fail(message::kNotATemplate);
   return *this;
 }
 

@@ -13,6 +13,17 @@
 
 namespace jt_core {
 
+// A set of node classes.
+using ElementKinds = std::uint32_t;
+
+template <typename... Classes>
+constexpr ElementKinds kinds_of(Classes... classes) {
+  return ((ElementKinds{1} << static_cast<unsigned>(classes)) | ...);
+}
+
+// What has a name and a status.
+inline constexpr ElementKinds kBlocks = kinds_of(JT_NODE_SERVICE, JT_NODE_INVOCATION, JT_NODE_ATTRIBUTE);
+
 class Frame {
  public:
   explicit Frame(jt_parser_space *space);
@@ -22,6 +33,7 @@ class Frame {
 
   // How deep the call resolves: each of these takes the steps of the one before it, and one more.
   Frame &in_element(std::int32_t handle);
+  Frame &in_element_of(std::int32_t handle, ElementKinds kinds);  // in its place, and of one of the kinds
   Frame &in_template(std::int32_t handle);
   Frame &in_service(std::int32_t handle, const char *service);
   Frame &in_invocation(std::int32_t handle, const char *service);

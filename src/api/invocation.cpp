@@ -7,6 +7,7 @@
 #include "tree/child_index.h"
 #include "tree/links.h"
 #include "tree/node.h"
+#include "tree/node_storage.h"
 
 namespace jt_core {
 namespace {
@@ -18,37 +19,6 @@ jt_node *numbered_invocation(const jt_node &service, const char *text) {
   jt_node *invocation = service.first_child;
   for (; invocation != nullptr && number > 1; --number) invocation = invocation->next_sibling;
   return invocation;
-}
-
-bool refuse(jt_parser_space *space, const char *message, const char *detail) {
-  report(space, message, detail);
-  return false;
-}
-
-// What a name must meet; only a forced one may replace another.
-bool may_be_named(jt_parser_space *space, const Frame &at, const char *name, bool force) {
-  if (find_child(at.service(), name) != nullptr) return refuse(space, message::kDuplicateInvocation, name);
-  const char *const present = at.invocation().name;
-  return force || present == nullptr || refuse(space, message::kAlreadyNamed, present);
-}
-
-std::int32_t name_invocation(jt_parser_space *space, const Frame &at, const char *name, bool force) {
-  if (!at || !may_be_named(space, at, name, force)) return 0;
-  char *const copy = copy_plain_text(name);
-  if (copy == nullptr) {
-    report(space, message::kNoInvocationName, name);
-    return 0;
-  }
-  rename(at.invocation(), copy);
-  return 1;
-}
-
-// The name comes first among the checks: a call without one does not get as far as the template.
-Frame frame_for_name(jt_parser_space *space, std::int32_t handle, const char *service_name,
-                     const char *name) {
-  return Frame(space)
-      .needs(name != nullptr && *name != '\0', message::kNoName)
-      .in_invocation(handle, service_name);
 }
 
 }  // namespace
@@ -98,18 +68,6 @@ int32_t jt_named_invocation(jt_parser_space *space, int32_t handle, const char *
 char *jt_get_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name) {
   const jt_core::Frame at = jt_core::Frame(space).in_invocation(handle, service_name);
   return at && at.invocation().name != nullptr ? jt_core::copy_text(space, at.invocation().name) : nullptr;
-}
-
-int32_t jt_set_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name,
-                               const char *name) {
-  const jt_core::Frame at = jt_core::frame_for_name(space, handle, service_name, name);
-  return jt_core::name_invocation(space, at, name, false);
-}
-
-int32_t jt_force_invocation_name(jt_parser_space *space, int32_t handle, const char *service_name,
-                                 const char *name) {
-  const jt_core::Frame at = jt_core::frame_for_name(space, handle, service_name, name);
-  return jt_core::name_invocation(space, at, name, true);
 }
 
 }  // extern "C"

@@ -1,6 +1,7 @@
 // Session calls: opening and closing, the fixed texts, the recorded errors, and the release of what the
 // library has handed over.
 // tests/api/session_test.cpp
+#include "tree/session.h"
 #include "api/frame.h"
 
 namespace {
@@ -29,6 +30,12 @@ static_assert(sizeof(kCopyright) == 658 + 1);
 
 constexpr char kLanguageVersion[] = "2.5.0";
 
+// A smaller record is of no version of the header; a larger one has members that are not known here.
+bool is_complete(const jt_allocator &allocator) {
+  return allocator.size >= sizeof(jt_allocator) && allocator.allocate != nullptr &&
+         allocator.reallocate != nullptr && allocator.release != nullptr;
+}
+
 }  // namespace
 
 extern "C" {
@@ -37,6 +44,11 @@ extern "C" {
 char *g_szCurrentLocale = nullptr;
 
 jt_parser_space *jt_open_parsing_utility(const char *label) { return create_parser_space(label); }
+
+jt_parser_space *jt_open_session(const char *label, const jt_allocator *allocator) {
+  const bool usable = allocator == nullptr || is_complete(*allocator);
+  return usable ? jt_core::open_session(label, allocator) : nullptr;
+}
 
 int32_t jt_close_parsing_utility(jt_parser_space *space) { return delete_parser_space(space); }
 

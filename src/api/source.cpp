@@ -5,6 +5,7 @@
 
 #include "api/frame.h"
 #include "sil/source.h"
+#include "sil/template_check.h"
 #include "tree/node.h"
 #include "tree/session.h"
 
@@ -21,7 +22,7 @@ jt_source_options options_from(const jt_source_options *given) {
 // the first error goes to the caller's.
 class CheckSession {
  public:
-  explicit CheckSession(jt_parser_space &space) : space_(create_parser_space("check")) {
+  explicit CheckSession(jt_parser_space &space) : space_(open_like(space)) {
     if (space_ != nullptr) space_->reports = &errors_of(space);
   }
   ~CheckSession() { delete_parser_space(space_); }
@@ -31,6 +32,11 @@ class CheckSession {
   jt_parser_space *get() const { return space_; }
 
  private:
+  static jt_parser_space *open_like(const jt_parser_space &space) {
+    const jt_allocator &allocator = space.heap.allocator;
+    return jt_open_session("check", allocator.allocate != nullptr ? &allocator : nullptr);
+  }
+
   jt_parser_space *space_;
 };
 
@@ -61,6 +67,13 @@ int32_t jt_check_source(jt_parser_space *space, const char *text, size_t size,
   jt_core::SourceDecoder decoder(*session.get(), teller, jt_core::options_from(options),
                                  jt_core::SourceDecoder::Purpose::kCheck);
   return decoder.run(&session.get()->errors) != nullptr ? 1 : 0;
+}
+
+int32_t jt_check_template(jt_parser_space *space, int32_t handle, const jt_listener *listener) {
+  const jt_core::Frame at = jt_core::Frame(space).in_template(handle);
+  if (!at) return 0;
+  jt_core::Teller teller(*space, {}, listener);
+  return jt_core::check_template(*space, at.root(), teller) ? 1 : 0;
 }
 
 }  // extern "C"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cassert>
-#include <cstdlib>
 
 namespace jt_core {
 
@@ -115,7 +114,7 @@ void discard_page(Arena &arena, Page *page) {
     clear(page);
   } else {
     unlink_page(page);
-    std::free(page);
+    arena.heap->release(page);
   }
 }
 
@@ -123,7 +122,7 @@ void discard_page(Arena &arena, Page *page) {
 // cells: an empty one is long enough for any.
 Page *open_page(Arena &arena) {
   const std::size_t bytes = std::clamp(arena.page_bytes, kFirstPage, kMaxPage);
-  auto *const page = static_cast<Page *>(std::malloc(bytes));
+  auto *const page = static_cast<Page *>(arena.heap->allocate(bytes));
   if (page == nullptr) return nullptr;
   page->bytes = static_cast<std::uint32_t>(bytes);
   page->arena = &arena;
@@ -171,7 +170,7 @@ void release_all_cells(Arena &arena, void (*visit)(Arena &arena, void *cell)) {
   }
   while (Page *const page = arena.current->older) {
     arena.current->older = page->older;
-    std::free(page);
+    arena.heap->release(page);
   }
   clear(arena.current);
   arena.pending = nullptr;
@@ -179,7 +178,7 @@ void release_all_cells(Arena &arena, void (*visit)(Arena &arena, void *cell)) {
 }
 
 void close_arena(Arena &arena) {
-  std::free(arena.current);
+  arena.heap->release(arena.current);
   arena.current = nullptr;
 }
 

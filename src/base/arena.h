@@ -27,6 +27,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/heap.h"
+
 namespace jt_core {
 
 // Lengths and distances are counted in units. Everything that is laid out in a cell is aligned to one.
@@ -87,12 +89,13 @@ struct alignas(kCellUnit) Page {
   bool flagged = false;  // see flag_page_of()
 };
 
-// All zero is an arena without pages.
+// All zero but for the heap is an arena without pages.
 struct Arena {
   Page *current;                                          // new cells are cut from it; the newest page
   std::size_t page_bytes;                                 // size of the next page
   Page *pending;                                          // the pages that have pending cells
   std::array<FreeCell *, kMaxCell / kCellUnit + 1> bins;  // by length in units
+  Heap *heap;                                             // of the pages
 };
 
 // A new cell of that many units from a page that has them.

@@ -1,11 +1,13 @@
-// An array of plain records that grows at its end, for what a call needs while it runs.
+// An array of plain records that grows at its end, for what a call needs while it runs; it lies in the heap of
+// a session.
 // tests/base/growing_array_test.cpp
 #ifndef JT_BASE_GROWING_ARRAY_H
 #define JT_BASE_GROWING_ARRAY_H
 
 #include <cstddef>
-#include <cstdlib>
 #include <type_traits>
+
+#include "base/heap.h"
 
 namespace jt_core {
 
@@ -14,8 +16,8 @@ class GrowingArray {
   static_assert(std::is_trivially_copyable_v<Record>);
 
  public:
-  GrowingArray() = default;
-  ~GrowingArray() { std::free(records_); }
+  explicit GrowingArray(Heap &heap) : heap_(heap) {}
+  ~GrowingArray() { heap_.release(records_); }
   GrowingArray(const GrowingArray &) = delete;
   GrowingArray &operator=(const GrowingArray &) = delete;
 
@@ -34,13 +36,14 @@ class GrowingArray {
   bool reserve(std::size_t least) {
     constexpr std::size_t kFirst = 64;
     const std::size_t wanted = least < kFirst ? kFirst : least * 2;
-    auto *const records = static_cast<Record *>(std::realloc(records_, wanted * sizeof(Record)));
+    auto *const records = static_cast<Record *>(heap_.reallocate(records_, wanted * sizeof(Record)));
     if (records == nullptr) return false;
     records_ = records;
     capacity_ = wanted;
     return true;
   }
 
+  Heap &heap_;
   Record *records_ = nullptr;
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;

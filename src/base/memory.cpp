@@ -24,18 +24,26 @@ char *fill(void *block, std::string_view text) {
 }  // namespace
 
 void *allocate_block(jt_parser_space *space, std::size_t bytes) {
-  return reported(space, std::calloc(1, bytes));
-}
-
-void *allocate_unset_block(jt_parser_space *space, std::size_t bytes) {
   return reported(space, std::malloc(bytes));
 }
 
 char *copy_text(jt_parser_space *space, std::string_view text) {
-  return fill(allocate_unset_block(space, text.size() + 1), text);
+  return fill(allocate_block(space, text.size() + 1), text);
 }
 
 char *copy_plain_text(std::string_view text) { return fill(std::malloc(text.size() + 1), text); }
+
+void *allocate_kept_block(jt_parser_space *space, Heap &heap, std::size_t bytes) {
+  return reported(space, heap.allocate(bytes));
+}
+
+char *keep_text(jt_parser_space *space, Heap &heap, std::string_view text) {
+  return fill(allocate_kept_block(space, heap, text.size() + 1), text);
+}
+
+char *keep_plain_text(Heap &heap, std::string_view text) {
+  return fill(heap.allocate(text.size() + 1), text);
+}
 
 }  // namespace jt_core
 

@@ -117,6 +117,11 @@ inline constexpr char kUnknownTypeToDestroy[] = "CALL ERROR: no type construct t
 inline constexpr char kNoOperation[] = "SYSTEM ERROR: undefined cmp function for";
 inline constexpr char kNoCompare[] = "SYSTEM ERROR: no compare function for:";
 inline constexpr char kNullValueToDestroy[] = "CALL ERROR: value is null, cannot delete";
+inline constexpr char kWrongKind[] = "CALL ERROR: not for this kind of element";
+inline constexpr char kNotReadBack[] = "CALL ERROR: would not be read back:";
+inline constexpr char kStatusMissing[] = "CALL ERROR: there is no status";
+inline constexpr char kHeaderMissing[] = "CALL ERROR: there is no header";
+inline constexpr char kFormForbids[] = "CALL ERROR: form of header does not allow it";
 
 }  // namespace jt_core::message
 

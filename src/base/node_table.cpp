@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cassert>
-#include <cstdlib>
 
 #include "base/markers.h"
 
@@ -30,7 +29,7 @@ std::size_t bitmap_words(std::size_t slots) {
 bool reserve(NodeTable &table, FreeSlots &map, std::int32_t wanted) {
   const auto slots = static_cast<std::size_t>(wanted);
   auto *const block = static_cast<jt_node **>(
-      std::calloc(1, slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
+      map.heap->allocate_zeroed(slots * sizeof(jt_node *) + bitmap_words(slots) * sizeof(std::uint32_t)));
   if (block == nullptr) return false;
   auto *words = reinterpret_cast<std::uint32_t *>(block + slots);
   auto old_bits = static_cast<std::size_t>(map.reserved);
@@ -45,7 +44,7 @@ bool reserve(NodeTable &table, FreeSlots &map, std::int32_t wanted) {
     words += new_bits;
   }
   std::copy_n(table.slots, table.count, block);
-  std::free(table.slots);
+  map.heap->release(table.slots);
   table.slots = block;
   map.reserved = wanted;
   return true;
@@ -53,11 +52,16 @@ bool reserve(NodeTable &table, FreeSlots &map, std::int32_t wanted) {
 
 // 0, or why the table cannot grow.
 std::int32_t grow(NodeTable &table, FreeSlots &map) {
+  if (live_slots(table, map) >= map.most) {
+    map.bound_reached = true;
+    return kNoSlotMemory;
+  }
   if (table.capacity >= map.reserved) {
     if (table.capacity > kMaxTable) return kTableFull;
     if (!reserve(table, map, table.capacity * 2)) return kNoSlotMemory;
   }
   table.capacity += kTableStep;
+  map.end = std::min(table.capacity, map.most);
   return 0;
 }
 
@@ -113,22 +117,27 @@ std::int32_t claim_lowest(FreeSlots &map) {
 
 }  // namespace
 
-bool open_node_table(NodeTable &table, FreeSlots &free_slots) {
+bool open_node_table(NodeTable &table, FreeSlots &free_slots, Heap &heap) {
+  free_slots.heap = &heap;
   if (!reserve(table, free_slots, kTableStep)) return false;
   table.capacity = kTableStep;
   free_slots.lowest = kNoWord;
+  free_slots.most = kUnboundedSlots;
+  free_slots.end = kTableStep;
   return true;
 }
 
 void close_node_table(NodeTable &table, FreeSlots &free_slots) {
-  std::free(table.slots);
+  Heap *const heap = free_slots.heap;
+  heap->release(table.slots);
   table = {};
   free_slots = {};
+  free_slots.heap = heap;
 }
 
 std::int32_t claim_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node) {
   std::int32_t slot = table.count;
-  if (free_slots.free > 0) {
+  if (free_slots.free > free_slots.least_free) {
     slot = claim_lowest(free_slots);
     assert(table.slots[slot] == released_slot());
   } else {
@@ -138,6 +147,13 @@ std::int32_t claim_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node) 
   }
   table.slots[slot] = node;
   return slot;
+}
+
+void bound_slots(const NodeTable &table, FreeSlots &free_slots, std::int32_t most) {
+  free_slots.most = most;
+  free_slots.least_free = std::max(table.count - most, 0);
+  free_slots.end = std::min(table.capacity, most);
+  free_slots.bound_reached = false;
 }
 
 void vacate_slot(NodeTable &table, FreeSlots &free_slots, std::int32_t slot) {

@@ -10,7 +10,9 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 
+#include "base/heap.h"
 #include "jt.h"
 
 namespace jt_core {
@@ -33,14 +35,23 @@ struct FreeSlots {
   std::uint32_t height;   // levels in use; the highest is one word
   std::uint32_t lowest;   // the first word of level 0 that is not zero; the largest number when none is
   std::int32_t free;      // bits set in level 0
+  // The bound, as the two numbers that spare the common cases a look at it: how many slots must stay free, and up
+  // to which count the next slot may be taken, which is never more than the capacity.
+  std::int32_t least_free;
+  std::int32_t end;
+  std::int32_t most;   // live slots
+  bool bound_reached;  // a slot has been refused because of that
+  Heap *heap;          // of the storage
 };
+
+constexpr std::int32_t kUnboundedSlots = std::numeric_limits<std::int32_t>::max();
 
 // Answers of assign_slot() that are no slot.
 constexpr std::int32_t kNoSlotMemory = -1;
 constexpr std::int32_t kTableFull = -2;
 
-// Storage for the first 512 slots; false without memory.
-bool open_node_table(NodeTable &table, FreeSlots &free_slots);
+// Storage for the first 512 slots, from that heap like all that follows; false without memory.
+bool open_node_table(NodeTable &table, FreeSlots &free_slots, Heap &heap);
 void close_node_table(NodeTable &table, FreeSlots &free_slots);
 
 // The slot that now holds the node: a free one below the count or, where there is none, one of a table that has
@@ -50,10 +61,13 @@ std::int32_t claim_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node);
 // The slot that now holds the node. The common case, the next slot behind all others, stands here for the same
 // reason as that of allocate_cell().
 inline std::int32_t assign_slot(NodeTable &table, FreeSlots &free_slots, jt_node *node) {
-  if (free_slots.free > 0 || table.count == table.capacity) return claim_slot(table, free_slots, node);
+  if (free_slots.free > 0 || table.count >= free_slots.end) return claim_slot(table, free_slots, node);
   table.slots[table.count] = node;
   return table.count++;
 }
+
+// Lets at most so many slots be live from now on; one that is wanted beyond that is refused as without memory.
+void bound_slots(const NodeTable &table, FreeSlots &free_slots, std::int32_t most);
 
 // Makes a live slot free.
 void vacate_slot(NodeTable &table, FreeSlots &free_slots, std::int32_t slot);

@@ -11,6 +11,7 @@
 #include "tree/construction.h"
 #include "tree/links.h"
 #include "tree/node_storage.h"
+#include "tree/session.h"
 #include "tree/type_lookup.h"
 #include "types/status.h"
 #include "types/type_tables.h"
@@ -18,13 +19,26 @@
 namespace jt_core::action {
 namespace {
 
-constexpr std::size_t kMaxName = JT_MAX_TOKEN_LENGTH - 1;
 constexpr std::size_t kMaxValue = JT_MAX_TOKEN_LENGTH;
 
 Outcome accepted_if(bool condition) { return condition ? Outcome::kAccepted : Outcome::kRefused; }
 
 // Whether a block may have the name of one before it.
 enum class MaybeDuplicate { kYes, kNo };
+
+// Looking for a name among many blocks would take ever longer where memory for their index is not to be had:
+// the text fails then, as it soon would have.
+bool is_first_of_name(Decoder &decoder, const jt_node &node) {
+  decoder.space->has_lost_index = false;
+  decoder.first_of_name = find_namesake(*decoder.top, node);
+  if (decoder.first_of_name != nullptr) {
+    decoder.trouble = Trouble::kNameTaken;
+    report(decoder.space, message::kDuplicateName, node.name);
+    return false;
+  }
+  if (decoder.space->has_lost_index) report(decoder.space, message::kAllocation);
+  return !decoder.space->has_lost_index;
+}
 
 // Hangs a new node under the innermost block and makes it that block. Its type fits, having just been looked
 // up there; an unknown one warns once more.
@@ -35,9 +49,7 @@ Outcome open_block(Decoder &decoder, jt_node *node, MaybeDuplicate duplicate = M
     report_unknown_type(space, node->node_class, view_of(node->unresolved_type_name));
   }
   const bool may_be_there = duplicate == MaybeDuplicate::kYes && node->name != nullptr;
-  if (may_be_there && (decoder.first_of_name = find_namesake(*decoder.top, *node)) != nullptr) {
-    decoder.trouble = Trouble::kNameTaken;
-    report(space, message::kDuplicateName, node->name);
+  if (may_be_there && !is_first_of_name(decoder, *node)) {
     destroy_node(space, node);
     return Outcome::kStopped;
   }
@@ -198,10 +210,10 @@ Outcome store_status(Decoder &decoder, const Token &token) {
   const jt_status *status = find_shared_status(token.text);
   if (status == nullptr) {
     decoder.trouble = Trouble::kUnknownStatus;
-    status = get_status(decoder.space, writable_text(decoder.cursor, token));
+    status = status_of_name(decoder.space, heap_of(*decoder.top), token.text);
   }
   if (status == nullptr) return Outcome::kStopped;
-  adopt_status(*decoder.space, *decoder.top, status);
+  adopt_status(*decoder.top, status);
   return Outcome::kAccepted;
 }
 
@@ -218,7 +230,7 @@ Outcome keep_status_text(Decoder &decoder, const Token &token) {
 }
 
 Outcome store_status_text(Decoder &decoder, const Token & /*token*/) {
-  char *const text = copy_text(decoder.space, decoder.kept);
+  char *const text = keep_text(decoder.space, heap_of(*decoder.top), decoder.kept);
   if (text == nullptr) {
     report(decoder.space, message::kNoStatusText);
     return Outcome::kStopped;

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "sil/output.h"
 #include "tree/node.h"
+#include "tree/node_storage.h"
 #include "types/status.h"
 #include "types/type_tables.h"
 
@@ -250,7 +251,7 @@ extern "C" char *encode_template(jt_parser_space *space, jt_node *root) {
     jt_core::report(space, jt_core::message::kNullTemplate);
     return nullptr;
   }
-  jt_core::Output out(space);
+  jt_core::Output out(space, jt_core::heap_of(*root));
   jt_core::Encoder encoder = {space, out, nullptr};
   const jt_node *const header = root->previous_sibling;
   if (header == nullptr) {

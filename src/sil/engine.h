@@ -44,10 +44,9 @@ bool run_machine(Decoder &decoder, const Machine &machine, State state, Observer
                                     : on_unmatched_token(decoder, machine, token, state);
     if (unmatched == Unmatched::kFinished) return true;
     if (unmatched == Unmatched::kGoesOn) continue;
-    if constexpr (!Observer::kListens)
-      return false;
-    else if (!observer.failed(machine, token, outcome, state))
-      return false;
+    bool goes_on = false;
+    if constexpr (Observer::kListens) goes_on = observer.failed(machine, token, outcome, state);
+    if (!goes_on) return false;
   }
   return true;
 }

@@ -55,6 +55,14 @@ static_assert(are_in_order(), "every code has its row");
 
 const CodeFacts &facts_of_code(std::int32_t code) { return kFacts[static_cast<std::size_t>(code)]; }
 
+jt_finding finding_of(std::int32_t code, jt_range range) {
+  jt_finding finding{};
+  finding.code = code;
+  finding.severity = facts_of_code(code).severity;
+  finding.range = finding.found = range;
+  return finding;
+}
+
 }  // namespace jt_core
 
 extern "C" const char *jt_finding_name(int32_t code) {

@@ -20,6 +20,9 @@ constexpr std::int32_t kCodes = JT_FINDING_IGNORE_UNUSED + 1;
 // The code is one of the table's.
 const CodeFacts &facts_of_code(std::int32_t code);
 
+// A finding of a code, with the code's usual severity.
+jt_finding finding_of(std::int32_t code, jt_range range);
+
 }  // namespace jt_core
 
 #endif

@@ -1,42 +1,17 @@
 // Actions of what frames the body: the header, the section's marks and the end marker.
 // tests/sil/header_test.cpp, tests/sil/section_test.cpp and tests/sil/end_marker_test.cpp have each place
 // where one may be wrong.
-#include <array>
-
 #include "base/error_store.h"
 #include "sil/actions.h"
 #include "sil/decoder.h"
 #include "tree/comment.h"
-#include "tree/construction.h"
-#include "tree/links.h"
+#include "tree/header.h"
 
 namespace jt_core::action {
 namespace {
 
 constexpr std::string_view kVersion = "4.2.00";
 constexpr std::string_view kEncoding = "ASCII";
-
-struct HeaderValue {
-  std::string_view name;
-  std::string_view text;
-};
-
-// The header is linked to its three attributes only when it has them all.
-bool make_header_attributes(Decoder &decoder) {
-  const std::array<HeaderValue, 3> values = {{{"LanguageVersion", decoder.version},
-                                              {"CharacterEncoding", kEncoding},
-                                              {"InteractionID", decoder.kept}}};
-  std::array<jt_node *, 3> attributes{};
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    attributes[i] = make_header_attribute(*decoder.space, values[i].name, values[i].text);
-    if (attributes[i] != nullptr) continue;
-    for (jt_node *const made : attributes) destroy_node(decoder.space, made);
-    report(decoder.space, message::kNoHeader);
-    return false;
-  }
-  link_header_attributes(*decoder.top, attributes);
-  return true;
-}
 
 // The node under construction turns out not to be in the text.
 Outcome drop_top(Decoder &decoder) {
@@ -91,7 +66,7 @@ Outcome check_encoding(Decoder &decoder, const Token &token) {
 Outcome no_header(Decoder &decoder, const Token & /*token*/) { return drop_top(decoder); }
 
 Outcome save_header(Decoder &decoder, const Token & /*token*/) {
-  if (!make_header_attributes(decoder)) return Outcome::kStopped;
+  if (!set_words(*decoder.space, *decoder.top, {decoder.version, decoder.kept})) return Outcome::kStopped;
   decoder.top->node_class = decoder.header_class;
   restore_token(decoder.cursor);
   return Outcome::kAccepted;

@@ -107,10 +107,9 @@ struct StatusStates {
 
 // What differs is which tokens a text takes, how it is stored, and where the status leads.
 consteval std::array<Row, 7> status_rows(StatusStates in, TokenSet text, Action store, State behind) {
-  constexpr TokenSet kName = kAnyText & ~kCloseParenthesis;
   return {{
       {in.opened, kCloseParenthesis, action::close_block, behind, Role::kPunctuation, Opens::kNothing, 2},
-      {in.opened, kName, action::store_status, in.read, Role::kStatus},
+      {in.opened, kStatusName, action::store_status, in.read, Role::kStatus},
       {in.read, kCloseParenthesis, action::close_block, behind, Role::kPunctuation, Opens::kNothing, 2},
       {in.read, kOpenBrace, action::begin_status_text, in.text, Role::kPunctuation},
       {in.text, text, action::keep_status_text, in.text, Role::kStatusText},
@@ -121,16 +120,16 @@ consteval std::array<Row, 7> status_rows(StatusStates in, TokenSet text, Action 
 
 constexpr auto kServiceStatusRows = status_rows(
     {State::kServiceStatus, State::kServiceStatusRead, State::kServiceText, State::kServiceTextRead},
-    kWordOrString, action::store_service_text, State::kBetweenServices);
+    kBlockStatusText, action::store_service_text, State::kBetweenServices);
 
 constexpr auto kInvocationStatusRows =
     status_rows({State::kInvocationStatus, State::kInvocationStatusRead, State::kInvocationText,
                  State::kInvocationTextRead},
-                kWordOrString, action::store_status_text, State::kInService);
+                kBlockStatusText, action::store_status_text, State::kInService);
 
 constexpr auto kAttributeStatusRows = status_rows(
     {State::kAttributeStatus, State::kAttributeStatusRead, State::kAttributeText, State::kAttributeTextRead},
-    kAnyText & ~kCloseBrace, action::store_status_text, State::kInInvocation);
+    kAttributeStatusText, action::store_status_text, State::kInInvocation);
 
 // ---- The body ---------------------------------------------------------------------------------------------
 // services = { service }

@@ -163,6 +163,11 @@ constexpr TokenSet kAnyText = (one_of(TokenKind::kEndOfText) - 1) & ~one_of(Toke
 constexpr TokenSet kAnyToken = kAnyText | one_of(TokenKind::kEndOfText);
 constexpr TokenSet kWordOrString = one_of(TokenKind::kWord, TokenKind::kString);
 
+// What may stand as a status, and in the braces behind one of a service or an invocation, or of an attribute.
+constexpr TokenSet kStatusName = kAnyText & ~one_of(TokenKind::kCloseParenthesis);
+constexpr TokenSet kBlockStatusText = kWordOrString;
+constexpr TokenSet kAttributeStatusText = kAnyText & ~one_of(TokenKind::kCloseBrace);
+
 struct Row {
   State from;
   TokenSet tokens;

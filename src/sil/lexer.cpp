@@ -8,8 +8,6 @@
 namespace jt_core {
 namespace {
 
-constexpr std::size_t kMaxComment = JT_MAX_TOKEN_LENGTH - 1;
-
 static_assert(kPunctuationBytes.size() == static_cast<std::size_t>(TokenKind::kBar) + 1);
 
 constexpr Token kErrorToken = {TokenKind::kError, {}};
@@ -130,8 +128,6 @@ class WordReader {
   bool quoted_ = false;
 };
 
-bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
-
 }  // namespace
 
 template <typename Text>
@@ -165,12 +161,6 @@ template Token read_word_slow<Bounded>(jt_parser_space *space, SilCursor &cursor
 Token look_at_token(SilCursor &cursor) { return next_token<Bounded>(nullptr, cursor); }
 
 void restore_token(SilCursor &cursor) { cursor.position = cursor.mark; }
-
-char *writable_text(SilCursor &cursor, const Token &token) {
-  std::memmove(cursor.buffer.data(), token.text.data(), token.text.size());
-  cursor.buffer[token.text.size()] = '\0';
-  return cursor.buffer.data();
-}
 
 std::string_view text_from(const SilCursor &cursor, const char *at) {
   if (cursor.end == nullptr) return beginning_of(at);

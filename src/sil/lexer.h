@@ -55,6 +55,12 @@ struct Token {
 constexpr std::size_t kMaxTokenText = 2047;
 constexpr std::size_t kMaxQuoted = JT_MAX_TOKEN_LENGTH + 1;
 
+// Lengths that a text may not exceed, a comment's with its "#".
+constexpr std::size_t kMaxName = JT_MAX_TOKEN_LENGTH - 1;
+constexpr std::size_t kMaxComment = JT_MAX_TOKEN_LENGTH - 1;
+
+constexpr bool ends_comment(char c) { return c == '\0' || (c >= '\n' && c <= '\r'); }
+
 // Why a token is an error.
 enum class LexFault : std::uint8_t {
   kUnexpectedEnd,
@@ -107,9 +113,6 @@ struct Bounded {
 
 // Makes the next call read the last token again.
 void restore_token(SilCursor &cursor);
-
-// The text of the last token, terminated, where the caller may write into it until the next call.
-char *writable_text(SilCursor &cursor, const Token &token);
 
 // The text from a place on, and from so many characters before the current position, as far as a report shows
 // it.

@@ -1,7 +1,6 @@
 #include "sil/output.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 #include "base/error_store.h"
@@ -16,9 +15,9 @@ thread_local std::size_t column = 0;
 
 }  // namespace
 
-Output::Output(jt_parser_space *space) : space_(space), column_(column) {}
+Output::Output(jt_parser_space *space, Heap &heap) : space_(space), heap_(heap), column_(column) {}
 
-Output::~Output() { std::free(text_); }
+Output::~Output() { heap_.release(text_); }
 
 // Line by line: the indent belongs in front of every line that the text begins, the last line feed's
 // included.
@@ -68,7 +67,7 @@ void Output::indent_line(std::size_t indent, Layout layout) {
 bool Output::grow(std::size_t more) {
   if (failed_) return false;
   const std::size_t capacity = std::max({kFirstCapacity, capacity_ * 2, length_ + more + 1});
-  auto *const text = static_cast<char *>(std::realloc(text_, capacity));
+  auto *const text = static_cast<char *>(heap_.reallocate(text_, capacity));
   if (text == nullptr) return false;
   text_ = text;
   capacity_ = capacity;
@@ -84,10 +83,13 @@ bool Output::reserve(std::size_t more) {
 
 char *Output::take() {
   if (!reserve(0)) return nullptr;
-  column = column_;
   text_[length_] = '\0';
-  char *const fitting = static_cast<char *>(std::realloc(text_, length_ + 1));
-  char *const text = fitting != nullptr ? fitting : text_;
+  auto *const text = static_cast<char *>(heap_.hand_over(text_, length_ + 1));
+  if (text == nullptr) {
+    report(space_, message::kNoOutput);
+    return nullptr;
+  }
+  column = column_;
   text_ = nullptr;
   return text;
 }

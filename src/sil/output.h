@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/heap.h"
 #include "jt.h"
 #include "sil/escape.h"
 #include "types/value_family.h"
@@ -21,7 +22,8 @@ enum class Layout {
 
 class Output {
  public:
-  explicit Output(jt_parser_space *space);
+  // The text grows in the heap of a session and is handed over when it is taken.
+  Output(jt_parser_space *space, Heap &heap);
   ~Output();
   Output(const Output &) = delete;
   Output &operator=(const Output &) = delete;
@@ -87,6 +89,7 @@ class Output {
   void indent_line(std::size_t indent, Layout layout);
 
   jt_parser_space *space_;
+  Heap &heap_;
   std::size_t column_;
   char *text_ = nullptr;
   std::size_t length_ = 0;

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <limits>
 
 #include "base/error_store.h"
 #include "sil/findings.h"
 #include "sil/recovery.h"
 #include "tree/child_index.h"
+#include "tree/limits.h"
 #include "tree/session.h"
 #include "types/type_tables.h"
 #include "types/value_lists.h"
@@ -23,6 +25,15 @@ constexpr std::array<std::int32_t, 8> kKinds = {0,
                                                 JT_SOURCE_ATTRIBUTE,
                                                 JT_SOURCE_VALUE,
                                                 JT_SOURCE_STATUS};
+
+// A limit of 0 is none.
+Limits limits_of(const jt_source_options &options) {
+  constexpr std::size_t kMostNodes = std::numeric_limits<std::int32_t>::max();
+  const std::size_t nodes = options.most_nodes != 0 ? std::min(options.most_nodes, kMostNodes) : kMostNodes;
+  const std::uint64_t heap =
+      options.most_heap != 0 ? options.most_heap : std::numeric_limits<std::uint64_t>::max();
+  return {heap, static_cast<std::int32_t>(nodes)};
+}
 
 bool is_element_of(std::int32_t kind, std::int32_t node_class) {
   switch (kind) {
@@ -48,14 +59,16 @@ constexpr std::uint64_t one_of_states(std::initializer_list<State> states) {
 }
 static_assert(kStateCount < 64);
 
-// The encoder puts the comments of a block, and those of an attribute's values, in front of the first one.
+// The encoder puts the comments of a block, and those of an attribute's values, in front of the first one, and
+// those of a header in front of the header.
 constexpr std::uint64_t kPlacesOfComments =
-    one_of_states({State::kFirstValue, State::kInInvocation, State::kInService, State::kBetweenServices,
-                   State::kHeaderSaved, State::kSectionContent});
+    one_of_states({State::kHeaderBegin, State::kFirstValue, State::kInInvocation, State::kInService,
+                   State::kBetweenServices, State::kSectionContent});
 
 // Whether a comment that stands before the next token is written back where it stands.
 bool keeps_comments(const Decoder &decoder, State state) {
-  return (kPlacesOfComments >> static_cast<unsigned>(state) & 1U) != 0 && decoder.top->first_child == nullptr;
+  const bool is_place = (kPlacesOfComments >> static_cast<unsigned>(state) & 1U) != 0;
+  return is_place && decoder.top->first_child == nullptr && !is_header(*decoder.top);
 }
 
 // Whether an element other than a value has been read whole, or so far that only its status may follow; or the
@@ -80,7 +93,12 @@ RemarkList::RemarkList() {
 
 SourceDecoder::SourceDecoder(jt_parser_space &space, Teller &teller, const jt_source_options &options,
                              Purpose purpose)
-    : space_(space), teller_(teller), options_(options), purpose_(purpose) {
+    : space_(space),
+      teller_(teller),
+      options_(options),
+      purpose_(purpose),
+      names_(space.heap),
+      element_of_(teller.session().heap) {
   const std::string_view text = teller.text();
   next_nul_ = std::min(text.find('\0'), text.size());
 }
@@ -210,7 +228,8 @@ bool SourceDecoder::failed(const Machine &machine, const Token &token, Outcome o
   is_settled_ = false;
   remarks_.count = 0;
   decoder_.trouble = Trouble::kNone;
-  const bool can_follow = finding.code != JT_FINDING_MEMORY && token.kind != TokenKind::kEndOfText;
+  const bool can_follow = finding.code != JT_FINDING_MEMORY && finding.code != JT_FINDING_LIMIT &&
+                          token.kind != TokenKind::kEndOfText;
   if (purpose_ == Purpose::kDecode || !can_follow || ends()) return false;
   if (finding.code == JT_FINDING_STRING_OVER_LINES) return re_read_string(finding.range.end, state);
   return recover(decoder_, *this, token, state);
@@ -243,8 +262,16 @@ void SourceDecoder::begin_failure() {
   if (reports_behind_error_ != nullptr) space_.reports = reports_behind_error_;
 }
 
+// There is no memory, or no more than the options allow, which is reported: the code of what is found.
+std::int32_t SourceDecoder::report_no_memory() {
+  const Limit reached = reached_limit(space_);
+  if (reached == Limit::kNone) return JT_FINDING_MEMORY;
+  report(&space_, message::kLimit, reached == Limit::kHeap ? "heap" : "nodes");
+  return JT_FINDING_LIMIT;
+}
+
 void SourceDecoder::no_memory() {
-  tell_code(JT_FINDING_MEMORY, {last_end_, last_end_});
+  tell_code(report_no_memory(), {last_end_, last_end_});
   begin_failure();
 }
 
@@ -276,6 +303,17 @@ void SourceDecoder::tell_handles() {
 jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
   reports_behind_error_ = reports_behind_error;
   if (!is_within_limits()) return nullptr;
+  if (options_.most_nodes != 0 || options_.most_heap != 0) set_limits(space_, limits_of(options_));
+  jt_node *root = decode();
+  const bool has_passed = reached_limit(space_) != Limit::kNone;
+  if (has_passed && !has_failed_) no_memory();
+  lift_limits(space_);
+  if (root != nullptr && purpose_ == Purpose::kCheck) destroy_all_nodes(&space_, root);
+  return root;
+}
+
+// What went on without the memory that it wanted, as an index does, has passed the limit all the same.
+jt_node *SourceDecoder::decode() {
   jt_node *const root = create_typed_node(&space_, "template", "template", JT_NODE_TEMPLATE, nullptr);
   if (root == nullptr) {
     no_memory();
@@ -291,9 +329,10 @@ jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
     tell_gap(text.size());
     tell_nuls(text.size());
   }
-  if (decoded && !has_failed_ && purpose_ == Purpose::kDecode) tell_handles();
-  const bool succeeds = decoded && !has_failed_ && teller_.goes_on();
-  if (!succeeds || purpose_ == Purpose::kCheck) destroy_all_nodes(&space_, root);
+  const bool is_whole = decoded && !has_failed_ && reached_limit(space_) == Limit::kNone;
+  if (is_whole && purpose_ == Purpose::kDecode) tell_handles();
+  const bool succeeds = is_whole && teller_.goes_on();
+  if (!succeeds) destroy_all_nodes(&space_, root);
   return succeeds ? root : nullptr;
 }
 

@@ -12,6 +12,7 @@
 #include "base/error_store.h"
 #include "base/growing_array.h"
 #include "sil/engine.h"
+#include "sil/findings.h"
 #include "sil/teller.h"
 #include "types/remarks.h"
 
@@ -35,9 +36,6 @@ struct RemarkList : Remarks {
   std::array<Entry, 16> entries;
   std::size_t count = 0;
 };
-
-// A finding of a code, with the code's usual severity.
-jt_finding finding_of(std::int32_t code, jt_range range);
 
 class SourceDecoder {
  public:
@@ -113,8 +111,10 @@ class SourceDecoder {
   }
   [[gnu::cold]] void shorten_string();
   [[gnu::cold]] bool re_read_string(std::size_t line_end, State &state);
+  [[gnu::cold]] std::int32_t report_no_memory();
   [[gnu::cold]] void begin_failure();
   [[gnu::cold]] bool is_within_limits();
+  jt_node *decode();
   bool ends() const { return is_refused_ || !teller_.goes_on(); }
 
   // Findings (source_findings.cpp).
@@ -136,7 +136,7 @@ class SourceDecoder {
                                           jt_finding &finding);
   [[gnu::cold]] void describe_end(const Token &token, State state, jt_finding &finding);
   [[gnu::cold]] void describe_unclosed(State state, jt_finding &finding);
-  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding);
+  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding) const;
   [[gnu::cold]] void describe_bad_string(jt_finding &finding);
   [[gnu::cold]] bool is_missing_before(const Token &token, State state, std::size_t begin) const;
   [[gnu::cold]] std::size_t end_of_line(std::size_t offset) const;
@@ -151,7 +151,7 @@ class SourceDecoder {
   ErrorStore *reports_behind_error_ = nullptr;
   RemarkList remarks_;
   GrowingArray<NamedPlace> names_;         // by the element's number
-  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check
+  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check; not of its limits
   jt_range name_{};                        // the last token that was a name
   jt_range last_string_{};                 // that ran over lines
   jt_range previous_word_{};               // the last word behind a status

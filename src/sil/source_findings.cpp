@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/error_store.h"
-#include "sil/findings.h"
+#include "sil/read_back.h"
 #include "sil/recovery.h"
 #include "sil/source.h"
 #include "types/type_tables.h"
@@ -58,12 +58,6 @@ bool is_type_of_a_service(std::string_view name) {
   });
 }
 
-// Words that mean something else when they stand without their quotes.
-bool is_bare_word(std::string_view text) {
-  const char *const end = text.data() + text.size();
-  return !text.empty() && end_of_run(text.data(), end, kWordBytes) == end && !same_name(text, "end");
-}
-
 // A text that is written without quotes is read back as the same, unless it is empty or ends a service. What
 // a reference without a name and a qualifier is written as is empty.
 bool reads_back_bare(std::string_view text) {
@@ -71,14 +65,6 @@ bool reads_back_bare(std::string_view text) {
 }
 
 }  // namespace
-
-jt_finding finding_of(std::int32_t code, jt_range range) {
-  jt_finding finding{};
-  finding.code = code;
-  finding.severity = facts_of_code(code).severity;
-  finding.range = finding.found = range;
-  return finding;
-}
 
 // ---- What is found in tokens that are accepted ------------------------------------------------------------
 
@@ -154,7 +140,7 @@ void SourceDecoder::tell_doubtful_value(const Token &token, jt_range range) {
 
 // Statuses and their texts are written without the quotes that they were read with.
 void SourceDecoder::tell_status(Role role, const Token &token, jt_range range) {
-  if (token.kind == TokenKind::kString && !is_bare_word(token.text))
+  if (token.kind == TokenKind::kString && kind_written(token.text) != TokenKind::kWord)
     tell_code(JT_FINDING_STATUS_UNSAFE, range);
   if (role == Role::kStatusText) previous_word_ = range;
 }
@@ -168,7 +154,7 @@ void SourceDecoder::tell_unknown_service() {
   const bool is_new = element != nullptr && element->kind == JT_SOURCE_INVOCATION &&
                       element->head_end == last_end_ && invocation.first_child == nullptr;
   if (!is_new || service.first_child != &invocation || !has_known_type(service)) return;
-  const std::size_t number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
+  const auto number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
   if (number >= names_.size()) return;
   jt_finding finding = finding_of(JT_FINDING_SERVICE_UNKNOWN, names_[number].name);
   finding.candidates = JT_CANDIDATES_SERVICES;
@@ -233,12 +219,13 @@ void SourceDecoder::describe_taken_name(State state, jt_finding &finding) {
 }
 
 // The text ends, or a service or its end begins, where a block or a status is still open.
+// An element of which only the status may be missing is closed.
 void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   const OpenElement *block = nullptr;
-  for (std::size_t level = 0; level < teller_.depth(); ++level) {
+  const std::size_t closed = may_have_ended(state) ? 1 : 0;
+  for (std::size_t level = 0; level + closed < teller_.depth(); ++level) {
     const OpenElement &element = teller_.open_at(level);
     const bool is_block = element.kind == JT_SOURCE_SERVICE || element.kind == JT_SOURCE_INVOCATION;
-    if (element.kind == JT_SOURCE_INVOCATION && state == State::kAfterInvocation) continue;
     if ((is_block && element.bookmark >= 0) || element.kind == JT_SOURCE_STATUS) block = &element;
   }
   if (block == nullptr) return;
@@ -247,7 +234,7 @@ void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   finding.second = {block->begin, std::max(block->head_end, block->begin + 1)};
 }
 
-void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
+void SourceDecoder::describe_type(const Token &token, jt_finding &finding) const {
   finding.code = is_type_of_a_service(token.text) ? JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE
                                                   : JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN;
   finding.candidates = JT_CANDIDATES_TYPES;
@@ -341,7 +328,7 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   } else if (decoder_.trouble == Trouble::kBlockEnd) {
     describe_end(token, state, finding);
   } else if (outcome == Outcome::kStopped || token.kind == TokenKind::kComment) {
-    finding.code = JT_FINDING_MEMORY;
+    finding.code = report_no_memory();
   } else if (ran_over_lines_) {
     finding.code = JT_FINDING_STRING_OVER_LINES;
     finding.range = last_string_;

@@ -1,6 +1,6 @@
 #include "sil/stages.h"
 
-#include "tree/links.h"
+#include "tree/header.h"
 
 namespace jt_core {
 namespace {
@@ -16,11 +16,7 @@ jt_node *header_of(const Decoder &decoder) { return decoder.root->previous_sibli
 
 jt_node *section_of(const Decoder &decoder) { return decoder.root->next_sibling; }
 
-Prepared enter_header(Decoder &decoder) {
-  jt_node *const header = create_typed_node(decoder.space, "sil_header", "header", JT_NODE_HEADER, nullptr);
-  if (header != nullptr) link_header(*decoder.root, *header);
-  return enter(decoder, header);
-}
+Prepared enter_header(Decoder &decoder) { return enter(decoder, add_header(*decoder.space, *decoder.root)); }
 
 Prepared enter_header_attributes(Decoder &decoder) {
   return header_of(decoder) != nullptr ? enter(decoder, header_of(decoder)) : Prepared::kNotWanted;
@@ -29,9 +25,7 @@ Prepared enter_header_attributes(Decoder &decoder) {
 Prepared open_section(Decoder &decoder) {
   if (header_of(decoder) == nullptr || decoder.header_class == JT_NODE_HEADER_PLAIN)
     return Prepared::kNotWanted;
-  jt_node *const section = create_typed_node(decoder.space, "template", "header", JT_NODE_TEMPLATE, nullptr);
-  if (section != nullptr) link_section(*decoder.root, *section);
-  return enter(decoder, section);
+  return enter(decoder, add_section(*decoder.space, *decoder.root));
 }
 
 Prepared enter_section(Decoder &decoder) {

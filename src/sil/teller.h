@@ -29,6 +29,7 @@ class Teller {
   // nothing.
   Teller(jt_parser_space &session, std::string_view text, const jt_listener *listener);
 
+  jt_parser_space &session() const { return session_; }
   std::string_view text() const { return text_; }
   std::size_t offset_of(const char *at) const { return static_cast<std::size_t>(at - text_.data()); }
 
@@ -82,7 +83,7 @@ class Teller {
   bool goes_on_ = true;
   std::int32_t count_ = 0;
   std::size_t depth_ = 0;
-  std::array<OpenElement, kMostOpen> open_{};
+  std::array<OpenElement, kMostOpen> open_;
   std::size_t counted_ = 0;     // lines have been counted up to here,
   std::size_t line_ = 1;        // this is the line there,
   std::size_t line_begin_ = 0;  // and this where it begins

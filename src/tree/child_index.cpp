@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cassert>
-#include <cstdlib>
 
 #include "tree/node.h"
 #include "tree/node_storage.h"
@@ -92,7 +91,7 @@ bool hash_key(const HashKey *secret, const Key &key, std::uint32_t &hash) {
     return true;
   }
   const ValueFamily *const family = family_of(key.type);
-  return family != nullptr && key.value != nullptr && family->operations->hash(secret, key.value, hash);
+  return family != nullptr && family->operations->hash(secret, key.value, hash);
 }
 
 const HashKey &secret_of(jt_parser_space &space) {
@@ -117,11 +116,11 @@ bool hash_child(const HashKey *secret, const jt_node &child, std::uint32_t &hash
 
 EntryNumber max_entries(std::uint32_t mask) { return (mask + 1) / 2; }
 
-// Blocks of the plain heap: nothing is reported when there are none.
-ChildIndex *open_index(std::uint32_t slots) {
+// Nothing is reported when there is no block.
+ChildIndex *open_index(Heap &heap, std::uint32_t slots) {
   const std::size_t children = max_entries(slots - 1) + std::size_t{1};
   auto *const index = static_cast<ChildIndex *>(
-      std::calloc(1, sizeof(ChildIndex) + children * sizeof(ChildIndex::Entry) + slots * sizeof(Slot)));
+      heap.allocate_zeroed(sizeof(ChildIndex) + children * sizeof(ChildIndex::Entry) + slots * sizeof(Slot)));
   if (index == nullptr) return nullptr;
   index->mask = slots - 1;
   index->children = reinterpret_cast<ChildIndex::Entry *>(index + 1);
@@ -129,17 +128,15 @@ ChildIndex *open_index(std::uint32_t slots) {
   return index;
 }
 
-bool open_places(ChildIndex &index) {
-  if (index.places == nullptr) {
-    index.places = static_cast<SiblingPlace *>(
-        std::calloc(max_entries(index.mask) + std::size_t{1}, sizeof(SiblingPlace)));
-  }
+bool open_places(Heap &heap, ChildIndex &index) {
+  index.places = static_cast<SiblingPlace *>(
+      heap.allocate_zeroed((max_entries(index.mask) + std::size_t{1}) * sizeof(SiblingPlace)));
   return index.places != nullptr;
 }
 
-void close_index(ChildIndex *index) {
-  if (index != nullptr) std::free(index->places);
-  std::free(index);
+void close_index(Heap &heap, ChildIndex *index) {
+  if (index != nullptr) heap.release(index->places);
+  heap.release(index);
 }
 
 // Where a walk through the slots ended, and whether it was longer than it should be.
@@ -210,10 +207,10 @@ void release_entry(ChildIndex &index, jt_node &child) {
 
 // ---- Tables of another size or another hash ---------------------------------------------------------------
 
-ChildIndex *copy_entries(const ChildIndex &old, std::uint32_t slots, const HashKey *secret) {
-  ChildIndex *const index = open_index(slots);
-  if (index == nullptr || (old.places != nullptr && !open_places(*index))) {
-    close_index(index);
+ChildIndex *copy_entries(Heap &heap, const ChildIndex &old, std::uint32_t slots, const HashKey *secret) {
+  ChildIndex *const index = open_index(heap, slots);
+  if (index == nullptr || (old.places != nullptr && !open_places(heap, *index))) {
+    close_index(heap, index);
     return nullptr;
   }
   index->entries = old.entries;
@@ -228,7 +225,7 @@ ChildIndex *copy_entries(const ChildIndex &old, std::uint32_t slots, const HashK
 // then the old one stays.
 bool rebuild(jt_node &parent, std::uint32_t slots, const HashKey *secret) {
   ChildIndex &old = *parent.index;
-  ChildIndex *const index = copy_entries(old, slots, secret);
+  ChildIndex *const index = copy_entries(heap_of(parent), old, slots, secret);
   if (index == nullptr) return false;
   bool too_far = false;
   for (std::uint32_t i = 0; i <= old.mask; ++i) {
@@ -237,7 +234,7 @@ bool rebuild(jt_node &parent, std::uint32_t slots, const HashKey *secret) {
     if (secret != old.secret) hash_key(secret, key_of(*old.children[slot.entry].child), slot.hash);
     if (is_placed_too_far(*index, slot)) too_far = true;
   }
-  close_index(&old);
+  close_index(heap_of(parent), &old);
   parent.index = index;
   if (too_far) use_secret_hash(parent);
   return true;
@@ -253,8 +250,10 @@ void use_secret_hash(jt_node &parent) {
 bool reserve_entry(jt_node &parent) {
   const ChildIndex &index = *parent.index;
   if (index.released != kNoEntry || index.entries < max_entries(index.mask)) return true;
-  if (index.mask < kMaxIndexed && rebuild(parent, (index.mask + 1) * 2, index.secret)) return true;
+  const bool may_grow = index.mask < kMaxIndexed;
+  if (may_grow && rebuild(parent, (index.mask + 1) * 2, index.secret)) return true;
   drop_index(parent);
+  if (may_grow) session_of(parent).has_lost_index = true;
   return false;
 }
 
@@ -267,7 +266,10 @@ void enter(jt_node &parent, const jt_node &child, std::uint32_t hash, const jt_n
     *probe.slot = {child.entry, hash};
   } else {
     if (index.places == nullptr) {
-      if (!open_places(index)) return drop_index(parent);
+      if (!open_places(heap_of(parent), index)) {
+        session_of(parent).has_lost_index = true;
+        return drop_index(parent);
+      }
       number_siblings(index.places, parent.first_child, last);
     }
     probe.slot->entry = join_heaps(index.places, probe.slot->entry, child.entry);
@@ -283,8 +285,11 @@ void build_index(jt_node &parent) {
     const bool indexable = ++children < kMaxIndexed && hash_child(nullptr, *child, hash);
     if (!indexable) return;
   }
-  parent.index = open_index(std::bit_ceil(children * 2));
-  if (parent.index == nullptr) return;
+  parent.index = open_index(heap_of(parent), std::bit_ceil(children * 2));
+  if (parent.index == nullptr) {
+    session_of(parent).has_lost_index = true;
+    return;
+  }
   set_owns_heap_blocks(parent);
   for (jt_node *child = parent.first_child; child != nullptr && parent.index != nullptr;
        child = child->next_sibling) {
@@ -390,7 +395,7 @@ void drop_index(jt_node &parent) {
 }
 
 void release_index(jt_node &parent) {
-  close_index(parent.index);
+  if (parent.index != nullptr) close_index(heap_of(parent), parent.index);
   parent.index = nullptr;
 }
 

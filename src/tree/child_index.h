@@ -5,7 +5,7 @@
 // that is only written and read in order never pays for it, however long it is. The index is kept through
 // every edit and goes with the node. With it or without, the same child is found: the first with that key in
 // the order of the list. An index that cannot be had, for want of memory or because a value has no hash, only
-// costs time.
+// costs time; a decode that has none for want of memory ends, as each further child would take longer.
 //
 // The cost of a search or an edit does not grow with the number of children, however their keys were chosen
 // (child_index.cpp says how), but for a logarithm where many of them are equal.

@@ -26,8 +26,8 @@ char *text_of(CommentBlock *block) { return reinterpret_cast<char *>(block + 1);
 CommentBlock *block_for(jt_parser_space &space, const jt_node &node, std::size_t length) {
   if (node.comment != nullptr && block_of(node)->capacity > length) return block_of(node);
   const std::size_t capacity = node.comment == nullptr ? length + 1 : length * 2;
-  auto *const block =
-      static_cast<CommentBlock *>(allocate_unset_block(&space, sizeof(CommentBlock) + capacity));
+  auto *const block = static_cast<CommentBlock *>(
+      allocate_kept_block(&space, heap_of(node), sizeof(CommentBlock) + capacity));
   if (block == nullptr) return nullptr;
   block->capacity = capacity;
   if (node.comment != nullptr) std::memcpy(text_of(block), node.comment, block_of(node)->length);
@@ -59,7 +59,7 @@ void move_comment(jt_node &from, jt_node &to) {
 }
 
 void release_comment(jt_node &node) {
-  if (node.comment != nullptr) er_free(block_of(node));
+  if (node.comment != nullptr) heap_of(node).release(block_of(node));
   node.comment = nullptr;
 }
 

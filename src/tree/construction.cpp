@@ -46,15 +46,15 @@ jt_node *finish_value_node(jt_parser_space &space, jt_node &node, const jt_type 
 }
 
 // The node of a value that is a block of its own, with which the value goes.
-jt_node *make_node_of_block(jt_parser_space &space, const jt_type *type, jt_value *value,
+jt_node *make_node_of_block(jt_parser_space &space, const jt_type *type, jt_value *value, ReleasedBy owner,
                             std::string_view detail) {
   jt_node *const node = allocate_node(space, 0);
   if (node == nullptr) {
     report(&space, message::kNoValueNode, detail);
-    if (type->kill != nullptr) type->kill(&space, value);
+    release_value(space, space.heap, *type, value, owner);
     return nullptr;
   }
-  set_owns_heap_blocks(*node);
+  adopt_value(*node, value, owner);
   return finish_value_node(space, *node, type, value);
 }
 
@@ -62,7 +62,7 @@ jt_node *make_node_of_block(jt_parser_space &space, const jt_type *type, jt_valu
 jt_node *make_node_of_sink(jt_parser_space &space, const NodeSink &sink, const jt_type *type, jt_value *value,
                            std::string_view detail) {
   return sink.node != nullptr ? finish_value_node(space, *sink.node, type, value)
-                              : make_node_of_block(space, type, value, detail);
+                              : make_node_of_block(space, type, value, ReleasedBy::kHeap, detail);
 }
 
 ValueResult result_of(jt_node *node) {
@@ -110,7 +110,7 @@ jt_node *make_foreign_value_node(jt_parser_space &space, const jt_type *type, co
   }
   jt_value *const value = type->eval(&space, copy);
   er_free(copy);
-  return value != nullptr ? make_node_of_block(space, type, value, text) : nullptr;
+  return value != nullptr ? make_node_of_block(space, type, value, ReleasedBy::kType, text) : nullptr;
 }
 
 // The node of a copy of a value; null without memory or where a client's type gives none, after its reports.
@@ -121,9 +121,12 @@ jt_node *copy_into_node(jt_parser_space &space, const jt_type *type, const jt_va
   if (family == nullptr) space.bulk_release_unsafe = true;
   jt_value *const copy =
       family != nullptr ? family->operations->copy(&space, value, sink) : type->copy(&space, value);
-  if (copy != nullptr) return make_node_of_sink(space, sink, type, copy, detail);
-  report(&space, message::kCannotCopy);
-  return nullptr;
+  if (copy == nullptr) {
+    report(&space, message::kCannotCopy);
+    return nullptr;
+  }
+  return family != nullptr ? make_node_of_sink(space, sink, type, copy, detail)
+                           : make_node_of_block(space, type, copy, ReleasedBy::kType, detail);
 }
 
 }  // namespace
@@ -158,6 +161,7 @@ jt_node *make_header_attribute(jt_parser_space &space, std::string_view name, st
   InlineStorage storage(space, *node);
   if (set_text(space, storage, node->name, name)) {
     node->value = reinterpret_cast<jt_value *>(storage.place(text));
+    node->keeps_value = true;
     if (node->value != nullptr) return registered(space, node);
   }
   release_node(space, node);

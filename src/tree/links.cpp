@@ -87,7 +87,7 @@ void insert_at_cursor(jt_parser_space &space, jt_node &parent, jt_node &child) {
 void unlink(jt_parser_space &space, jt_node &node) {
   if (is_header(node)) {
     unlink_header(node);
-  } else if (node.node_class == JT_NODE_TEMPLATE) {
+  } else if (is_template(node)) {
     unlink_template(node);
   } else if (node.parent != nullptr) {
     leave_parent(space, node);

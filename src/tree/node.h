@@ -1,5 +1,6 @@
 // The node record: one element of a template tree. A node owns every text it points to, its value and its
-// status; what lies inside the node's own cell goes with it, everything else is a block of the heap. There
+// status; what lies inside the node's own cell goes with it, everything else is a block of its session's heap,
+// but for the values that a client's own type made. There
 // are two or three nodes to an attribute, so the record is kept small: what a device can spare for templates
 // is mostly this. tests/tree/construction_test.cpp has the fields of a new node.
 #ifndef JT_TREE_NODE_H
@@ -20,7 +21,8 @@ struct jt_node {
   jt_core::CellHead cell;  // the node's storage
   std::int16_t node_class;
   bool non_compulsory;
-  bool owns_heap_blocks;  // beside its cell, or has owned some
+  bool owns_heap_blocks : 1;  // beside its cell, or has owned some
+  bool keeps_value : 1;  // a value outside of the cell is a block of the session's heap, not a type's own
   std::int32_t bookmark;
   union {
     std::uint32_t key_hash;  // of the name
@@ -60,6 +62,13 @@ inline bool has_pending_value(const jt_node &node) { return node.value == untype
 inline const char *type_name_of(const jt_node &node) {
   if (has_known_type(node)) return node.type->name;
   return has_pending_value(node) ? nullptr : node.unresolved_type_name;
+}
+
+inline bool is_template(const jt_node &node) { return node.node_class == JT_NODE_TEMPLATE; }
+
+// The previous sibling of a section is the root; that of a root is its header, or there is none.
+inline bool is_section(const jt_node &node) {
+  return is_template(node) && node.previous_sibling != nullptr && is_template(*node.previous_sibling);
 }
 
 // The classes of headers are the last ones.

@@ -14,11 +14,11 @@ extern "C" int32_t set_status(jt_parser_space *space, jt_node *node, const jt_st
     return 0;
   std::uint32_t number = 0;
   std::memcpy(&number, status, sizeof(number));
-  const jt_status *const stored = jt_core::status_of_number(space, number);
+  const jt_status *const stored = jt_core::status_of_number(space, jt_core::heap_of(*node), number);
   if (stored == nullptr) {
     jt_core::report(space, jt_core::message::kNoStatus);
     return 0;
   }
-  jt_core::adopt_status(*space, *node, stored);
+  jt_core::adopt_status(*node, stored);
   return 1;
 }

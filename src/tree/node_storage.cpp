@@ -22,8 +22,8 @@ bool is_block_of_its_own(const jt_node &node, const void *address) {
 
 bool owns_status(const jt_node &node) { return node.status != nullptr && !is_shared_status(node.status); }
 
-void release_status(jt_parser_space &space, jt_node &node) {
-  if (owns_status(node)) kill_status(&space, const_cast<jt_status *>(node.status));
+void release_status(jt_node &node) {
+  if (owns_status(node)) heap_of(node).release(const_cast<jt_status *>(node.status));
   node.status = nullptr;
 }
 
@@ -49,7 +49,7 @@ InlineStorage::InlineStorage(jt_parser_space &space, jt_node &node)
 char *InlineStorage::place(std::string_view text) {
   if (node_.cell.units() * kCellUnit < used_ + text.size() + 1) {
     set_owns_heap_blocks(node_);
-    return copy_text(&space_, text);
+    return keep_text(&space_, space_.heap, text);
   }
   char *const place = reinterpret_cast<char *>(&node_) + used_;
   std::memcpy(place, text.data(), text.size());
@@ -61,7 +61,7 @@ char *InlineStorage::place(std::string_view text) {
 namespace {
 
 void *allocate_behind_node(ValueSink &sink, jt_parser_space *space, std::size_t bytes) {
-  if (bytes > kMaxInline) return allocate_unset_block(space, bytes);
+  if (bytes > kMaxInline) return allocate_kept_block(space, space->heap, bytes);
   jt_node *const node = allocate_node(*space, bytes);
   static_cast<NodeSink &>(sink).node = node;
   return node != nullptr ? node + 1 : nullptr;
@@ -76,21 +76,40 @@ void set_owns_heap_blocks(jt_node &node) {
   flag_page_of(&node);
 }
 
+void adopt_value(jt_node &node, jt_value *value, ReleasedBy owner) {
+  node.value = value;
+  node.keeps_value = owner == ReleasedBy::kHeap;
+  set_owns_heap_blocks(node);
+}
+
+void release_value(jt_parser_space &space, Heap &heap, const jt_type &type, jt_value *value,
+                   ReleasedBy owner) {
+  if (owner == ReleasedBy::kHeap) {
+    heap.release(value);
+  } else if (type.kill != nullptr) {
+    type.kill(&space, value);
+  }
+}
+
 jt_parser_space &session_of(const jt_node &node) { return session_of_cell(&node); }
 
+Heap &heap_of(const jt_node &node) { return session_of(node).heap; }
+
 void release_text(jt_node &node, char *&text) {
-  if (is_block_of_its_own(node, text)) er_free(text);
+  if (is_block_of_its_own(node, text)) heap_of(node).release(text);
   text = nullptr;
 }
 
 void release_value(jt_parser_space &space, jt_node &node) {
-  const bool owned = is_block_of_its_own(node, node.value) && has_known_type(node);
-  if (owned && node.type->kill != nullptr) node.type->kill(&space, node.value);
+  if (is_block_of_its_own(node, node.value) && has_known_type(node)) {
+    const ReleasedBy owner = node.keeps_value ? ReleasedBy::kHeap : ReleasedBy::kType;
+    release_value(space, heap_of(node), *node.type, node.value, owner);
+  }
   node.value = nullptr;
 }
 
-void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status) {
-  release_status(space, node);
+void adopt_status(jt_node &node, const jt_status *status) {
+  release_status(node);
   node.status = status;
   if (owns_status(node)) set_owns_heap_blocks(node);
 }
@@ -103,7 +122,7 @@ void release_blocks(jt_parser_space &space, jt_node &node) {
     release_text(node, *text);
   }
   release_value(space, node);
-  release_status(space, node);
+  release_status(node);
   release_index(node);
 }
 

@@ -45,17 +45,28 @@ struct NodeSink : ValueSink {
 // nodes with this flag are asked for their blocks when they are released.
 void set_owns_heap_blocks(jt_node &node);
 
-// The session that the node was made in.
+// Gives a node a value that is a block of its own. It is released by the heap of the node's session when that
+// keeps it, else by the type.
+enum class ReleasedBy : std::uint8_t { kHeap, kType };
+void adopt_value(jt_node &node, jt_value *value, ReleasedBy owner);
+
+// Releases a value that no node has.
+void release_value(jt_parser_space &space, Heap &heap, const jt_type &type, jt_value *value,
+                   ReleasedBy owner);
+
+// The session that the node was made in, and its heap: what the node keeps comes from there, whatever session
+// the tree belongs to.
 jt_parser_space &session_of(const jt_node &node);
+[[gnu::noinline]] Heap &heap_of(const jt_node &node);
 
 // Releases a text of the node and clears the field.
 void release_text(jt_node &node, char *&text);
 
-// Releases the node's value with its type, unless it goes with the node's cell.
+// Releases the node's value, unless it goes with the node's cell.
 void release_value(jt_parser_space &space, jt_node &node);
 
-// Gives the node a status, which it owns from now on unless it is a shared one. An old one is released.
-void adopt_status(jt_parser_space &space, jt_node &node, const jt_status *status);
+// Gives the node a status, which it keeps from now on unless it is a shared one. An old one is released.
+void adopt_status(jt_node &node, const jt_status *status);
 
 // Releases the node with everything it owns. Its links are not looked at.
 void release_node(jt_parser_space &space, jt_node *node);

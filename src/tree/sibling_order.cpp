@@ -104,7 +104,7 @@ void number_sibling(SiblingPlace *places, jt_node &child, const jt_node *after) 
   if (step > 0) {
     order_of(places, child) = low + step;
   } else {
-    renumber_around(places, child, before != nullptr ? low : high);
+    renumber_around(places, child, low);
   }
 }
 

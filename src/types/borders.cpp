@@ -9,6 +9,7 @@
 #include "base/error_store.h"
 #include "base/text.h"
 #include "types/enumeration.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
@@ -19,10 +20,6 @@ namespace jt_core {
 namespace {
 
 constexpr std::string_view kTypeName = "struct_borders";
-
-constexpr WarningLimits kLimits = {{{unit::kMm, 50, message::kBordersRangeMm},
-                                    {unit::kIn, 200, message::kBordersRangeIn},
-                                    {unit::kMil, 2000, message::kBordersRangeMil}}};
 
 // Which margins of the first side change places to become the second.
 struct Flip {
@@ -58,7 +55,7 @@ bool read_side(Reading reading, std::string_view text, std::string_view &rest, B
   }
   const std::string_view unit_name = rest.substr(0, rest.find(kFieldSeparator));
   rest.remove_prefix(unit_name.size());
-  return read_unit(reading, kLimits, {begin, unit_name, side.margins}, side.unit);
+  return read_unit(reading, kBordersLimits, {begin, unit_name, side.margins}, side.unit);
 }
 
 // Tells a second side from what can only be meant as the name of a flip.

@@ -2,7 +2,6 @@
 #include "types/enumeration.h"
 
 #include <array>
-#include <cstdlib>
 #include <cstring>
 
 #include "base/error_store.h"
@@ -82,16 +81,6 @@ bool Enumeration::hash(const HashKey *secret, const jt_value *value, std::uint32
 
 std::int32_t Enumeration::compare(const jt_value *a, const jt_value *b) {
   return order_of(number_in(a), number_in(b));
-}
-
-char *Enumeration::copy_text(jt_parser_space *space, const ValueText &text) {
-  auto *const block = static_cast<char *>(std::malloc(text.size() + 1));
-  if (block == nullptr) {
-    report(space, message::kNoEnumeratedText, text.pieces[0]);
-  } else {
-    join_pieces(text, block);
-  }
-  return block;
 }
 
 }  // namespace jt_core

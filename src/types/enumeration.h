@@ -29,13 +29,13 @@ std::string_view enumerated_text(jt_parser_space *space, const ValueList &list, 
 struct Enumeration {
   static constexpr auto kOfNulls = order_of_nulls;
   static constexpr bool kQuoted = false;
+  static constexpr auto kNoMemory = message::kNoEnumeratedText;
   static ReadResult read(jt_parser_space *space, const ValueList *names, std::string_view text,
                          ValueSink &sink);
   static jt_value *copy(jt_parser_space *space, const jt_value *value, ValueSink &sink);
   static bool write(jt_parser_space *space, const ValueList *names, const jt_value *value, ValueText &text);
   static bool hash(const HashKey *secret, const jt_value *value, std::uint32_t &hash);
   static std::int32_t compare(const jt_value *a, const jt_value *b);
-  static char *copy_text(jt_parser_space *space, const ValueText &text);
 };
 
 }  // namespace jt_core

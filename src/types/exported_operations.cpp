@@ -21,7 +21,7 @@ jt_value *copy_value(const ValueFamily &family, jt_parser_space *space, const jt
 char *deval_value(const ValueFamily &family, jt_parser_space *space, const jt_value *value) {
   ValueText text;
   const bool written = value != nullptr && family.write(space, value, text);
-  return written ? family.operations->copy_text(space, text) : nullptr;
+  return written ? copy_value_text(*family.operations, space, text) : nullptr;
 }
 
 std::int32_t compare_values(const ValueFamily &family, const jt_value *a, const jt_value *b) {
@@ -30,7 +30,7 @@ std::int32_t compare_values(const ValueFamily &family, const jt_value *a, const 
 }
 
 std::int32_t kill_value(const ValueFamily &family, jt_parser_space *space, jt_value *value) {
-  if (value == nullptr && family.operations->null_to_kill != nullptr) {
+  if (value == nullptr) {
     report(space, family.operations->null_to_kill);
     return 0;
   }

@@ -24,7 +24,6 @@ template <typename Rules>
 struct FlatType : Rules {
   using Value = typename Rules::Value;
   static constexpr bool kQuoted = false;
-  static constexpr auto copy_text = copy_value_text;
 
   static Value record_of(const jt_value *value) {
     Value record;

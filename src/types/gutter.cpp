@@ -4,21 +4,13 @@
 
 #include "base/error_store.h"
 #include "types/exported_operations.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
-#include "types/value_lists.h"
 #include "types/value_remarks.h"
 
 namespace jt_core {
-namespace {
-
-constexpr WarningLimits kLimits = {{{unit::kMm, 25, message::kGutterRangeMm},
-                                    {unit::kIn, 100, message::kGutterRangeIn},
-                                    {unit::kMil, 1000, message::kGutterRangeMil}}};
-
-}  // namespace
-
 bool Gutter::parse(Reading reading, std::string_view text, Value &value) {
   std::string_view rest = text;
   if (!read_field(rest, kFieldSeparator, value.first_width) ||
@@ -26,7 +18,7 @@ bool Gutter::parse(Reading reading, std::string_view text, Value &value) {
     return refuse_misfit(reading, "struct_gutter", text, rest);
   }
   const std::array widths = {value.first_width, value.second_width};
-  return read_unit(reading, kLimits, {text, rest, widths}, value.unit);
+  return read_unit(reading, kGutterLimits, {text, rest, widths}, value.unit);
 }
 
 bool Gutter::format(jt_parser_space *space, const Value &value, ShortText &text) {

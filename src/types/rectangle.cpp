@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/error_store.h"
+#include "types/limits.h"
 #include "types/number_text.h"
 #include "types/structured_types.h"
 #include "types/units.h"
@@ -16,24 +17,13 @@ namespace {
 
 constexpr const char *kTypeName = "struct_rectangle";
 
-// All inclusive. A position may reach as far as a size.
-struct Limit {
-  std::int32_t unit;
-  std::int32_t most_across;  // x and width
-  std::int32_t most_down;    // y and height
-  std::int32_t least_size;
-};
-
-constexpr std::array<Limit, 3> kLimits = {
-    {{unit::kMm, 350, 500, 25}, {unit::kIn, 1400, 2000, 100}, {unit::kMil, 14000, 20000, 1000}}};
-
-bool is_within(const Rectangle::Value &value, const Limit &limit) {
+bool is_within(const Rectangle::Value &value, const RectangleLimit &limit) {
   return value.x <= limit.most_across && value.y <= limit.most_down && value.width >= limit.least_size &&
          value.width <= limit.most_across && value.height >= limit.least_size &&
          value.height <= limit.most_down;
 }
 
-[[gnu::noinline]] void remark_sizes(Reading reading, std::string_view text, const Limit &limit) {
+[[gnu::noinline]] void remark_sizes(Reading reading, std::string_view text, const RectangleLimit &limit) {
   const std::array<NumberRange, 4> ranges = {{{0, limit.most_across},
                                               {0, limit.most_down},
                                               {limit.least_size, limit.most_across},
@@ -48,14 +38,14 @@ bool read_numbers(std::string_view &text, Rectangle::Value &value) {
 
 // The limits that a unit sets; null, after a report where the base list does not know the name, for a name
 // that is no unit.
-const Limit *read_limit(jt_parser_space *space, std::string_view name, std::int32_t &unit) {
+const RectangleLimit *read_limit(jt_parser_space *space, std::string_view name, std::int32_t &unit) {
   std::uint32_t number = 0;
   if (!find_number(kBaseValues, name, number)) {
     report(space, message::kUnknownUnitName, name);
     return nullptr;
   }
   unit = static_cast<std::int32_t>(number);
-  return find_limit(kLimits, unit);
+  return find_limit(kRectangleLimits, unit);
 }
 
 }  // namespace
@@ -63,7 +53,7 @@ const Limit *read_limit(jt_parser_space *space, std::string_view name, std::int3
 bool Rectangle::parse(Reading reading, std::string_view text, Value &value) {
   std::string_view rest = text;
   if (!read_numbers(rest, value)) return refuse_misfit(reading, kTypeName, text, rest);
-  const Limit *const limit = read_limit(reading.space, rest, value.unit);
+  const RectangleLimit *const limit = read_limit(reading.space, rest, value.unit);
   if (limit == nullptr) {
     remark_unfit_name(reading, text, rest);
     return false;

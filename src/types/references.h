@@ -18,7 +18,6 @@ template <std::size_t Texts>
 struct Reference {
   static constexpr auto kOfNulls = equality_of_nulls;
   static constexpr bool kQuoted = false;
-  static constexpr auto copy_text = copy_value_text;
   static ReadResult read(jt_parser_space *space, const ValueList *names, std::string_view text,
                          ValueSink &sink);
   static jt_value *copy(jt_parser_space *space, const jt_value *value, ValueSink &sink);

@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <bit>
-#include <charconv>
 #include <limits>
 
 #include "base/text.h"
 #include "types/number_text.h"
+#include "types/real_text.h"
 #include "types/value_remarks.h"
 
 namespace jt_core {
@@ -25,22 +25,6 @@ std::int32_t saturated(std::int64_t number) {
 std::size_t count_digits(std::string_view text) {
   const auto *const end = std::find_if_not(text.begin(), text.end(), [](char c) { return is_digit(c); });
   return static_cast<std::size_t>(end - text.begin());
-}
-
-// The conversion alone is undefined beyond the range of a single; there the nearest single is infinity.
-float to_single(double number) {
-  constexpr double kFirstBeyond = 0x1.ffffffp127;
-  return number < kFirstBeyond ? static_cast<float>(number) : std::numeric_limits<float>::infinity();
-}
-
-// A number beyond the range of a double is too large when it has a digit other than 0 before its point, else
-// too small.
-float read_real(std::string_view text, std::string_view before_point) {
-  double number = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (result.ec != std::errc::result_out_of_range) return to_single(number);
-  const bool too_large = before_point.find_first_not_of('0') != std::string_view::npos;
-  return too_large ? std::numeric_limits<float>::infinity() : 0.0F;
 }
 
 // ---- timestamp ----
@@ -89,7 +73,7 @@ bool Real::parse(Reading reading, std::string_view text, Value &value) {
   std::string_view rest = text.substr(before_point.size());
   if (rest.starts_with('.')) rest.remove_prefix(1 + count_digits(rest.substr(1)));
   if (!rest.empty()) return refuse_misfit(reading, "real", text, rest);
-  value = read_real(text, before_point);
+  value = read_real(text);
   if (reading.is_heard()) remark_real(reading, text, value);
   return true;
 }

@@ -71,7 +71,6 @@ struct TimeOfDay {
 // lowercasecmp().
 struct StringType {
   static constexpr bool kQuoted = true;
-  static constexpr auto copy_text = copy_value_text;
   static ReadResult read(jt_parser_space *space, const ValueList *names, std::string_view text,
                          ValueSink &sink);
   static jt_value *copy(jt_parser_space *space, const jt_value *value, ValueSink &sink);

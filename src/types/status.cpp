@@ -55,11 +55,16 @@ bool is_shared_status(const jt_status *status) {
   return !before(status, shared_status(0)) && !before(shared_status(kShared - 1), status);
 }
 
-const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number) {
+const jt_status *status_of_number(jt_parser_space *space, Heap &heap, std::uint32_t number) {
   if (number == kUnknownNameMarker) return shared_status(kShared - 1);
   if (number < kBaseNumberEnd) return shared_status(number);
-  ValueSink sink = heap_sink();
+  KeptSink sink(heap);
   return as_status(store_value(space, sink, &number, sizeof(number)));
+}
+
+const jt_status *status_of_name(jt_parser_space *space, Heap &heap, std::string_view name) {
+  KeptSink sink(heap);
+  return as_status(kStatuses.read(space, name, sink).value);
 }
 
 }  // namespace jt_core

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/heap.h"
 #include "jt.h"
 
 namespace jt_core {
@@ -19,9 +20,12 @@ std::string_view status_text(jt_parser_space *space, const jt_status *status);
 const jt_status *find_shared_status(std::string_view name);
 bool is_shared_status(const jt_status *status);
 
-// A status without a text: a shared one where the number has a name or is the marker, else a new one; null
-// after "allocation error".
-const jt_status *status_of_number(jt_parser_space *space, std::uint32_t number);
+// A status without a text: a shared one where the number has a name or is the marker, else a new one to be
+// kept; null after "allocation error".
+const jt_status *status_of_number(jt_parser_space *space, Heap &heap, std::uint32_t number);
+
+// What get_status() gives, to be kept.
+const jt_status *status_of_name(jt_parser_space *space, Heap &heap, std::string_view name);
 
 }  // namespace jt_core
 

@@ -299,6 +299,23 @@ constexpr std::array kFamilies = {
     known<kValidationEnum>(),
 };
 
+consteval bool is_numbered(FamilyNumber number, const ValueFamily &family) {
+  const ValueFamily &found = kFamilies[static_cast<std::size_t>(number)].family;
+  return found.operations == family.operations && found.names == family.names;
+}
+
+static_assert(is_numbered(FamilyNumber::kBoolean, kBoolean) &&
+              is_numbered(FamilyNumber::kInteger, kInteger) && is_numbered(FamilyNumber::kReal, kReal) &&
+              is_numbered(FamilyNumber::kTimestamp, kTimestamp) &&
+              is_numbered(FamilyNumber::kTimeOfDay, kTimeOfDay) &&
+              is_numbered(FamilyNumber::kRectangle, kRectangle) &&
+              is_numbered(FamilyNumber::kMagnification, kMagnification) &&
+              is_numbered(FamilyNumber::kBorders, kBorders) && is_numbered(FamilyNumber::kString, kString) &&
+              is_numbered(FamilyNumber::kInvocationReference, kInvocationReference) &&
+              is_numbered(FamilyNumber::kCollectionReference, kCollectionReference) &&
+              is_numbered(FamilyNumber::kGutter, kGutter) &&
+              is_numbered(FamilyNumber::kFirstEnumeration, kBaseEnum));
+
 // The exported rows cannot say their family, so it is told while compiling from the operation that they
 // export.
 consteval std::uint8_t family_number(const jt_type &row) {
@@ -425,6 +442,13 @@ const ValueFamily *family_of(const jt_type *type, const TypeTable *likely) {
   if (holds_row(kBaseTable, type)) return family_in(kBaseTable, type);
   const ServiceTypes *const service = find_service_of_row(type);
   return service != nullptr ? family_in(service->types, type) : nullptr;
+}
+
+FamilyNumber family_number_of(const jt_type *type) {
+  const ValueFamily *const family = family_of(type);
+  std::uint8_t number = family != nullptr ? kFamilies.size() - 1 : 0;
+  while (number > 0 && family_at(number) != family) --number;
+  return static_cast<FamilyNumber>(number);
 }
 
 TypeEntry find_type_in_scope(const TypeTable *table, std::string_view type_name) {

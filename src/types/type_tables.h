@@ -62,6 +62,26 @@ TypeEntry find_type_in_scope(const TypeTable *table, std::string_view type_name)
 // client's own type. A table that is likely to hold the type is looked at first; null where none is.
 const ValueFamily *family_of(const jt_type *type, const TypeTable *likely = nullptr);
 
+// The families by number. All from kFirstEnumeration on are enumerations.
+enum class FamilyNumber : std::uint8_t {
+  kNone,  // of a kind of block, and of all that family_of() does not know
+  kBoolean,
+  kInteger,
+  kReal,
+  kTimestamp,
+  kTimeOfDay,
+  kRectangle,
+  kMagnification,
+  kBorders,
+  kString,
+  kInvocationReference,
+  kCollectionReference,
+  kGutter,
+  kFirstEnumeration
+};
+
+FamilyNumber family_number_of(const jt_type *type);
+
 // The row that stands for such a service itself.
 const jt_type *find_service_row(std::string_view name);
 

@@ -14,6 +14,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "base/heap.h"
 #include "base/keyed_hash.h"
 #include "jt.h"
 #include "types/remarks.h"
@@ -30,8 +31,15 @@ struct ValueSink {
   Remarks *remarks = nullptr;  // null: nobody
 };
 
-// Makes each value a block of its own.
+// Makes each value a block of its own, to be handed over.
 ValueSink heap_sink();
+
+// Makes each value a block of a session's heap, to be kept.
+struct KeptSink : ValueSink {
+  explicit KeptSink(Heap &from);
+
+  Heap &heap;
+};
 
 // What became of a text. One that was refused has been reported, where the type reports that at all.
 enum class ReadStatus : std::uint8_t { kMade, kRefused, kNoMemory };
@@ -74,15 +82,13 @@ struct ValueOperations {
   // The order of two values, neither of them null.
   std::int32_t (*compare)(const jt_value *a, const jt_value *b);
 
-  // A block with a written text; null after the report that clients know of this family.
-  char *(*copy_text)(jt_parser_space *space, const ValueText &text);
-
   // The order of two values of which at least one is null.
   std::int32_t (*compare_nulls)(const jt_value *a, const jt_value *b);
 
   // What `eval` does to the client's text when it has been read; null: nothing.
   void (*cut)(char *text, ReadStatus status);
 
+  const char *no_memory;  // what is reported, with the text, where there is no block for it; null: the usual
   const char *null_to_kill;  // what `kill` reports for null; null: that is fine
   bool quoted;               // whether the texts stand in quotes
 };
@@ -99,13 +105,13 @@ struct ValueFamily {
   }
 };
 
-// Some families leave the text that they have read cut into its parts, and some report a null to kill.
+// Some families leave the text that they have read cut into its parts, and some have reports of their own.
 template <typename Family>
 consteval ValueOperations operations_of() {
-  ValueOperations operations = {Family::read,    Family::copy,      Family::write,    Family::hash,
-                                Family::compare, Family::copy_text, Family::kOfNulls, nullptr,
-                                nullptr,         Family::kQuoted};
+  ValueOperations operations = {Family::read,     Family::copy, Family::write, Family::hash, Family::compare,
+                                Family::kOfNulls, nullptr,      nullptr,       nullptr,      Family::kQuoted};
   if constexpr (requires(char *text) { Family::cut(text, ReadStatus::kMade); }) operations.cut = Family::cut;
+  if constexpr (requires { Family::kNoMemory; }) operations.no_memory = Family::kNoMemory;
   if constexpr (requires { Family::kNullToKill; }) operations.null_to_kill = Family::kNullToKill;
   return operations;
 }
@@ -123,11 +129,12 @@ inline jt_value *store_value(jt_parser_space *space, ValueSink &sink, const void
 // The same for a text and its terminator.
 jt_value *store_text(jt_parser_space *space, ValueSink &sink, std::string_view text);
 
-// A block with a written text; null after "allocation error".
-char *copy_value_text(jt_parser_space *space, const ValueText &text);
+// A written text as a block to be handed over; null after the report that clients know of this family.
+char *copy_value_text(const ValueOperations &operations, jt_parser_space *space, const ValueText &text);
 
-// Writes the pieces of a text as one, terminated; `out` has space for all of them.
-void join_pieces(const ValueText &text, char *out);
+// The same as a block to be kept.
+char *keep_value_text(const ValueOperations &operations, jt_parser_space *space, Heap &heap,
+                      const ValueText &text);
 
 }  // namespace jt_core
 

@@ -670,5 +670,17 @@ TEST_F(ElementTest, AHeaderAndASectionThatLostTheirRootBelongTogether) {
   EXPECT_EQ(take_text(jt_header_identifier(space, section)), "job-1");
 }
 
+// Its number would be that of another element here.
+TEST_F(ElementTest, AnElementOfAnotherSessionIsNotThere) {
+  jt_parser_space *const other = jt_open_parsing_utility("other");
+  jt_node *const theirs = opaque_to_node(other, jt_create_template(other));
+  jt_node *const foreign = create_typed_node(other, "kmt_svc_scan", "theirs", JT_NODE_SERVICE, theirs);
+  jt_node *const root = opaque_to_node(space, job);
+  ASSERT_EQ(add_child(space, root, foreign), 1);
+  ASSERT_EQ(get_child(space, root, "theirs"), foreign);
+  expect_nothing(jt_find_child(space, job, "theirs"));
+  jt_close_parsing_utility(other);
+}
+
 }  // namespace
 }  // namespace jt_test

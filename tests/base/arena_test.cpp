@@ -30,7 +30,10 @@ void note(jt_core::Arena & /*arena*/, void *cell) { visited.push_back(cell); }
 
 class Arena : public ::testing::Test {
  protected:
-  Arena() : arena() { visited.clear(); }
+  Arena() : heap(), arena() {
+    arena.heap = &heap;
+    visited.clear();
+  }
   ~Arena() override { jt_core::close_arena(arena); }
   Arena(const Arena &) = delete;
   Arena &operator=(const Arena &) = delete;
@@ -46,6 +49,7 @@ class Arena : public ::testing::Test {
     jt_core::release_cell(arena, cell.storage);
   }
 
+  jt_core::Heap heap;
   jt_core::Arena arena;
 };
 

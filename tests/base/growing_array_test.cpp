@@ -6,10 +6,14 @@
 namespace jt_core {
 namespace {
 
-TEST(GrowingArray, BeginsEmpty) { EXPECT_EQ(GrowingArray<int>().size(), 0U); }
+TEST(GrowingArray, BeginsEmpty) {
+  Heap heap{};
+  EXPECT_EQ(GrowingArray<int>(heap).size(), 0U);
+}
 
 TEST(GrowingArray, KeepsWhatIsPutIntoIt) {
-  GrowingArray<int> array;
+  Heap heap{};
+  GrowingArray<int> array(heap);
   ASSERT_TRUE(array.set(0, 7, -1));
   ASSERT_TRUE(array.set(1, 8, -1));
   EXPECT_EQ(array.size(), 2U);
@@ -18,7 +22,8 @@ TEST(GrowingArray, KeepsWhatIsPutIntoIt) {
 }
 
 TEST(GrowingArray, FillsThePlacesInBetween) {
-  GrowingArray<int> array;
+  Heap heap{};
+  GrowingArray<int> array(heap);
   ASSERT_TRUE(array.set(3, 7, -1));
   EXPECT_EQ(array.size(), 4U);
   EXPECT_EQ(array[0], -1);
@@ -27,7 +32,8 @@ TEST(GrowingArray, FillsThePlacesInBetween) {
 }
 
 TEST(GrowingArray, PutsAnotherInThePlaceOfOne) {
-  GrowingArray<int> array;
+  Heap heap{};
+  GrowingArray<int> array(heap);
   ASSERT_TRUE(array.set(0, 7, -1));
   ASSERT_TRUE(array.set(0, 9, -1));
   EXPECT_EQ(array.size(), 1U);
@@ -35,7 +41,8 @@ TEST(GrowingArray, PutsAnotherInThePlaceOfOne) {
 }
 
 TEST(GrowingArray, KeepsAllWhileItGrows) {
-  GrowingArray<int> array;
+  Heap heap{};
+  GrowingArray<int> array(heap);
   for (int i = 0; i < 1000; ++i) ASSERT_TRUE(array.set(static_cast<std::size_t>(i), i * 2, -1));
   ASSERT_EQ(array.size(), 1000U);
   for (int i = 0; i < 1000; ++i) EXPECT_EQ(array[static_cast<std::size_t>(i)], i * 2);

@@ -96,11 +96,27 @@ TEST_F(Memory, ReleasingNullIsFine) { EXPECT_EQ(er_free(nullptr), 1); }
 
 TEST_F(Memory, ABlockOfOneByteCanBeReleased) { EXPECT_EQ(er_free(my_calloc(space, 1, 1)), 1); }
 
-TEST_F(Memory, AnAllocatedBlockIsZeroed) {
-  void *const block = jt_core::allocate_block(space, 33);
-  ASSERT_NE(block, nullptr);
-  EXPECT_TRUE(all_zero(block, 33));
-  er_free(block);
+TEST_F(Memory, AKeptTextIsACopyInTheHeapOfItsSession) {
+  jt_core::Heap heap = {};
+  const std::string_view text = "scan and more";
+  char *const reported = jt_core::keep_text(space, heap, text.substr(0, 4));
+  char *const plain = jt_core::keep_plain_text(heap, text.substr(0, 4));
+  EXPECT_STREQ(reported, "scan");
+  EXPECT_STREQ(plain, "scan");
+  EXPECT_EQ(heap.asked, 10U);
+  heap.release(reported);
+  heap.release(plain);
+}
+
+TEST_F(Memory, WhatCannotBeKeptIsReportedLikeACopy) {
+  jt_core::Heap heap = {};
+  const std::string_view impossible("x", SIZE_MAX / 2);
+  EXPECT_EQ(jt_core::keep_plain_text(heap, impossible), nullptr);
+  EXPECT_EQ(messages(), Messages());
+  EXPECT_EQ(jt_core::keep_text(space, heap, impossible), nullptr);
+  EXPECT_EQ(jt_core::allocate_kept_block(space, heap, SIZE_MAX / 2), nullptr);
+  EXPECT_EQ(messages(),
+            (Messages{"MEMORY ERROR: allocation error ...", "MEMORY ERROR: allocation error ..."}));
 }
 
 TEST_F(Memory, ACopyOfATextIsTerminatedWhereTheViewEnds) {

@@ -15,7 +15,7 @@ namespace {
 
 class NodeTable : public ::testing::Test {
  protected:
-  NodeTable() : table(), free_slots(), addresses(200000) { open(); }
+  NodeTable() : heap(), table(), free_slots(), addresses(200000) { open(); }
   ~NodeTable() override { close(); }
   NodeTable(const NodeTable &) = delete;
   NodeTable &operator=(const NodeTable &) = delete;
@@ -23,7 +23,7 @@ class NodeTable : public ::testing::Test {
   jt_node *node(int number) {
     return reinterpret_cast<jt_node *>(&addresses[static_cast<std::size_t>(number)]);
   }
-  bool open() { return jt_core::open_node_table(table, free_slots); }
+  bool open() { return jt_core::open_node_table(table, free_slots, heap); }
   void close() { jt_core::close_node_table(table, free_slots); }
   int32_t assign(int number) { return jt_core::assign_slot(table, free_slots, node(number)); }
   void fill(int nodes) {
@@ -31,6 +31,7 @@ class NodeTable : public ::testing::Test {
   }
   void vacate(int32_t slot) { jt_core::vacate_slot(table, free_slots, slot); }
 
+  jt_core::Heap heap;
   jt_core::NodeTable table;
   jt_core::FreeSlots free_slots;
   std::vector<char> addresses;
@@ -193,6 +194,61 @@ TEST_F(NodeTable, AnswersLikeASetOfFreeSlots) {
   ASSERT_EQ(table.count, count);
   for (int32_t slot = 0; slot < count; ++slot)
     ASSERT_EQ(table.slots[slot], free.count(slot) != 0 ? jt_core::released_slot() : node(slot));
+}
+
+// ---- Bounds ----
+
+TEST_F(NodeTable, GivesSlotsUpToItsBound) {
+  fill(10);
+  jt_core::bound_slots(table, free_slots, 12);
+  EXPECT_EQ(assign(10), 10);
+  EXPECT_EQ(assign(11), 11);
+  EXPECT_FALSE(free_slots.bound_reached);
+  EXPECT_EQ(assign(12), jt_core::kNoSlotMemory);
+  EXPECT_TRUE(free_slots.bound_reached);
+  EXPECT_EQ(table.count, 12);
+}
+
+TEST_F(NodeTable, GivesReleasedSlotsUpToItsBound) {
+  fill(10);
+  for (const int32_t slot : {2, 5, 7}) vacate(slot);
+  jt_core::bound_slots(table, free_slots, 9);
+  EXPECT_EQ(assign(20), 2);
+  EXPECT_EQ(assign(21), 5);
+  EXPECT_EQ(assign(22), jt_core::kNoSlotMemory);
+  EXPECT_TRUE(free_slots.bound_reached);
+}
+
+TEST_F(NodeTable, ASlotThatIsReleasedUnderABoundMayBeTakenAgain) {
+  fill(10);
+  jt_core::bound_slots(table, free_slots, 10);
+  vacate(3);
+  EXPECT_EQ(assign(20), 3);
+  EXPECT_EQ(assign(21), jt_core::kNoSlotMemory);
+}
+
+TEST_F(NodeTable, MayGrowUnderABound) {
+  fill(500);
+  jt_core::bound_slots(table, free_slots, 1030);
+  for (int i = 500; i < 1030; ++i) ASSERT_EQ(assign(i), i);
+  EXPECT_EQ(table.capacity, 1536);
+  EXPECT_EQ(assign(1030), jt_core::kNoSlotMemory);
+}
+
+TEST_F(NodeTable, ABoundBelowWhatIsLiveRefusesAll) {
+  fill(10);
+  vacate(4);
+  jt_core::bound_slots(table, free_slots, 5);
+  EXPECT_EQ(assign(20), jt_core::kNoSlotMemory);
+}
+
+TEST_F(NodeTable, ABoundCanBeTakenBack) {
+  fill(10);
+  jt_core::bound_slots(table, free_slots, 10);
+  EXPECT_EQ(assign(10), jt_core::kNoSlotMemory);
+  jt_core::bound_slots(table, free_slots, jt_core::kUnboundedSlots);
+  EXPECT_FALSE(free_slots.bound_reached);
+  for (int i = 10; i < 2000; ++i) ASSERT_EQ(assign(i), i);
 }
 
 }  // namespace

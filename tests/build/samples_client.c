@@ -46,10 +46,32 @@ int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service) {
     // [elements]
     count += 1;
   }
+  // [changes]
+  int32_t copies = jt_find_child(s, jt_first_child(s, jt_find_child(s, job, "Scan")), "Copies");
+  if (jt_set_element_value_text(s, jt_first_child(s, copies), "2") == 0) puts(jt_get_recent_error(s));
+  // [changes]
   // [catalogue]
   for (int32_t i = 0; jt_catalogue_service(i) != NULL; ++i) {
     // [catalogue]
     count += 1000;
   }
+  const jt_type *type = get_type_from_services(s, "kmt_svc_scan", "struct_gutter");
+  // [ranges]
+  jt_value_range range = {.size = sizeof range};
+  for (int32_t i = 0; jt_catalogue_range(type, i, &range); ++i) puts(range.part);
+  // [ranges]
   return count;
+}
+
+// [source]
+static int32_t print_finding(void *context, const jt_finding *finding) {
+  printf("%s:%zu:%zu: %s\n", (const char *)context, finding->line, finding->column,
+         jt_finding_name(finding->code));
+  return 0;
+}
+// [source]
+
+int jt_test_finding_sample(jt_parser_space *s, const char *text, size_t size, char *name) {
+  const jt_listener listener = {.size = sizeof listener, .context = name, .finding = print_finding};
+  return jt_check_source(s, text, size, NULL, &listener);
 }

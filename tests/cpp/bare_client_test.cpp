@@ -7,6 +7,8 @@ namespace {
 
 TEST(BareClient, AddsUpTheCopies) { EXPECT_EQ(copies_of(kJob), 7); }
 
+TEST(BareClient, AddsThemUpInMemoryOfItsOwn) { EXPECT_EQ(copies_in_a_pool(kJob), 7); }
+
 TEST(BareClient, IsToldThatATextIsRefused) { EXPECT_EQ(copies_of("["), -1); }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <limits>
 #include <string>
 #include <utility>
@@ -29,6 +30,14 @@ Words words_of(Range &&range) {
     }
   }
   return words;
+}
+
+// How many steps a walk takes to its end.
+template <typename Range>
+std::size_t steps_of(Range &&range) {
+  std::size_t count = 0;
+  for (auto at = range.begin(); at != range.end(); ++at) ++count;
+  return count;
 }
 
 inline ::testing::AssertionResult says(const jt::Error &error, jt::Category category, const Words &messages) {

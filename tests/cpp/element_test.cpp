@@ -210,6 +210,8 @@ TEST_F(ElementsInCpp, PlacesInAWalkCanBeKept) {
   EXPECT_EQ(++at, services.end());
 }
 
+#ifdef __cpp_lib_ranges
+
 TEST_F(ElementsInCpp, AlgorithmsTakeTheChildren) {
   const jt::Elements services = root.children();
   const auto own =
@@ -217,6 +219,8 @@ TEST_F(ElementsInCpp, AlgorithmsTakeTheChildren) {
   EXPECT_EQ(*own, root.find("Own"));
   EXPECT_EQ(std::ranges::distance(services), 2);
 }
+
+#endif
 
 TEST_F(ElementsInCpp, AWalkGoesOnWhenOthersAreDeleted) {
   Words names;

@@ -473,6 +473,112 @@ std::vector<Scenario> element_scenarios() {
   };
 }
 
+// ---- Changing elements
+// ----------------------------------------------------------------------------------------
+
+const char *const kSavingHeader = "MEMORY ERROR: Saving the header\n ...";
+
+std::vector<Scenario> element_changes() {
+  const auto copies = [](World &w) { return handle_of(w.attribute("Copies")); };
+  const auto number = [](World &w) { return handle_of(w.attribute("Copies")->first_child); };
+  const auto pending = [](World &w) { return handle_of(w.attribute("Odd")->first_child); };
+  return {
+      {"SetComment",
+       [=](World &w) -> Result { return jt_set_element_comment(w.space, copies(w), "# new\n"); },
+       {{kNoMemory, "MEMORY ERROR: allocating for the comment:# new\n ..."}},
+       [](World &w) {
+         if (w.attribute("Copies")->comment == nullptr)
+           add_comment(w.space, w.attribute("Copies"), "# old\n");
+       }},
+      {"SetName",
+       [=](World &w) -> Result { return jt_set_element_name(w.space, copies(w), "Copies"); },
+       {{"MEMORY ERROR: could not allocate the nameCopies ..."}}},
+      {"SetStatus",
+       [=](World &w) -> Result { return jt_set_element_status(w.space, copies(w), "KMT_STATUS_ERROR"); },
+       {}},
+      {"SetOddStatus",
+       [=](World &w) -> Result { return jt_set_element_status(w.space, copies(w), "odd2"); },
+       {{"WARNING: trying to evaluate as an 'enumerated' type:odd2 ...", kNoMemory,
+         "MEMORY ERROR: allocating value :odd2 ..."}}},
+      {"SetStatusText",
+       [](World &w) -> Result {
+         return jt_set_element_status_text(w.space, handle_of(w.invocation()), "new");
+       },
+       {{kNoMemory}}},
+      {"SetStar",
+       [=](World &w) -> Result { return jt_set_element_non_compulsory(w.space, copies(w), 0); },
+       {}},
+      {"SetValue",
+       [=](World &w) -> Result { return jt_set_element_value_text(w.space, number(w), "4"); },
+       {{kNoMemory}}},
+      {"SetPendingValue",
+       [=](World &w) -> Result { return jt_set_element_value_text(w.space, pending(w), "new"); },
+       {{kNoMemory}},
+       [](World &w) { add_odd_attribute(w); }},
+      {"AddValue",
+       [=](World &w) -> Result { return jt_add_element_value_text(w.space, copies(w), "4") != 0; },
+       {no_value_node("4")},
+       fill_pages},
+      {"Remove",
+       [=](World &w) -> Result { return jt_remove_element(w.space, handle_of(w.attribute("Title"))); },
+       {}},
+  };
+}
+
+constexpr char kBare[] = "[ service Own ] { } end";
+constexpr char kSectionless[] = "<? SIL 4.2.00 ASCII id > [ service Own ] { } end < /SIL >";
+
+std::vector<Scenario> header_changes() {
+  const auto set = [](int32_t form) {
+    return [=](World &w) -> Result { return jt_set_header(w.space, w.job, form, "4.2.00", kLong.c_str()); };
+  };
+  const Messages no_word = {kNoMemory, kSavingHeader};
+  // The name of a word with a long text lies in a block of its own, too.
+  const auto no_name = [](const char *name) -> Messages {
+    return {kNoMemory, std::string("MEMORY ERROR: Allocating for ") + name + " ...", kSavingHeader};
+  };
+  const Messages no_identifier = no_name("InteractionID");
+  const Messages no_node_for_word = {no_node("LanguageVersion")[0], no_node("LanguageVersion")[1],
+                                     kSavingHeader};
+  return {
+      {"SetHeader", set(JT_NODE_HEADER_QUESTION), {no_node("header"), no_identifier, no_word}, fill_pages},
+      {"SetHeaderInAFullTable",
+       set(JT_NODE_HEADER_QUESTION),
+       {kFullTable, no_identifier, no_word},
+       fill_table},
+      {"GiveHeader",
+       set(JT_NODE_HEADER_PLAIN),
+       {no_node("header"), no_identifier, no_word},
+       fill_pages,
+       kBare},
+      {"GiveHeaderAndSection",
+       set(JT_NODE_HEADER_QUESTION),
+       {no_node("header"), no_identifier, no_word},
+       fill_pages,
+       kBare},
+      {"SetHeaderVersion",
+       [](World &w) -> Result { return jt_set_header_version(w.space, w.job, kLong.c_str()); },
+       {no_node_for_word, no_name("LanguageVersion"), no_word},
+       fill_pages},
+      {"SetHeaderIdentifier",
+       [](World &w) -> Result { return jt_set_header_identifier(w.space, w.job, kLong.c_str()); },
+       {no_node_for_word, no_identifier, no_word},
+       fill_pages},
+      {"RemoveHeader",
+       [](World &w) -> Result { return jt_set_header(w.space, w.job, 0, nullptr, nullptr); },
+       {}},
+      {"AddHeaderAttribute",
+       [](World &w) -> Result { return jt_add_header_attribute(w.space, w.job, "string", "Owner") != 0; },
+       {no_node("Owner")},
+       fill_pages},
+      {"AddSection",
+       [](World &w) -> Result { return jt_add_section(w.space, w.job) != 0; },
+       {no_node("header")},
+       fill_pages,
+       kSectionless},
+  };
+}
+
 // ---- Long lists
 // ---------------------------------------------------------------------------------------------
 
@@ -542,6 +648,8 @@ INSTANTIATE_TEST_SUITE_P(SettingStatusesWithoutNames, Call,
                          ::testing::ValuesIn(setting_statuses_without_names()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(ElementTexts, Call, ::testing::ValuesIn(element_texts()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(Elements, Call, ::testing::ValuesIn(element_scenarios()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(ChangingElements, Call, ::testing::ValuesIn(element_changes()), scenario_name);
+INSTANTIATE_TEST_SUITE_P(ChangingHeaders, Call, ::testing::ValuesIn(header_changes()), scenario_name);
 INSTANTIATE_TEST_SUITE_P(LongLists, Call, ::testing::ValuesIn(long_list_scenarios()), scenario_name);
 
 }  // namespace

@@ -14,6 +14,8 @@ lintian --allow-root --fail-on error \
 tests/packaging/page_references.sh "$1"/*.deb
 
 for package in "$1"/*.deb; do dpkg-deb --extract "$package" "$root"; done
+"$root/usr/bin/sil" json examples/scan_to_mail.sil | "$root/usr/bin/sil" from-json - |
+  "$root/usr/bin/sil" diff examples/scan_to_mail.sil -
 "$root/usr/bin/jt-roundtrip" examples/scan_to_mail.sil | cmp - tests/examples/expected/scan_to_mail.sil
 
 if ! {

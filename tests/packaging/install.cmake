@@ -4,7 +4,8 @@ set(first_prefix ${PREFIX}.first)
 file(REMOVE_RECURSE ${PREFIX} ${first_prefix})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${first_prefix} OUTPUT_QUIET
                         COMMAND_ERROR_IS_FATAL ANY)
-foreach(file bin/jt-driver bin/jt-roundtrip include/jt.h include/jt.hpp)
+foreach(file bin/jt-driver bin/jt-roundtrip bin/sil share/man/man1/sil.1 share/jt/sil.schema.json
+        share/bash-completion/completions/sil share/zsh/vendor-completions/_sil include/jt.h include/jt.hpp)
   if(NOT EXISTS ${first_prefix}/${file})
     message(FATAL_ERROR "${file} is not installed")
   endif()

@@ -19,7 +19,9 @@ constexpr char kRefused[] = "CALL ERROR: trying to release non existant memory .
 
 class BookmarkCalls : public ::testing::Test {
  protected:
-  BookmarkCalls() : space(), addresses(10) { jt_core::open_node_table(space.table, space.free_slots); }
+  BookmarkCalls() : space(), addresses(10) {
+    jt_core::open_node_table(space.table, space.free_slots, space.heap);
+  }
   ~BookmarkCalls() override { close(); }
   BookmarkCalls(const BookmarkCalls &) = delete;
   BookmarkCalls &operator=(const BookmarkCalls &) = delete;

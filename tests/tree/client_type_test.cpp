@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
+#include "tree/child_index.h"
 #include "tree/tree_session.h"
 
 namespace {
@@ -51,6 +53,21 @@ TEST_F(ClientType, MayRefuseAValueThatALibraryTypeCopied) {
   constexpr int32_t kGutter[] = {1, 2, 20};
   EXPECT_EQ(create_value_ptr_node(space, &kNarrow, reinterpret_cast<const jt_value *>(kGutter)), nullptr);
   EXPECT_EQ(count_alive(), 0U);
+}
+
+// No table of the children knows their hashes.
+TEST_F(ClientType, MayHaveManyValues) {
+  jt_node *const attribute = add_attribute(scan_invocation(), "struct_gutter", "gutters");
+  attribute->type = &kAgain;
+  for (int i = 0; i < 40; ++i) {
+    ASSERT_NE(add_value(attribute, (std::to_string(i) + "/2/MM").c_str()), nullptr);
+  }
+  for (const int32_t place : {0, 20, 39}) {
+    const int32_t gutter[] = {place, 2, 20};
+    jt_node *const found = jt_core::find_value(*attribute, reinterpret_cast<const jt_value *>(gutter));
+    EXPECT_EQ(found, jt_test::children_of(attribute)[static_cast<std::size_t>(place)]);
+  }
+  EXPECT_EQ(attribute->index, nullptr);
 }
 
 }  // namespace

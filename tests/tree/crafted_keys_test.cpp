@@ -74,6 +74,32 @@ TEST_F(CraftedKeys, ASecondOfAnyNameIsRefused) {
   }
 }
 
+TEST_F(CraftedKeys, TwoListsShareTheSecretOfTheSession) {
+  jt_node *const second = add_invocation(parent->parent, "second");
+  for (jt_node *const list : {parent, second}) {
+    for (const std::string &name : names_of_one_hash(300)) add_attribute(list, "integer", name.c_str());
+  }
+  EXPECT_EQ(get_child(space, parent, parent->last_child->name), parent->last_child);
+  EXPECT_TRUE(secret_is_used());
+  const jt_core::HashKey secret = space->hash_key;
+  for (jt_node *const list : {parent, second}) {
+    for (jt_node *const child : children_of(list)) ASSERT_EQ(get_child(space, list, child->name), child);
+  }
+  EXPECT_EQ(std::memcmp(&secret, &space->hash_key, sizeof(secret)), 0);
+}
+
+TEST_F(CraftedKeys, AChildWithoutANameStandsAmongThem) {
+  jt_node *const service = parent->parent;
+  const std::vector<std::string> names = names_of_one_hash(300);
+  for (const std::string &name : names) add_invocation(service, name.c_str());
+  EXPECT_EQ(get_child(space, service, names[299].c_str()), service->last_child);
+  EXPECT_TRUE(secret_is_used());
+  add_invocation(service, nullptr);
+  add_invocation(service, "behind");
+  EXPECT_STREQ(get_child(space, service, "behind")->name, "behind");
+  EXPECT_EQ(get_child(space, service, names[0].c_str()), parent->next_sibling);
+}
+
 TEST_F(CraftedKeys, OrdinaryNamesNeedNoSecret) {
   for (int i = 0; i < 100'000; ++i) {
     add_attribute(parent, "integer", ("Attribute" + std::to_string(i)).c_str());
@@ -154,6 +180,47 @@ TEST_F(LongRun, IsLeftWhenOneIsLookedForInVain) {
   EXPECT_EQ(find(missing), nullptr);
   EXPECT_TRUE(secret_is_used());
   expect_all_found_but(missing);
+}
+
+// Two numbers for each of the last slots of a table: half of them begin it again from the front, and are the
+// first to come when it grows. They then take the slots of the others, which are put too far from where they
+// belong.
+TEST_F(CraftedKeys, ATableThatGrowsLeavesTheRunThatItMakes) {
+  constexpr std::uint32_t kSlots = 1024;
+  constexpr std::uint32_t kFirst = kSlots - 124;
+  std::vector<std::vector<std::int32_t>> numbers_at(kSlots);
+  std::vector<std::int32_t> elsewhere;
+  for (std::int32_t number = 0; number < 300'000; ++number) {
+    const std::uint32_t home =
+        jt_core::hash_numbers(nullptr, std::array<std::int32_t, 1>{number}) % (2 * kSlots);
+    if (home >= kFirst && home < kSlots) numbers_at[home].push_back(number);
+    if (home >= 200 && home < 800 && numbers_at[home].empty()) {
+      numbers_at[home].push_back(number);
+      elsewhere.push_back(number);
+    }
+  }
+  jt_node *const attribute = add_attribute(parent, "integer", "numbers");
+  std::vector<std::int32_t> numbers(elsewhere.begin(), elsewhere.begin() + 264);
+  for (std::uint32_t home = kFirst; home < kSlots; ++home) {
+    ASSERT_GE(numbers_at[home].size(), 2U);
+    numbers.insert(numbers.end(), {numbers_at[home][0], numbers_at[home][1]});
+  }
+  const auto add = [&](const std::int32_t &number) {
+    add_child(space, attribute,
+              create_value_ptr_node(space, attribute->type, reinterpret_cast<const jt_value *>(&number)));
+  };
+  const auto find = [&](const std::int32_t &number) {
+    return jt_core::find_value(*attribute, reinterpret_cast<const jt_value *>(&number));
+  };
+  for (const std::int32_t number : numbers) add(number);
+  ASSERT_EQ(numbers.size(), kSlots / 2);
+  EXPECT_EQ(find(numbers.back()), attribute->last_child);
+  EXPECT_FALSE(secret_is_used());
+  numbers.push_back(elsewhere.back());
+  add(numbers.back());
+  EXPECT_TRUE(secret_is_used());
+  const Nodes children = children_of(attribute);
+  for (std::size_t i = 0; i < numbers.size(); ++i) ASSERT_EQ(find(numbers[i]), children[i]) << i;
 }
 
 }  // namespace

@@ -61,6 +61,29 @@ TEST_F(SiblingOrder, HoldsWhereEachIsPutBehindTheLastOne) {
   }
 }
 
+TEST_F(SiblingOrder, HoldsWhereTheOneBehindIsTheLast) {
+  jt_node *const place = attribute->first_child->next_sibling;
+  for (int i = 0; i < 32; ++i) insert_behind(place, "7");
+  while (attribute->last_child != place->next_sibling) destroy_node(space, attribute->last_child);
+  for (int i = 0; i < 40; ++i) {
+    insert_behind(place, "7");
+    ASSERT_EQ(find("7"), place->next_sibling) << i;
+  }
+  EXPECT_EQ(find("0"), attribute->first_child);
+}
+
+// The first one and the one behind it come nearer to the front each time, until its numbers are used up.
+TEST_F(SiblingOrder, HoldsWhereTheFirstOneGetsNewValues) {
+  jt_node *const first = attribute->first_child;
+  for (int i = 0; i < 300; ++i) {
+    insert_behind(first, "7");
+    jt_core::unindex_child(*attribute, *first);
+    jt_core::index_child(*attribute, *first);
+    ASSERT_EQ(find("0"), first) << i;
+    ASSERT_EQ(find("7"), first->next_sibling) << i;
+  }
+}
+
 TEST_F(SiblingOrder, HoldsWhileTheFirstOnesGo) {
   jt_node *const place = attribute->first_child;
   for (int i = 0; i < 300; ++i) insert_behind(place, "7");

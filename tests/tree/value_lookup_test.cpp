@@ -2,6 +2,7 @@
 // values are of a type that has no hash and a table of its children cannot hold them.
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "tree/child_index.h"
@@ -47,6 +48,14 @@ TEST_F(ValueLookup, FindsTheFirstOfEqualReals) {
   EXPECT_EQ(find(1.5F), first);
   EXPECT_EQ(destroy_node(space, first), 1);
   EXPECT_EQ(find(1.5F), second);
+}
+
+// What is no number is equal to every real, and has no place in the table.
+TEST_F(ValueLookup, FindsTheFirstRealWhereNoNumberIsSought) {
+  jt_node *const first = add_value(holder, "1.5");
+  add_value(holder, "2.5");
+  EXPECT_EQ(find(std::numeric_limits<float>::quiet_NaN()), first);
+  EXPECT_NE(holder->index, nullptr) << "the table stays";
 }
 
 TEST_F(ValueLookup, FindsNamesAgainWhenTheRealsAreGone) {

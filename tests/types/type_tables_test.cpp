@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "types/type_tables.h"
 #include "types/value_cases.h"
 
 namespace jt_test {
@@ -382,6 +383,24 @@ TEST_F(TypeLookup, TypesWithCapitalsAreFoundBesideEachOther) {
   EXPECT_EQ(find("kmt_svc_general", "enum_encoding"), &gen_type_tab[3]);
   EXPECT_EQ(find("kmt_svc_general", "enum_RVQ"), &gen_type_tab[4]);
   EXPECT_EQ(find("kmt_svc_general", "enum_rvq"), &gen_type_tab[4]);
+}
+
+// The row of the service itself has no operations.
+const jt_type *own_row(const jt_type *rows, const char *service) {
+  while (std::string_view(rows->name) != service) ++rows;
+  EXPECT_EQ(rows->eval, nullptr);
+  return rows;
+}
+
+TEST(TableOfRow, IsFoundByTheRowOfAServiceInTemplates) {
+  const jt_core::TypeTable *const table = jt_core::find_table_of_row(own_row(fax_type_tab, "kmt_svc_fax"));
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->rows, fax_type_tab);
+}
+
+TEST(TableOfRow, IsNotFoundByTheRowOfAServiceThatIsOnlyListed) {
+  EXPECT_EQ(jt_core::find_table_of_row(own_row(pport_type_tab, "kmt_svc_traikubra")), nullptr);
+  EXPECT_EQ(jt_core::find_table_of_row(own_row(qf_type_tab, "kmt_svc_quillform")), nullptr);
 }
 
 }  // namespace
