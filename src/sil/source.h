@@ -136,7 +136,7 @@ class SourceDecoder {
                                           jt_finding &finding);
   [[gnu::cold]] void describe_end(const Token &token, State state, jt_finding &finding);
   [[gnu::cold]] void describe_unclosed(State state, jt_finding &finding);
-  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding);
+  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding) const;
   [[gnu::cold]] void describe_bad_string(jt_finding &finding);
   [[gnu::cold]] bool is_missing_before(const Token &token, State state, std::size_t begin) const;
   [[gnu::cold]] std::size_t end_of_line(std::size_t offset) const;

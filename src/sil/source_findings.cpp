@@ -154,7 +154,7 @@ void SourceDecoder::tell_unknown_service() {
   const bool is_new = element != nullptr && element->kind == JT_SOURCE_INVOCATION &&
                       element->head_end == last_end_ && invocation.first_child == nullptr;
   if (!is_new || service.first_child != &invocation || !has_known_type(service)) return;
-  const std::size_t number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
+  const auto number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
   if (number >= names_.size()) return;
   jt_finding finding = finding_of(JT_FINDING_SERVICE_UNKNOWN, names_[number].name);
   finding.candidates = JT_CANDIDATES_SERVICES;
@@ -234,7 +234,7 @@ void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   finding.second = {block->begin, std::max(block->head_end, block->begin + 1)};
 }
 
-void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
+void SourceDecoder::describe_type(const Token &token, jt_finding &finding) const {
   finding.code = is_type_of_a_service(token.text) ? JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE
                                                   : JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN;
   finding.candidates = JT_CANDIDATES_TYPES;
