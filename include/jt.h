@@ -53,6 +53,7 @@
 /// | depth | what is wrong | what is recorded |
 /// |---|---|---|
 /// | session | the parser handle is null | nothing, in any session; the call fails at once |
+/// | session | a listener of the session is being told something | `CALL ERROR: made from inside a listener` |
 /// | arguments | those of the call itself | as the call says; the status was set to 0 before |
 /// | template | the handle is not live | `SYSTEM ERROR: unknown opaque marker`, then the next |
 /// | | | `CALL ERROR: not a valid handle` |

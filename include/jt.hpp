@@ -13,7 +13,7 @@
 ///
 /// What jt.h says about names, texts, cursors, types and messages holds here too; its name stands behind what
 /// is only passed on. The chapters: texts; messages, errors and results; records of values; values; statuses;
-/// services; ranges; elements; templates; sessions.
+/// services; ranges; elements; source; templates; sessions.
 
 /// \defgroup cpp_conventions What holds for every call in C++
 ///
@@ -50,7 +50,7 @@
 /// Chain::transform() and Chain::or_else().
 ///
 /// **Exceptions.** None is thrown or needed, but those of the standard library where Text::str() makes a
-/// std::string. The header compiles with and without exceptions and RTTI.
+/// std::string, and what a client's listener throws. The header compiles with and without exceptions and RTTI.
 ///
 /// **Cost.** That of the call in jt.h. A text that is given is copied only to put a NUL behind a string_view:
 /// on the stack up to 63 bytes, else on the heap. Messages are copied only where something was reported.
@@ -64,10 +64,12 @@
 #include <algorithm>
 #include <array>
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <functional>
 #include <iterator>
 #include <limits>
@@ -2139,6 +2141,429 @@ inline Result<Element> Element::add_section() const noexcept {
   return added(jt_add_section(link_.raw(), handle_));
 }
 
+// ---- Source -----------------------------------------------------------------------------------------------
+
+/// \defgroup cpp_source Source: places and findings
+///
+/// Where everything stands in a text, and everything that is wrong with it. Session::check() gives all findings
+/// of a text; a listener is told of tokens and elements too, and hears what a decode has to say.
+///
+/// ```cpp
+/// jt::Findings findings;
+/// jt::Result<jt::Template> job = session.decode(text, {}, findings);
+/// for (const jt::Finding &at : findings)
+///   std::printf("%zu:%zu: %s\n", at.place().line, at.place().column, at.name().data());
+/// ```
+///
+/// **Texts** are views here, of any length and with any bytes.
+///
+/// **Listeners** are objects with one or more of these members, or functions of a Finding. A member that gives
+/// nothing, or true, lets the call go on; false ends it, and it fails with `CALL ERROR: ended by the listener`.
+///
+/// ```text
+/// open(const jt::SourceElement &)                  an element begins
+/// close(const jt::SourceElement &)                 an element has ended
+/// token(const jt::Token &)                         a token has been accepted
+/// finding(const jt::Finding &)                     something was found
+/// handle(std::int32_t number, std::int32_t handle)  of an element, when a decode has succeeded
+/// ```
+///
+/// What a listener throws ends the call in the same way, leaves nothing of it, and is thrown on behind it.
+/// \{
+
+/// A piece of a text.
+struct Range {
+  std::size_t begin = 0;  ///< Its first byte.
+  std::size_t end = 0;    ///< The byte behind its last one.
+
+  /// The piece, of the text that was read.
+  constexpr std::string_view of(std::string_view text) const noexcept {
+    const std::size_t first = std::min(begin, text.size());
+    return text.substr(first, end - std::min(begin, end));
+  }
+  /// The same bytes.
+  friend bool operator==(const Range &, const Range &) noexcept = default;
+};
+
+/// A place in a text, for people.
+struct Place {
+  std::size_t line = 0;    ///< Counts from 1.
+  std::size_t column = 0;  ///< Counts bytes, from 1.
+
+  /// In the order of the text.
+  friend auto operator<=>(const Place &, const Place &) noexcept = default;
+};
+
+/// What an element of a text is.
+enum class SourceKind : std::int32_t {
+  header = JT_SOURCE_HEADER,          ///< with the attributes of the header
+  section = JT_SOURCE_SECTION,        ///< from its opening marks to its closing ones
+  service = JT_SOURCE_SERVICE,        ///< from its bracket on
+  invocation = JT_SOURCE_INVOCATION,  ///< from its name or its brace on
+  attribute = JT_SOURCE_ATTRIBUTE,    ///< from its star or its type on
+  value = JT_SOURCE_VALUE,            ///< one of an attribute
+  status = JT_SOURCE_STATUS           ///< from its parenthesis on
+};
+
+/// An element of a text.
+struct SourceElement {
+  SourceKind kind;      ///< What it is.
+  std::int32_t number;  ///< Elements count from 0 in the order in which they are opened.
+  Range range;          ///< Where it stands; empty when it is opened.
+};
+
+/// The part that a token plays.
+enum class Role : std::int32_t {
+  punctuation = JT_ROLE_PUNCTUATION,          ///< the word "end" of a service is one
+  marker = JT_ROLE_MARKER,                    ///< "SIL", "/SIL", "/", and the "?" or "!" of a form
+  version = JT_ROLE_VERSION,                  ///< of the header, as the next two
+  encoding = JT_ROLE_ENCODING,                ///< ASCII
+  identifier = JT_ROLE_IDENTIFIER,            ///< of the interaction
+  service_type = JT_ROLE_SERVICE_TYPE,        ///< the first word in brackets
+  service_name = JT_ROLE_SERVICE_NAME,        ///< the second one
+  invocation_name = JT_ROLE_INVOCATION_NAME,  ///< in front of a brace
+  star = JT_ROLE_STAR,                        ///< of an attribute that is not compulsory
+  attribute_type = JT_ROLE_ATTRIBUTE_TYPE,    ///< the first word of an attribute
+  attribute_name = JT_ROLE_ATTRIBUTE_NAME,    ///< the second one
+  value = JT_ROLE_VALUE,                      ///< of an attribute
+  status = JT_ROLE_STATUS,                    ///< the name in parentheses
+  status_text = JT_ROLE_STATUS_TEXT,          ///< a word in the braces of a status
+  comment = JT_ROLE_COMMENT                   ///< from "#" to the end of its line
+};
+
+/// A token of a text; its text lasts as long as the listener is being told.
+struct Token {
+  Role role;              ///< The part that it plays.
+  Range range;            ///< As it is written, with its quotes and escapes.
+  std::string_view text;  ///< What it means, without them.
+};
+
+/// How bad a finding is.
+enum class Severity : std::int32_t {
+  error = JT_SEVERITY_ERROR,      ///< a decode fails
+  loss = JT_SEVERITY_LOSS,        ///< something that is written is dropped or changed
+  warning = JT_SEVERITY_WARNING,  ///< nothing is lost, but it is hardly what was meant
+  note = JT_SEVERITY_NOTE         ///< worth knowing
+};
+
+/// The word for a severity, such as "error".
+constexpr std::string_view name_of(Severity severity) noexcept {
+  constexpr std::string_view kNames[] = {"error", "loss", "warning", "note"};
+  return kNames[static_cast<std::size_t>(severity) & 3];
+}
+
+/// What the names are that may have been meant.
+enum class Candidates : std::int32_t {
+  none = JT_CANDIDATES_NONE,          ///< none are known
+  services = JT_CANDIDATES_SERVICES,  ///< those of jt_catalogue_service()
+  types = JT_CANDIDATES_TYPES,        ///< those of jt_catalogue_types() for the scope, and the built-in ones
+  names = JT_CANDIDATES_NAMES         ///< those of jt_catalogue_name() for the scope
+};
+
+/// Something that was found in a text: a view, which lasts as long as its Findings, or as the listener is being
+/// told. A NUL stands behind each of its texts.
+class Finding {
+ public:
+  /// What jt.h tells.
+  explicit Finding(const jt_finding &record) noexcept : record_(&record) {}
+
+  /// JT_FINDING_...
+  std::int32_t code() const noexcept { return record_->code; }
+  /// Its name, such as "syntax-expected". jt_finding_name()
+  std::string_view name() const noexcept { return jt_finding_name(code()); }
+  /// How bad it is.
+  Severity severity() const noexcept { return static_cast<Severity>(record_->severity); }
+  /// Where it is; empty, behind the last token, where one is missing.
+  Range range() const noexcept { return made(record_->range); }
+  /// Line and column of the range.
+  Place place() const noexcept { return {record_->line, record_->column}; }
+  /// The token at which a decode stops; in other findings the range.
+  Range found() const noexcept { return made(record_->found); }
+  /// Whether that is the end of the text.
+  bool found_is_end() const noexcept { return record_->found_is_end != 0; }
+  /// The marks that may stand there, with blanks between them.
+  std::string_view expected() const noexcept { return record_->expected; }
+  /// Whether a token of that role may stand there.
+  bool expects(Role role) const noexcept {
+    return (record_->expected_roles >> static_cast<unsigned>(role) & 1) != 0;
+  }
+  /// The first of two namesakes, or the opening of what is not closed.
+  std::optional<Range> second() const noexcept {
+    return record_->has_second != 0 ? std::optional(made(record_->second)) : std::nullopt;
+  }
+  /// What the names are that may have been meant.
+  Candidates candidates() const noexcept { return static_cast<Candidates>(record_->candidates); }
+  /// The service whose types or names may be meant; null: those of none.
+  const char *scope() const noexcept { return record_->scope; }
+  /// The type of a value that it is about; null where it is about none.
+  const char *type() const noexcept { return record_->type; }
+
+  /// The record of jt.h.
+  const jt_finding &get() const noexcept { return *record_; }
+
+ private:
+  static Range made(jt_range range) noexcept { return {range.begin, range.end}; }
+
+  const jt_finding *record_;
+};
+
+/// Owns findings in the order in which they were told, as a forward range. It is a listener: what it is told it
+/// adds, in one block of the heap each, and without memory it ends the call.
+class Findings {
+  struct Entry;
+
+ public:
+  /// No findings.
+  Findings() noexcept = default;
+  /// Takes the findings over and leaves the other empty.
+  Findings(Findings &&other) noexcept { swap(other); }
+  /// Takes the findings over.
+  Findings &operator=(Findings &&other) noexcept {
+    Findings taken(std::move(other));
+    swap(taken);
+    return *this;
+  }
+  ~Findings() {
+    while (first_ != nullptr) std::free(std::exchange(first_, first_->next));
+  }
+
+  /// Adds a copy. False without memory.
+  bool finding(const Finding &told) noexcept {
+    const char *const texts[] = {told.get().expected, told.get().scope, told.get().type};
+    std::size_t bytes = sizeof(Entry);
+    for (const char *const text : texts) bytes += text != nullptr ? std::strlen(text) + 1 : 0;
+    void *const block = std::malloc(bytes);
+    if (block == nullptr) {
+      lacked_memory_ = true;
+      return false;
+    }
+    append(*new (block) Entry{told.get(), nullptr}, static_cast<char *>(block) + sizeof(Entry));
+    return true;
+  }
+
+  /// A place in a walk.
+  class Iterator {
+   public:
+    using iterator_concept = std::forward_iterator_tag;  ///< any number of walks
+    using value_type = Finding;                          ///< what it stands on
+    using difference_type = std::ptrdiff_t;              ///< as every iterator has it
+
+    /// Behind the last.
+    Iterator() noexcept = default;
+
+    /// The finding.
+    Finding operator*() const noexcept { return Finding(at_->record); }
+    /// To the next one.
+    Iterator &operator++() noexcept {
+      at_ = at_->next;
+      return *this;
+    }
+    /// To the next one; gives the place before.
+    Iterator operator++(int) noexcept { return std::exchange(*this, Iterator(at_->next)); }
+    /// The same place.
+    friend bool operator==(const Iterator &a, const Iterator &b) noexcept { return a.at_ == b.at_; }
+    /// Behind the last.
+    friend bool operator==(const Iterator &at, std::default_sentinel_t) noexcept { return at.at_ == nullptr; }
+
+   private:
+    friend class Findings;
+
+    explicit Iterator(const Entry *at) noexcept : at_(at) {}
+
+    const Entry *at_ = nullptr;
+  };
+
+  /// The first. Not of a temporary, but a range-based for may have one.
+  Iterator begin() const &noexcept { return Iterator(first_); }
+  /// Not of a temporary.
+  Iterator begin() const && = delete;
+  /// Behind the last.
+  std::default_sentinel_t end() const noexcept { return {}; }
+  /// How many there are.
+  std::size_t size() const noexcept { return size_; }
+  /// Whether there is none.
+  bool empty() const noexcept { return size_ == 0; }
+  /// How many are just as bad as that. O(size()).
+  std::size_t count(Severity severity) const noexcept {
+    std::size_t found = 0;
+    for (const Finding finding : *this) found += finding.severity() == severity ? 1 : 0;
+    return found;
+  }
+  /// Whether one could not be added.
+  bool lacked_memory() const noexcept { return lacked_memory_; }
+
+ private:
+  struct Entry {
+    jt_finding record;
+    Entry *next;
+  };
+
+  void append(Entry &entry, char *place) noexcept {
+    for (const char **text : {&entry.record.expected, &entry.record.scope, &entry.record.type}) {
+      if (*text == nullptr) continue;
+      const std::size_t size = std::strlen(*text) + 1;
+      std::memcpy(place, *text, size);
+      *text = std::exchange(place, place + size);
+    }
+    (last_ != nullptr ? last_->next : first_) = &entry;
+    last_ = &entry;
+    ++size_;
+  }
+
+  void swap(Findings &other) noexcept {
+    std::swap(first_, other.first_);
+    std::swap(last_, other.last_);
+    std::swap(size_, other.size_);
+    std::swap(lacked_memory_, other.lacked_memory_);
+  }
+
+  Entry *first_ = nullptr;
+  Entry *last_ = nullptr;
+  std::size_t size_ = 0;
+  bool lacked_memory_ = false;
+};
+
+/// How a text is decoded. What is 0 is no limit.
+struct SourceOptions {
+  bool strict = false;         ///< The first loss fails the decode, "SYNTAX ERROR: strict: " + its name.
+  std::size_t most_bytes = 0;  ///< Of text.
+  std::size_t most_nodes = 0;  ///< That the decode may make.
+  std::size_t most_heap = 0;   ///< Bytes of memory that the decode may ask for.
+};
+
+/// \cond
+namespace detail {
+
+inline jt_source_options record_of(const SourceOptions &options) noexcept {
+  return {sizeof(jt_source_options), options.strict ? 1 : 0, options.most_bytes, options.most_nodes,
+          options.most_heap};
+}
+
+inline SourceElement made_of(const jt_source_element &told) noexcept {
+  return {static_cast<SourceKind>(told.kind), told.number, {told.range.begin, told.range.end}};
+}
+
+inline Token made_of(const jt_source_token &told) noexcept {
+  return {static_cast<Role>(told.role), {told.range.begin, told.range.end}, {told.text, told.length}};
+}
+
+template <typename Listener>
+concept HearsOpen = requires(Listener &to, const SourceElement &element) {
+  to.open(element);
+};
+template <typename Listener>
+concept HearsClose = requires(Listener &to, const SourceElement &element) {
+  to.close(element);
+};
+template <typename Listener>
+concept HearsToken = requires(Listener &to, const Token &token) {
+  to.token(token);
+};
+template <typename Listener>
+concept HearsFinding = requires(Listener &to, const Finding &finding) {
+  to.finding(finding);
+};
+template <typename Listener>
+concept HearsHandle = requires(Listener &to, std::int32_t number) {
+  to.handle(number, number);
+};
+template <typename Listener>
+concept IsFunctionOfFinding = std::invocable<Listener &, const Finding &>;
+
+/// Stands between the functions of jt.h and a listener, of which only those members are called for that it has.
+template <typename Listener>
+class Ear {
+  static_assert(
+      HearsOpen<Listener> || HearsClose<Listener> || HearsToken<Listener> || HearsFinding<Listener> ||
+          HearsHandle<Listener> || IsFunctionOfFinding<Listener>,
+      "a listener has one of the members open, close, token, finding and handle, with their arguments");
+
+ public:
+  explicit Ear(Listener &listener) noexcept : listener_(listener) {
+    record_.size = sizeof(record_);
+    record_.context = this;
+    if constexpr (HearsOpen<Listener>) {
+      record_.open = [](void *ear, const jt_source_element *told) {
+        return answer(ear, [told](Listener &to) { return to.open(made_of(*told)); });
+      };
+    }
+    if constexpr (HearsClose<Listener>) {
+      record_.close = [](void *ear, const jt_source_element *told) {
+        return answer(ear, [told](Listener &to) { return to.close(made_of(*told)); });
+      };
+    }
+    if constexpr (HearsToken<Listener>) {
+      record_.token = [](void *ear, const jt_source_token *told) {
+        return answer(ear, [told](Listener &to) { return to.token(made_of(*told)); });
+      };
+    }
+    if constexpr (HearsFinding<Listener>) {
+      record_.finding = [](void *ear, const jt_finding *told) {
+        return answer(ear, [told](Listener &to) { return to.finding(Finding(*told)); });
+      };
+    } else if constexpr (IsFunctionOfFinding<Listener>) {
+      record_.finding = [](void *ear, const jt_finding *told) {
+        return answer(ear, [told](Listener &to) { return std::invoke(to, Finding(*told)); });
+      };
+    }
+    if constexpr (HearsHandle<Listener>) {
+      record_.handle = [](void *ear, std::int32_t number, std::int32_t handle) {
+        return answer(ear, [number, handle](Listener &to) { return to.handle(number, handle); });
+      };
+    }
+  }
+  Ear(const Ear &) = delete;
+  Ear &operator=(const Ear &) = delete;
+  ~Ear() = default;
+
+  const jt_listener *record() const noexcept { return &record_; }
+
+  /// Throws what the listener has thrown.
+  void throw_on() const {
+    if (thrown_ != nullptr) std::rethrow_exception(thrown_);
+  }
+
+ private:
+  template <typename Tell>
+  static std::int32_t answer(void *ear, Tell tell) noexcept {
+    Ear &self = *static_cast<Ear *>(ear);
+#ifdef __cpp_exceptions
+    try {
+      return goes_on(self.listener_, tell) ? 0 : 1;
+    } catch (...) {
+      self.thrown_ = std::current_exception();
+      return 1;
+    }
+#else
+    return goes_on(self.listener_, tell) ? 0 : 1;
+#endif
+  }
+
+  template <typename Tell>
+  static bool goes_on(Listener &listener, Tell tell) {
+    if constexpr (std::is_void_v<decltype(tell(listener))>) {
+      tell(listener);
+      return true;
+    } else {
+      return tell(listener);
+    }
+  }
+
+  Listener &listener_;
+  jt_listener record_{};
+  std::exception_ptr thrown_;
+};
+
+/// What stands for a view of nothing, which is a text without bytes.
+inline const char *bytes_of(std::string_view text) noexcept {
+  return text.data() != nullptr ? text.data() : "";
+}
+
+}  // namespace detail
+/// \endcond
+
+/// \}
+
 // ---- Templates --------------------------------------------------------------------------------------------
 
 /// \defgroup cpp_templates Templates
@@ -2194,6 +2619,27 @@ class Template {
   }
   /// Not of a temporary, which is destroyed before the service is used.
   Result<Service> add_service(const TextArgument &type, const TextArgument &name) const && = delete;
+
+  /// What of it would not be read back as it is when it is written: the findings have no places, but elements.
+  /// It fails where it cannot be looked for. O(size of the template). jt_check_template()
+  Result<Findings> check() const noexcept {
+    Findings findings;
+    const Result<> is_safe = check(findings);
+    if (findings.lacked_memory()) return link_.refuse(detail::kNoMemory, "");
+    if (!is_safe && findings.empty()) return is_safe.error();
+    return findings;
+  }
+  /// Tells a listener the same. Succeeds where nothing would be lost. Throws what the listener throws.
+  /// jt_check_template()
+  template <typename Listener>
+  Result<> check(Listener &&listener) const {
+    detail::Ear<std::remove_reference_t<Listener>> ear(listener);
+    const Result<> is_safe = link_.done(jt_check_template(link_.raw(), handle_, ear.record()));
+    ear.throw_on();
+    return is_safe;
+  }
+  /// The element of this template that a finding is about; empty where it is about none. No call is made.
+  Element element_of(const Finding &finding) const noexcept { return {link_, finding.get().element}; }
 
   /// The template as an element, from which all others are reached; no call is made.
   Element root() const noexcept { return {link_, handle_}; }
@@ -2283,7 +2729,7 @@ struct BlocksOf {
 }  // namespace detail
 /// \endcond
 
-/// An allocator for a session over a std::pmr::memory_resource, or over anything else with its allocate(bytes,
+/// An allocator for a session over a `std::pmr::memory_resource`, or over anything else with its allocate(bytes,
 /// alignment) and deallocate(block, bytes, alignment). The resource must outlive the session. An allocate() that
 /// throws has no memory to give. jt_allocator
 template <typename Resource>
@@ -2330,6 +2776,45 @@ class Session {
   Result<Template> decode(const TextArgument &text) const noexcept {
     if (!link_.admits(text)) return link_.failure();
     return template_of(jt_decode_template(link_.raw(), text.c_str()));
+  }
+
+  /// Reads a text of SIL that may have any bytes and need not end with NUL. O(length of the text).
+  /// jt_decode_source()
+  Result<Template> decode(std::string_view text, const SourceOptions &options) const noexcept {
+    const jt_source_options asked = detail::record_of(options);
+    return template_of(jt_decode_source(get(), detail::bytes_of(text), text.size(), &asked, nullptr));
+  }
+  /// The same, and tells a listener where everything stands. Throws what the listener throws.
+  template <typename Listener>
+  Result<Template> decode(std::string_view text, const SourceOptions &options, Listener &&listener) const {
+    const jt_source_options asked = detail::record_of(options);
+    detail::Ear<std::remove_reference_t<Listener>> ear(listener);
+    Result<Template> made =
+        template_of(jt_decode_source(get(), detail::bytes_of(text), text.size(), &asked, ear.record()));
+    ear.throw_on();
+    return made;
+  }
+
+  /// Everything that is wrong in a text. It fails where it cannot be looked for: without a session, without
+  /// memory, from inside a listener. A text that a decode would refuse has an error among its findings, or, where
+  /// the options are strict, a loss. O(length of the text). jt_check_source()
+  Result<Findings> check(std::string_view text, const SourceOptions &options = {}) const noexcept {
+    Findings findings;
+    const Result<> decodes = check(text, options, findings);
+    if (findings.lacked_memory()) return link_.refuse(detail::kNoMemory, "");
+    if (!decodes && findings.empty()) return decodes.error();
+    return findings;
+  }
+  /// Tells a listener everything that is wrong in a text. Succeeds where a decode with these options would, and
+  /// fails with the error of that. Throws what the listener throws. jt_check_source()
+  template <typename Listener>
+  Result<> check(std::string_view text, const SourceOptions &options, Listener &&listener) const {
+    const jt_source_options asked = detail::record_of(options);
+    detail::Ear<std::remove_reference_t<Listener>> ear(listener);
+    const Result<> decodes =
+        link_.done(jt_check_source(get(), detail::bytes_of(text), text.size(), &asked, ear.record()));
+    ear.throw_on();
+    return decodes;
   }
 
   /// A new empty template. jt_create_template()

@@ -1,5 +1,5 @@
 // Writes what the manual takes from the library's own tables into a directory: pictures of the decoder's
-// machines for Graphviz, and in Markdown their rows, the names of the base types, and a page for each
+// machines for Graphviz, and in Markdown their rows, the names of the base types, the findings, and a page for each
 // service.
 //
 //   jt-docs OUTPUT_DIRECTORY
@@ -9,6 +9,7 @@
 #include <string>
 
 #include "catalogue.h"
+#include "findings.h"
 #include "machines.h"
 
 namespace {
@@ -30,6 +31,7 @@ int main(int argc, char **argv) {
   }
   const std::string directory = argv[1];
   bool written = write_whole(directory + "/tables/base_names.md", jt_docs::write_names(jt_core::kBaseValues));
+  written &= write_whole(directory + "/tables/findings.md", jt_docs::write_findings());
   for (const jt_docs::Drawing &drawing : jt_docs::kDrawings) {
     const std::string name = "/machine_" + std::string(drawing.name);
     written &= write_whole(directory + "/pictures" + name + ".dot", jt_docs::draw(drawing));

@@ -25,6 +25,7 @@ PAGES = {
     "jt_elements": "any element of a template by handle",
     "jt_element_changes": "change any element of a template by handle",
     "jt_catalogue": "services, types and names that jt knows",
+    "jt_source": "places and findings in a SIL text",
     "jt_store": "reports, memory and texts beneath the calls of jt",
     "jt_tree": "the tree beneath the calls of jt",
     "jt_types": "types and type tables of jt",
@@ -190,7 +191,8 @@ def main():
         return ElementTree.parse(Path(xml) / f"{name}.xml").find("compounddef")
 
     for page in PAGES:
-        group = read("group__" + ("records" if page == "jt" else page.removeprefix("jt_")))
+        chapter = "records" if page == "jt" else page.removeprefix("jt_")
+        group = read("group__" + chapter.replace("_", "__"))  # as Doxygen names its files
         members = group.findall("sectiondef/memberdef")
         records = [record for record in map(read, (inner.get("refid") for inner in group.findall("innerclass")))
                    if record.find("sectiondef") is not None]

@@ -1,6 +1,6 @@
 // The engine that runs the machines of the grammar over a text. It is made twice: for a decode that nobody
 // listens to, and for one with an observer, which is told of every token and may go on behind an error. So the
-// first pays nothing for the second. tests/sil/decode_entry_test.cpp and tests/sil/source_test.cpp
+// first pays nothing for the second. tests/sil/decode_entry_test.cpp and tests/sil/source_agreement_test.cpp
 #ifndef JT_SIL_ENGINE_H
 #define JT_SIL_ENGINE_H
 
@@ -44,10 +44,9 @@ bool run_machine(Decoder &decoder, const Machine &machine, State state, Observer
                                     : on_unmatched_token(decoder, machine, token, state);
     if (unmatched == Unmatched::kFinished) return true;
     if (unmatched == Unmatched::kGoesOn) continue;
-    if constexpr (!Observer::kListens)
-      return false;
-    else if (!observer.failed(machine, token, outcome, state))
-      return false;
+    bool goes_on = false;
+    if constexpr (Observer::kListens) goes_on = observer.failed(machine, token, outcome, state);
+    if (!goes_on) return false;
   }
   return true;
 }

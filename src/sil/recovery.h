@@ -15,8 +15,13 @@ class SourceDecoder;
 // follow.
 [[gnu::cold]] bool recover(Decoder &decoder, SourceDecoder &source, const Token &token, State &state);
 
-// Whether an attribute begins at a place: with a type that is in scope.
-[[gnu::cold]] bool begins_statement(const Decoder &decoder, const char *at);
+// Whether a value, behind which the cursor stands, is followed by what cannot follow one; the text's end and a
+// statement are followed by another mistake.
+[[gnu::cold]] bool runs_into_error(const Decoder &decoder);
+
+// Whether so many words stand between the cursor and the end of a header. Where not, the version or encoding that
+// was read is none.
+[[gnu::cold]] bool header_goes_on(const Decoder &decoder, int words);
 
 // Whether all open blocks end with a token, behind which the cursor stands: with the text, the end of a service,
 // the next one, or marks.

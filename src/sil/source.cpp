@@ -71,6 +71,13 @@ bool keeps_comments(const Decoder &decoder, State state) {
   return is_place && decoder.top->first_child == nullptr && !is_header(*decoder.top);
 }
 
+// Whether an element other than a value has been read whole, or so far that only its status may follow; or the
+// head of a block.
+bool settles(const Row &row) {
+  const bool ends_head = row.to == State::kInInvocation || row.to == State::kInService;
+  return ends_head || may_have_ended(row.to) || (row.closes > 0 && row.opens != Opens::kValue);
+}
+
 const char *end_of_comment(const char *at, const char *end) {
   return std::find_if(at, end, [](char c) { return c >= '\n' && c <= '\r'; });
 }
@@ -91,7 +98,7 @@ SourceDecoder::SourceDecoder(jt_parser_space &space, Teller &teller, const jt_so
       options_(options),
       purpose_(purpose),
       names_(space.heap),
-      element_of_(space.heap) {
+      element_of_(teller.session().heap) {
   const std::string_view text = teller.text();
   next_nul_ = std::min(text.find('\0'), text.size());
 }
@@ -176,12 +183,24 @@ bool SourceDecoder::accept_silently(const Row &row) {
   return !ends();
 }
 
+// A string that takes lines along and runs into an error has ended with its first line: what closes it was
+// meant to open another one.
+void SourceDecoder::shorten_string() {
+  const jt_range range = range_of();
+  const std::size_t line_end = end_of_line(range.begin);
+  if (!runs_into_error(decoder_)) return;
+  ran_over_lines_ = true;
+  last_string_ = {range.begin, line_end};
+  decoder_.cursor.token_end = teller_.text().data() + line_end;
+}
+
 bool SourceDecoder::accepted(const Row &row, const Token &token) {
   if (may_have_ended(row.from) && row.opens != Opens::kStatus) teller_.close(last_end_);
   if (row.role >= Role::kHeld || token.kind == TokenKind::kEndOfText) return accept_silently(row);
+  if (token.kind == TokenKind::kString && row.opens == Opens::kValue && takes_lines_along()) shorten_string();
   const jt_range range = range_of();
-  tell_gap(range.begin);
   tell_held(row.opens);
+  tell_gap(range.begin);
   if (row.opens != Opens::kNothing && row.opens != Opens::kSection) {
     teller_.open(kKinds[static_cast<std::size_t>(row.opens)], range.begin);
   }
@@ -194,16 +213,16 @@ bool SourceDecoder::accepted(const Row &row, const Token &token) {
   if (decoder_.top->node_class == JT_NODE_INVOCATION && !has_known_type(*decoder_.top))
     tell_unknown_service();
   for (int i = 0; i < row.closes; ++i) teller_.close(last_end_);
-  is_settled_ = is_settled_ || row.closes > 0;
+  if (!is_settled_) is_settled_ = settles(row);
   comments_stay_ = keeps_comments(decoder_, row.to);
   return !ends();
 }
 
 bool SourceDecoder::failed(const Machine &machine, const Token &token, Outcome outcome, State &state) {
   jt_finding finding = error_at(machine, token, outcome, state);
-  tell_gap(std::min(teller_.offset_of(decoder_.cursor.token_begin), teller_.text().size()));
   tell_held(Opens::kNothing);
-  last_end_ = std::max(last_end_, finding.range.begin);
+  if (ran_over_lines_) decoder_.cursor.has_comments = false;
+  tell_gap(teller_.offset_of(decoder_.cursor.token_begin));
   if (is_worth_telling(finding)) tell(finding);
   begin_failure();
   is_settled_ = false;
@@ -216,11 +235,23 @@ bool SourceDecoder::failed(const Machine &machine, const Token &token, Outcome o
   return recover(decoder_, *this, token, state);
 }
 
+bool SourceDecoder::is_stuck_at(std::size_t offset) {
+  constexpr int kMostRepairs = 4;
+  repairs_ = offset == repaired_ ? repairs_ + 1 : 1;
+  repaired_ = offset;
+  return repairs_ > kMostRepairs;
+}
+
+void SourceDecoder::skip(const char *end) {
+  tell_gap(range_of().begin);
+  last_end_ = std::max(last_end_, teller_.offset_of(end));
+}
+
 // What was taken for a string ends where its line does.
 bool SourceDecoder::re_read_string(std::size_t line_end, State &state) {
   decoder_.cursor.position = teller_.text().data() + line_end;
   last_end_ = line_end;
-  last_string_ = {};
+  ran_over_lines_ = false;
   if (state == State::kFirstValue || state == State::kNextValue) state = State::kAfterValue;
   return true;
 }
@@ -268,7 +299,7 @@ void SourceDecoder::tell_handles() {
   }
 }
 
-// What went on without the memory that it wanted, as an index does, has passed the limit all the same.
+// A check ends with the nodes that it made.
 jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
   reports_behind_error_ = reports_behind_error;
   if (!is_within_limits()) return nullptr;
@@ -277,12 +308,11 @@ jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
   const bool has_passed = reached_limit(space_) != Limit::kNone;
   if (has_passed && !has_failed_) no_memory();
   lift_limits(space_);
-  if (!has_passed || root == nullptr) return root;
-  destroy_all_nodes(&space_, root);
-  return nullptr;
+  if (root != nullptr && purpose_ == Purpose::kCheck) destroy_all_nodes(&space_, root);
+  return root;
 }
 
-// A check ends with the nodes that it made.
+// What went on without the memory that it wanted, as an index does, has passed the limit all the same.
 jt_node *SourceDecoder::decode() {
   jt_node *const root = create_typed_node(&space_, "template", "template", JT_NODE_TEMPLATE, nullptr);
   if (root == nullptr) {
@@ -299,9 +329,10 @@ jt_node *SourceDecoder::decode() {
     tell_gap(text.size());
     tell_nuls(text.size());
   }
-  if (decoded && !has_failed_) tell_handles();
-  const bool succeeds = decoded && !has_failed_ && teller_.goes_on();
-  if (!succeeds || purpose_ == Purpose::kCheck) destroy_all_nodes(&space_, root);
+  const bool is_whole = decoded && !has_failed_ && reached_limit(space_) == Limit::kNone;
+  if (is_whole && purpose_ == Purpose::kDecode) tell_handles();
+  const bool succeeds = is_whole && teller_.goes_on();
+  if (!succeeds) destroy_all_nodes(&space_, root);
   return succeeds ? root : nullptr;
 }
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "base/error_store.h"
@@ -63,7 +64,12 @@ class SourceDecoder {
 
   Teller &teller() { return teller_; }
   std::size_t last_end() const { return last_end_; }
-  void set_last_end(std::size_t offset) { last_end_ = offset; }
+
+  // Whether repairs have been tried at a place so often that none of them will do.
+  [[gnu::cold]] bool is_stuck_at(std::size_t offset);
+
+  // Text up to there is passed over; of what stands in front of the last token the comments are told.
+  [[gnu::cold]] void skip(const char *end);
   void tell_token(Role role, const Token &token) {
     const jt_range range = range_of();
     teller_.token(role, range, token.text);
@@ -71,11 +77,15 @@ class SourceDecoder {
       name_ = range;
     last_end_ = range.end;
   }
+  void tell_gap(std::size_t end) {
+    if (decoder_.cursor.has_comments) tell_comments(end);
+  }
   void remember_node() {
     OpenElement *const element = teller_.innermost();
     if (element != nullptr && element->bookmark < 0) remember_node_of(*element);
   }
   void settle() { is_settled_ = true; }
+  void forget_name() { name_ = {}; }  // the next node has none in the text
 
  private:
   // Tokens and elements (source.cpp).
@@ -83,9 +93,6 @@ class SourceDecoder {
     return {teller_.offset_of(decoder_.cursor.token_begin), teller_.offset_of(decoder_.cursor.token_end)};
   }
   bool accept_silently(const Row &row);
-  void tell_gap(std::size_t end) {
-    if (decoder_.cursor.has_comments) tell_comments(end);
-  }
   [[gnu::cold]] void tell_comments(std::size_t end);
   [[gnu::cold]] void tell_comment(const char *begin, const char *end);
   [[gnu::cold]] void tell_nuls(std::size_t end);
@@ -97,6 +104,12 @@ class SourceDecoder {
   void remember_value(OpenElement &element);
   void remember_name(const OpenElement &element);
   [[gnu::cold]] void tell_handles();
+  bool takes_lines_along() const {
+    const char *const begin = decoder_.cursor.token_begin;
+    const auto size = static_cast<std::size_t>(decoder_.cursor.token_end - begin);
+    return std::memchr(begin, '\n', size) != nullptr || std::memchr(begin, '\r', size) != nullptr;
+  }
+  [[gnu::cold]] void shorten_string();
   [[gnu::cold]] bool re_read_string(std::size_t line_end, State &state);
   [[gnu::cold]] std::int32_t report_no_memory();
   [[gnu::cold]] void begin_failure();
@@ -111,7 +124,6 @@ class SourceDecoder {
   [[gnu::cold]] void tell_remarks(const Token &token, jt_range range);
   // Most values are words of which nothing is remarked.
   void tell_value(const Token &token, jt_range range) {
-    if (token.kind == TokenKind::kString) last_string_ = range;
     const bool is_plain = token.kind == TokenKind::kWord && token.text != ":" && remarks_.count == 0;
     if (!is_plain || teller_.innermost()->bookmark < 0) tell_doubtful_value(token, range);
   }
@@ -123,13 +135,13 @@ class SourceDecoder {
   [[gnu::cold]] void describe_wrong_token(const Machine &machine, const Token &token, State state,
                                           jt_finding &finding);
   [[gnu::cold]] void describe_end(const Token &token, State state, jt_finding &finding);
-  [[gnu::cold]] void describe_unclosed(jt_finding &finding);
-  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding);
+  [[gnu::cold]] void describe_unclosed(State state, jt_finding &finding);
+  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding) const;
   [[gnu::cold]] void describe_bad_string(jt_finding &finding);
   [[gnu::cold]] bool is_missing_before(const Token &token, State state, std::size_t begin) const;
-  [[gnu::cold]] bool string_ran_over_lines(const Token &token, State state) const;
   [[gnu::cold]] std::size_t end_of_line(std::size_t offset) const;
-  [[gnu::cold]] jt_range first_namesake() const;
+  [[gnu::cold]] std::size_t number_of_namesake() const;
+  [[gnu::cold]] void describe_taken_name(State state, jt_finding &finding);
 
   jt_parser_space &space_;
   Teller &teller_;
@@ -139,18 +151,21 @@ class SourceDecoder {
   ErrorStore *reports_behind_error_ = nullptr;
   RemarkList remarks_;
   GrowingArray<NamedPlace> names_;         // by the element's number
-  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check
+  GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check; not of its limits
   jt_range name_{};                        // the last token that was a name
+  jt_range last_string_{};                 // that ran over lines
   jt_range previous_word_{};               // the last word behind a status
-  jt_range last_string_{};                 // the last value that stood in quotes
   std::size_t last_end_ = 0;               // behind the last token
   std::size_t held_ = kNothing;            // the begin of a token that was held back
   std::size_t next_nul_ = kNothing;
+  std::size_t repaired_ = kNothing;  // where a repair was tried last,
+  int repairs_ = 0;                  // and how often there
   const jt_node *last_value_ = nullptr;
-  bool comments_stay_ = true;  // those that stand before the next token
-  bool has_failed_ = false;    // a decode has
-  bool is_refused_ = false;    // and nothing more is read
-  bool is_settled_ = true;     // an element has been read whole since the last error
+  bool comments_stay_ = true;    // those that stand before the next token
+  bool has_failed_ = false;      // a decode has
+  bool ran_over_lines_ = false;  // the last token, a string, did into an error
+  bool is_refused_ = false;      // and nothing more is read
+  bool is_settled_ = true;       // an element has been read whole since the last error
 
   static constexpr std::size_t kNothing = static_cast<std::size_t>(-1);
 

@@ -87,9 +87,9 @@ void SourceDecoder::tell_trouble(jt_range range) {
   decoder_.trouble = Trouble::kNone;
   switch (trouble) {
     case Trouble::kOtherVersion:
-      return tell_code(JT_FINDING_HEADER_VERSION, range);
+      return header_goes_on(decoder_, 2) ? tell_code(JT_FINDING_HEADER_VERSION, range) : void();
     case Trouble::kOtherEncoding:
-      return tell_code(JT_FINDING_HEADER_ENCODING, range);
+      return header_goes_on(decoder_, 1) ? tell_code(JT_FINDING_HEADER_ENCODING, range) : void();
     case Trouble::kTextReplaced:
       return tell_code(JT_FINDING_STATUS_TEXT_LOST, previous_word_);
     case Trouble::kUnknownStatus: {
@@ -111,7 +111,8 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
     const char *const where = entry.where.data();
     jt_finding finding = finding_of(code.code, range);
     if (lies_in_text) {
-      finding.range = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
+      finding.range =
+          finding.found = {teller_.offset_of(where), teller_.offset_of(where + entry.where.size())};
     }
     finding.severity = entry.refused ? JT_SEVERITY_LOSS : code.severity_when_kept;
     finding.type = decoder_.top->type->name;
@@ -123,12 +124,14 @@ void SourceDecoder::tell_remarks(const Token &token, jt_range range) {
   }
 }
 
+// In a statement that is wrong nothing is said of values.
 void SourceDecoder::tell_doubtful_value(const Token &token, jt_range range) {
   const bool kept = teller_.innermost()->bookmark >= 0;
   const bool explained = remarks_.count > 0 && remarks_.entries[remarks_.count - 1].refused;
   const bool quoted = decoder_.family != nullptr && decoder_.family->operations->quoted;
-  tell_remarks(token, range);
+  if (is_settled_) tell_remarks(token, range);
   remarks_.count = 0;
+  if (!is_settled_) return;
   const jt_node &attribute = *decoder_.top;
   const bool stands_in = !has_known_type(attribute) && attribute.unresolved_type_name == nullptr;
   if (!kept && !explained && !stands_in) tell_code(JT_FINDING_VALUE_DROPPED, range);
@@ -151,7 +154,8 @@ void SourceDecoder::tell_unknown_service() {
   const bool is_new = element != nullptr && element->kind == JT_SOURCE_INVOCATION &&
                       element->head_end == last_end_ && invocation.first_child == nullptr;
   if (!is_new || service.first_child != &invocation || !has_known_type(service)) return;
-  const std::size_t number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
+  const auto number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
+  if (number >= names_.size()) return;
   jt_finding finding = finding_of(JT_FINDING_SERVICE_UNKNOWN, names_[number].name);
   finding.candidates = JT_CANDIDATES_SERVICES;
   tell(finding);
@@ -191,20 +195,35 @@ void describe_expected(const Machine &machine, State state, jt_finding &finding,
 
 }  // namespace
 
-jt_range SourceDecoder::first_namesake() const {
+// The number of the element that has the first node of a name. What stands in for one that is not whole may have
+// none.
+std::size_t SourceDecoder::number_of_namesake() const {
   const std::int32_t bookmark = decoder_.first_of_name->bookmark;
   if (purpose_ == Purpose::kCheck) {
-    return names_[static_cast<std::size_t>(element_of_[static_cast<std::size_t>(bookmark)])].name;
+    const auto at = static_cast<std::size_t>(bookmark);
+    const bool is_known = at < element_of_.size() && element_of_[at] >= 0;
+    return is_known ? static_cast<std::size_t>(element_of_[at]) : kNothing;
   }
   std::size_t number = 0;
-  while (names_[number].bookmark != bookmark) ++number;
-  return names_[number].name;
+  while (number < names_.size() && names_[number].bookmark != bookmark) ++number;
+  return number < names_.size() ? number : kNothing;
+}
+
+void SourceDecoder::describe_taken_name(State state, jt_finding &finding) {
+  finding.code = JT_FINDING_NAME_DUPLICATE;
+  if (state != State::kAttributeName) finding.range = name_;
+  const std::size_t first = number_of_namesake();
+  if (first == kNothing || names_[first].name.end == 0) return;
+  finding.has_second = 1;
+  finding.second = names_[first].name;
 }
 
 // The text ends, or a service or its end begins, where a block or a status is still open.
-void SourceDecoder::describe_unclosed(jt_finding &finding) {
+// An element of which only the status may be missing is closed.
+void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   const OpenElement *block = nullptr;
-  for (std::size_t level = 0; level < teller_.depth(); ++level) {
+  const std::size_t closed = may_have_ended(state) ? 1 : 0;
+  for (std::size_t level = 0; level + closed < teller_.depth(); ++level) {
     const OpenElement &element = teller_.open_at(level);
     const bool is_block = element.kind == JT_SOURCE_SERVICE || element.kind == JT_SOURCE_INVOCATION;
     if ((is_block && element.bookmark >= 0) || element.kind == JT_SOURCE_STATUS) block = &element;
@@ -215,20 +234,26 @@ void SourceDecoder::describe_unclosed(jt_finding &finding) {
   finding.second = {block->begin, std::max(block->head_end, block->begin + 1)};
 }
 
-void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
+void SourceDecoder::describe_type(const Token &token, jt_finding &finding) const {
   finding.code = is_type_of_a_service(token.text) ? JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE
                                                   : JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN;
   finding.candidates = JT_CANDIDATES_TYPES;
   finding.scope = service_of_table(decoder_.scope);
 }
 
-// A mark is missing where only marks can follow, and where the next statement or line begins too early.
+// A mark is missing where only marks can follow, and in the midst of something where the next statement or line
+// begins too early. Between statements and blocks nothing is missing: what stands there does not belong there.
 bool SourceDecoder::is_missing_before(const Token &token, State state, std::size_t begin) const {
+  const Repair repair = facts_of(state).repair;
   const bool mark_follows = state == State::kServiceNamed || state == State::kInvocationNamed ||
                             state == State::kAttributeNamed || state == State::kAfterValue;
+  const bool is_between = repair == Repair::kText || repair == Repair::kType || repair == Repair::kService ||
+                          repair == Repair::kServices;
+  if (token.kind == TokenKind::kEndOfText) return last_end_ > 0;
+  if (mark_follows || is_between) return mark_follows;
   const std::string_view gap = teller_.text().substr(last_end_, begin - last_end_);
-  return mark_follows || token.kind == TokenKind::kEndOfText || token.kind == TokenKind::kEnd ||
-         token.kind == TokenKind::kCloseBrace || gap.find_first_of("\r\n") != std::string_view::npos;
+  return token.kind == TokenKind::kEnd || token.kind == TokenKind::kCloseBrace ||
+         gap.find_first_of("\r\n") != std::string_view::npos;
 }
 
 void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &token, State state,
@@ -236,10 +261,8 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
   const Repair repair = facts_of(state).repair;
   const bool ends_block = ends_block_with(decoder_, token);
   const bool is_word = token.kind == TokenKind::kWord;
+  const bool in_service = repair == Repair::kService || repair == Repair::kServiceHead;
   describe_expected(machine, state, finding, expected_, sizeof(expected_));
-  if (is_missing_before(token, state, finding.range.begin) && !(is_word && repair == Repair::kType)) {
-    finding.range = {last_end_, last_end_};
-  }
   if (repair == Repair::kMarker) finding.code = JT_FINDING_END_MARKER;
   if (state == State::kHeaderForm || state == State::kHeaderWord) finding.code = JT_FINDING_HEADER_FORM;
   if (state == State::kSectionForm || state == State::kSectionClosingForm) {
@@ -248,16 +271,21 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
   if (state == State::kServiceType && is_word) {
     finding.code = JT_FINDING_SERVICE_TYPE_UNKNOWN;
     finding.candidates = JT_CANDIDATES_SERVICES;
-  } else if (ends_block && repair != Repair::kServices) {
-    describe_unclosed(finding);
+  } else if (ends_block && repair != Repair::kServices && !(token.kind == TokenKind::kEnd && in_service)) {
+    describe_unclosed(state, finding);
   } else if (repair == Repair::kType && (is_word || token.kind == TokenKind::kOpenBrace)) {
     const char *const behind = decoder_.cursor.position;
     if (token.kind == TokenKind::kOpenBrace || begins_block(decoder_, behind)) {
-      describe_unclosed(finding);
-      if (finding.code == JT_FINDING_SYNTAX_UNCLOSED) finding.range = {last_end_, last_end_};
+      describe_unclosed(state, finding);
     } else if (find_type_in_scope(decoder_.scope, token.text).type == nullptr) {
       describe_type(token, finding);
     }
+  }
+  const bool can_be_missing =
+      finding.code == JT_FINDING_SYNTAX_EXPECTED || finding.code == JT_FINDING_END_MARKER;
+  const bool is_unclosed = finding.code == JT_FINDING_SYNTAX_UNCLOSED;
+  if (is_unclosed || (can_be_missing && is_missing_before(token, state, finding.range.begin))) {
+    finding.range = {last_end_, last_end_};
   }
 }
 
@@ -271,7 +299,7 @@ void SourceDecoder::describe_end(const Token &token, State state, jt_finding &fi
   if (state == State::kBetweenServices || state == State::kAfterService) {
     finding.code = JT_FINDING_END_MARKER;
   } else {
-    describe_unclosed(finding);
+    describe_unclosed(state, finding);
   }
 }
 
@@ -290,31 +318,20 @@ std::size_t SourceDecoder::end_of_line(std::size_t offset) const {
   return std::min(teller_.text().find_first_of("\r\n", offset), teller_.text().size());
 }
 
-// The last value was a string that took the next line along, so that its closing quote is an opening one.
-bool SourceDecoder::string_ran_over_lines(const Token &token, State state) const {
-  const bool follows_string = last_string_.end != 0 && last_string_.end == last_end_;
-  return follows_string && end_of_line(last_string_.begin) < last_string_.end &&
-         state == State::kAfterValue && token.kind != TokenKind::kEndOfText &&
-         !begins_statement(decoder_, decoder_.cursor.token_begin);
-}
-
 jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, Outcome outcome, State state) {
   jt_finding finding = finding_of(JT_FINDING_SYNTAX_EXPECTED, range_of());
   finding.found_is_end = token.kind == TokenKind::kEndOfText ? 1 : 0;
   if (decoder_.trouble == Trouble::kNameTaken) {
-    finding.code = JT_FINDING_NAME_DUPLICATE;
-    if (state != State::kAttributeName) finding.range = name_;
-    finding.has_second = 1;
-    finding.second = first_namesake();
+    describe_taken_name(state, finding);
   } else if (decoder_.trouble == Trouble::kTooLong) {
     finding.code = JT_FINDING_SYNTAX_LENGTH;
   } else if (decoder_.trouble == Trouble::kBlockEnd) {
     describe_end(token, state, finding);
   } else if (outcome == Outcome::kStopped || token.kind == TokenKind::kComment) {
     finding.code = report_no_memory();
-  } else if (string_ran_over_lines(token, state)) {
+  } else if (ran_over_lines_) {
     finding.code = JT_FINDING_STRING_OVER_LINES;
-    finding.range = {last_string_.begin, end_of_line(last_string_.begin)};
+    finding.range = last_string_;
   } else if (token.kind == TokenKind::kError) {
     describe_bad_string(finding);
   } else if (state == State::kHeaderBegin && token.text.starts_with(kByteOrderMark)) {
@@ -326,10 +343,11 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   return finding;
 }
 
-// Nothing is said of what the scope of a block would decide, where that is not known; but a decode that fails
-// always has its finding.
+// Nothing is said of what the scope of a block would decide, where that is not known, nor of a name that nobody
+// wrote before; but a decode that fails always has its finding.
 bool SourceDecoder::is_worth_telling(const jt_finding &finding) const {
   if (!has_failed_) return true;
+  if (finding.code == JT_FINDING_NAME_DUPLICATE && finding.has_second == 0) return false;
   const bool asks_scope = finding.code == JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN ||
                           finding.code == JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE;
   const jt_node &block =

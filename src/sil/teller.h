@@ -29,6 +29,7 @@ class Teller {
   // nothing.
   Teller(jt_parser_space &session, std::string_view text, const jt_listener *listener);
 
+  jt_parser_space &session() const { return session_; }
   std::string_view text() const { return text_; }
   std::size_t offset_of(const char *at) const { return static_cast<std::size_t>(at - text_.data()); }
 

@@ -3,6 +3,7 @@
 // as before.
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/session.h"
@@ -107,6 +108,7 @@ const std::vector<Call> &calls() {
       call("jt_remove_section", Depth::kTemplate, [](A a) { give_header(a); return jt_remove_section(a.space, a.handle) != 0; }),
       call("jt_destroy_template", Depth::kTemplate, [](A a) { return jt_destroy_template(a.space, a.handle) != 0; }),
       call("jt_encode_template", Depth::kTemplate, [](A a) { return given(jt_encode_template(a.space, a.handle)); }),
+      call("jt_check_template", Depth::kTemplate, [](A a) { return jt_check_template(a.space, a.handle, nullptr) != 0; }),
       call("jt_add_service", Depth::kTemplate, [](A a) { return jt_add_service(a.space, a.handle, "service", "New") != 0; }),
       call("jt_get_first_service_name", Depth::kTemplate, [](A a) { return given(jt_get_first_service_name(a.space, a.handle)); }),
       call("jt_get_next_service_name", Depth::kTemplate, [](A a) { return given(jt_get_next_service_name(a.space, a.handle)); }),
@@ -404,6 +406,80 @@ TEST_P(EveryNamingCall, AsksForTheNameBeforeAnyOtherStep) {
     fault.inject(faulty);
     EXPECT_FALSE(GetParam().succeeds(faulty));
     EXPECT_EQ(messages().back(), "CALL ERROR: no name to set ...") << fault.name;
+  }
+}
+
+// ---- From inside a listener -------------------------------------------------------------------------------
+
+constexpr char kFromListener[] = "CALL ERROR: made from inside a listener ...";
+
+// What is done while a listener of the session is told of a token.
+using Deed = std::function<void()>;
+
+void do_inside_a_listener(jt_parser_space *space, Deed deed) {
+  jt_listener listener{};
+  listener.size = sizeof(listener);
+  listener.context = &deed;
+  listener.token = [](void *context, const jt_source_token *) {
+    auto &todo = *static_cast<Deed *>(context);
+    if (todo != nullptr) std::exchange(todo, nullptr)();
+    return int32_t{0};
+  };
+  EXPECT_EQ(jt_check_source(space, "[ service S ] end", 17, nullptr, &listener), 1);
+  EXPECT_EQ(deed, nullptr) << "nothing was told";
+}
+
+TEST_P(EveryCall, FromInsideAListenerIsRefused) {
+  do_inside_a_listener(space, [this] {
+    EXPECT_FALSE(GetParam().succeeds(arguments));
+    EXPECT_EQ(status(), -4);
+  });
+  ASSERT_FALSE(messages().empty());
+  for (const std::string &message : messages()) EXPECT_EQ(message, kFromListener);
+  EXPECT_EQ(encoded(-100), kEncoded);
+}
+
+TEST_P(EveryCall, FromInsideAListenerLooksAtNothingElse) {
+  for (const Fault &fault : faults()) {
+    renew();
+    fault.inject(arguments);
+    arguments.text = nullptr;
+    arguments.value = nullptr;
+    do_inside_a_listener(space, [&] { EXPECT_FALSE(GetParam().succeeds(arguments)) << fault.name; });
+    EXPECT_EQ(messages().back(), kFromListener) << fault.name;
+    EXPECT_EQ(encoded(-100), kEncoded);
+  }
+}
+
+TEST_P(EveryCall, IsTakenAgainWhenTheListenerHasBeenTold) {
+  do_inside_a_listener(space, [] {});
+  GetParam().succeeds(arguments);
+  EXPECT_EQ(status(), 0);
+}
+
+TEST_F(FrameTest, CallsWithoutAHandleAreRefusedFromInsideAListener) {
+  const std::vector<std::function<bool()>> others = {
+      [this] { return jt_create_template(space) != 0; },
+      [this] { return jt_decode_template(space, kTemplate) != 0; },
+      [this] { return jt_decode_source(space, kTemplate, sizeof(kTemplate) - 1, nullptr, nullptr) != 0; },
+      [this] { return jt_check_source(space, kTemplate, sizeof(kTemplate) - 1, nullptr, nullptr) != 0; },
+      [this] { return jt_get_version(space) != nullptr; },
+      [this] { return jt_get_copyright(space) != nullptr; },
+      [this] { return jt_get_supported_language_version(space) != nullptr; },
+      [this] { return jt_get_recent_error(space) != nullptr; },
+      [this] { return jt_get_previous_error(space) != nullptr; },
+      [this] { return jt_destroy_value_string(space, nullptr) != 0; },
+      [this] { return jt_destroy_name(space, nullptr) != 0; },
+      [this] { return jt_destroy_status(space, nullptr) != 0; },
+      [this] { return jt_copy_value(space, "integer", value, "") != nullptr; },
+      [this] { return jt_encode_value(space, "integer", value, "") != nullptr; },
+      [this] { return jt_decode_value(space, "integer", "5", "") != nullptr; },
+      [this] { return jt_destroy_value(space, "integer", value, "") != 0; }};
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    renew();
+    do_inside_a_listener(space, [&] { EXPECT_FALSE(others[i]()) << i; });
+    EXPECT_EQ(messages(), Messages{kFromListener}) << i;
+    EXPECT_EQ(encoded(-100), kEncoded) << i;
   }
 }
 

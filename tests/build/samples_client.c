@@ -62,3 +62,16 @@ int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service) {
   // [ranges]
   return count;
 }
+
+// [source]
+static int32_t print_finding(void *context, const jt_finding *finding) {
+  printf("%s:%zu:%zu: %s\n", (const char *)context, finding->line, finding->column,
+         jt_finding_name(finding->code));
+  return 0;
+}
+// [source]
+
+int jt_test_finding_sample(jt_parser_space *s, const char *text, size_t size, char *name) {
+  const jt_listener listener = {.size = sizeof listener, .context = name, .finding = print_finding};
+  return jt_check_source(s, text, size, NULL, &listener);
+}

@@ -15,6 +15,9 @@ const char *jt_test_opening_sample(const char *text);
 // each service of the catalogue.
 int jt_test_walk_samples(jt_parser_space *s, int32_t job, const char *service);
 
+// Prints each finding in a text as the sample does, with the name of a file. What the check gives.
+int jt_test_finding_sample(jt_parser_space *s, const char *text, size_t size, char *name);
+
 #ifdef __cplusplus
 }
 #endif

@@ -58,13 +58,13 @@ constexpr char kJob[] =
 
 TEST(Samples, OfTheHeaderStandInTheClientInC) {
   const Lines samples = samples_of_header("jt.h");
-  EXPECT_EQ(samples.size(), 16U);
+  EXPECT_EQ(samples.size(), 21U);
   EXPECT_EQ(samples, marked_lines_of("samples_client.c"));
 }
 
 TEST(Samples, OfTheHeaderInCppStandHere) {
   const Lines samples = samples_of_header("jt.hpp");
-  EXPECT_EQ(samples.size(), 8U);
+  EXPECT_EQ(samples.size(), 12U);
   EXPECT_EQ(samples, marked_lines_of("samples_test.cpp"));
 }
 
@@ -89,6 +89,17 @@ TEST(Samples, TheOpeningOneOutlivesARefusalWithoutAMessage) {
 TEST(Samples, WalksMeetEverything) {
   jt_parser_space *const space = jt_open_parsing_utility("samples");
   EXPECT_EQ(jt_test_walk_samples(space, jt_decode_template(space, kJob), "Scan"), 14222);
+  jt_close_parsing_utility(space);
+}
+
+TEST(Samples, TheOneOfAListenerPrintsWhereEachFindingIs) {
+  jt_parser_space *const space = jt_open_parsing_utility("samples");
+  char name[] = "job.sil";
+  const std::string text = "[ kmt_svc_scan S ]\n{ integer a 1; integer b = 2;\n integer b = 3; }\nend";
+  ::testing::internal::CaptureStdout();
+  EXPECT_EQ(jt_test_finding_sample(space, text.data(), text.size(), name), 0);
+  EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+            "job.sil:2:12: syntax-expected\njob.sil:3:10: name-duplicate\n");
   jt_close_parsing_utility(space);
 }
 
@@ -136,6 +147,20 @@ TEST(Samples, TheOneOfAChainAddsOne) {
     FAIL() << "not set";
   }
   EXPECT_EQ(scanner.get<std::int32_t>("Copies").value(), 2);
+}
+
+TEST(Samples, TheOneOfFindingsPrintsEach) {
+  jt::Session session("samples");
+  const std::string text = "[ kmt_svc_scan S ]\n{ integer a = many; integer b 2; } end";
+  ::testing::internal::CaptureStdout();
+  // [findings]
+  jt::Findings findings;
+  jt::Result<jt::Template> job = session.decode(text, {}, findings);
+  for (const jt::Finding &at : findings)
+    std::printf("%zu:%zu: %s\n", at.place().line, at.place().column, at.name().data());
+  // [findings]
+  EXPECT_FALSE(job);
+  EXPECT_EQ(::testing::internal::GetCapturedStdout(), "2:15: value-malformed\n2:30: syntax-expected\n");
 }
 
 }  // namespace

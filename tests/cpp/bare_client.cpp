@@ -50,4 +50,13 @@ int copies_in_a_pool(const char *text) {
   return copies_in(jt::Session("bare client", jt::allocator_over(pool)), text);
 }
 
+int errors_in(std::string_view text) {
+  const jt::Session session("bare client");
+  int errors = 0;
+  const auto checked = session.check(text, {}, [&errors](const jt::Finding &finding) {
+    if (finding.severity() == jt::Severity::error) ++errors;
+  });
+  return checked ? 0 : errors;
+}
+
 }  // namespace jt_test

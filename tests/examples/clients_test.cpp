@@ -398,6 +398,60 @@ TEST(FinishJob, NeedsFourArguments) {
   expect_failure(run_client("finish_job", {}), "USAGE: finish_job FILE SERVICE ATTRIBUTE VALUE\n");
 }
 
+// ---- lint ----
+
+TEST(Lint, PrintsEveryFindingWithItsLineAndACaret) {
+  const ScratchDirectory scratch;
+  const std::string file = scratch.write("job.sil",
+                                         "[ kmt_svc_scan Scanner ]\n"
+                                         "{\n"
+                                         "  integer Copies 2;\n"
+                                         "  integer Retries = many;\n"
+                                         "  enum_sided Sides = TWO_SIDE;\n"
+                                         "end\n");
+  const ProgramRun run = run_client("lint", {file});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, file + ":3:17: error: found 2, expected = ; [syntax-expected]\n" +
+                         "    integer Copies 2;\n"
+                         "                  ^\n" +
+                         file + ":4:21: loss: found many [value-malformed]\n" +
+                         "    integer Retries = many;\n"
+                         "                      ^\n" +
+                         file + ":5:22: warning: found TWO_SIDE [value-unknown-name]\n" +
+                         "    enum_sided Sides = TWO_SIDE;\n"
+                         "                       ^\n" +
+                         file + ":5:31: error: found end, expected } ( * [syntax-unclosed]\n" +
+                         "    enum_sided Sides = TWO_SIDE;\n"
+                         "                                ^\n");
+}
+
+TEST(Lint, SaysThatATextEndsTooEarly) {
+  const ScratchDirectory scratch;
+  const std::string file = scratch.write("job.sil", "[ kmt_svc_scan");
+  const ProgramRun run = run_client("lint", {file});
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.out,
+            file + ":1:15: error: found the end [syntax-expected]\n  [ kmt_svc_scan\n                ^\n");
+}
+
+TEST(Lint, HasNothingToSayOfAGoodFile) {
+  expect_output(run_client("lint", {example("copy.sil"), example("fax.sil")}), "");
+}
+
+TEST(Lint, GoesOnBehindAFileThatCannotBeRead) {
+  const ProgramRun run = run_client("lint", {example("missing.sil"), example("rejected/service_twice.sil")});
+  EXPECT_EQ(run.exit_status, 2);
+  EXPECT_EQ(run.err, "cannot read " + example("missing.sil") + "\n");
+  EXPECT_NE(run.out.find("[name-duplicate]"), run.out.npos) << run.out;
+}
+
+TEST(Lint, NeedsAFile) {
+  const ProgramRun run = run_client("lint", {});
+  EXPECT_EQ(run.exit_status, 2);
+  EXPECT_EQ(run.err, "USAGE: lint FILE...\n");
+}
+
 // ---- list_types ----
 
 TEST(ListTypes, NamesTheTypesAndTheirValues) {

@@ -67,7 +67,7 @@ TEST(CppClients, WithoutArgumentsDoTheSame) {
 }
 
 TEST(CppClients, WithoutAFileDoTheSame) {
-  for (const char *client : {"check", "everything", "outline", "roundtrip"}) {
+  for (const char *client : {"check", "everything", "lint", "outline", "roundtrip"}) {
     expect_same(client, {kExamples + "missing.sil"});
     expect_same(client, {JT_SOURCE_DIR});
   }
@@ -81,7 +81,8 @@ TEST(CppClients, DoTheSameWithEveryTemplate) {
   const std::vector<std::string> files = templates();
   EXPECT_GT(files.size(), 50U);
   for (const std::string &file : files) {
-    for (const char *client : {"check", "everything", "outline", "roundtrip"}) expect_same(client, {file});
+    for (const char *client : {"check", "everything", "lint", "outline", "roundtrip"})
+      expect_same(client, {file});
   }
 }
 
@@ -145,6 +146,17 @@ TEST(CppClients, CheckTheSameFiles) {
   const ScratchDirectory scratch;
   const std::string warned = scratch.write("warned.sil", "< SIL 4.1 ASCII job > <");
   for (const char *client : {"check", "roundtrip"}) expect_same(client, {warned});
+}
+
+TEST(CppClients, FindTheSame) {
+  const std::string refused = kExamples + "rejected/service_twice.sil";
+  expect_same("lint", {kExamples + "copy.sil", kExamples + "missing.sil", refused});
+  const ScratchDirectory scratch;
+  for (const std::string_view text :
+       {std::string_view("[ service S ]\0 end", 18), std::string_view("\r\n["), std::string_view("\n"),
+        std::string_view("\t[ service \"a\nb\" ] end x")}) {
+    expect_same("lint", {scratch.write("job.sil", std::string(text))});
+  }
 }
 
 TEST(CppClients, ListTheSameTypes) {

@@ -61,7 +61,8 @@ std::span<const Command *const> commands();
 /// What every command takes, and those that read a file.
 std::span<const Option> common_options();
 
-extern const Command kShow, kReport, kGet, kDiff, kJson, kFromJson, kTypes, kExplain;
+extern const Command kCheck, kFormat, kSet, kAdd, kRemove, kShow, kReport, kGet, kDiff, kJson, kFromJson,
+    kTypes, kExplain;
 
 /// The lines of `sil --help`, and of a command's.
 std::string help();

@@ -6,7 +6,8 @@
 namespace sil {
 namespace {
 
-constexpr std::array kCommands = {&kShow, &kReport, &kGet, &kDiff, &kJson, &kFromJson, &kTypes, &kExplain};
+constexpr std::array kCommands = {&kCheck,  &kFormat, &kShow, &kReport,   &kGet,   &kSet,    &kAdd,
+                                  &kRemove, &kDiff,   &kJson, &kFromJson, &kTypes, &kExplain};
 
 constexpr std::array kCommon = {
     Option{"--color", "", "WHEN", "auto|always|never", "colours: auto, always or never"},

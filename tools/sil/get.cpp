@@ -49,8 +49,14 @@ MaybeText aspect_of_root(const Model &model, Root root, Aspect aspect) {
   }
 }
 
+MaybeText name_of(const Element &element) {
+  if (element.attribute != nullptr) return element.attribute->name;
+  return element.invocation != nullptr ? element.invocation->name : element.service->name;
+}
+
 MaybeText aspect_at(const Model &model, const Place &place, Aspect aspect) {
   const Element element = element_at(model, place);
+  if (aspect == Aspect::kName) return name_of(element);
   const bool is_type = aspect == Aspect::kType;
   if (element.attribute != nullptr) {
     if (aspect == Aspect::kCompulsory) return element.attribute->is_optional ? "false" : "true";
@@ -140,17 +146,18 @@ ExitStatus run_get(const Arguments &arguments, Output &output) {
 
 }  // namespace
 
-const Command kGet = {"get",
-                      "FILE PATH",
-                      2,
-                      2,
-                      "print the values at a path, one a line",
-                      "Without quotes and escapes. A path is 'SERVICE/INVOCATION/ATTRIBUTE'; * is any, "
-                      "S//A the only unnamed invocation, #2 the second one, A[2] the second value, and "
-                      "@type, @status, @status-text, @compulsory, @comment follow an element. More: sil(1).",
-                      kOptions,
-                      {{"sil get job.sil 'Scanner/Letter/Copies'", "how many"},
-                       {"sil get job.sil '*/*@status'", "how each invocation went"}},
-                      run_get};
+const Command kGet = {
+    "get",
+    "FILE PATH",
+    2,
+    2,
+    "print the values at a path, one a line",
+    "Without quotes and escapes. A path is 'SERVICE/INVOCATION/ATTRIBUTE'; * is any, "
+    "S//A the only unnamed invocation, #2 the second one, A[2] the second value, and "
+    "@name, @type, @status, @status-text, @compulsory, @comment follow an element. More: sil(1).",
+    kOptions,
+    {{"sil get job.sil 'Scanner/Letter/Copies'", "how many"},
+     {"sil get job.sil '*/*@status'", "how each invocation went"}},
+    run_get};
 
 }  // namespace sil

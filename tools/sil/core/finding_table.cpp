@@ -28,10 +28,10 @@ constexpr std::array kPages = {
         "[kmt_svc_scan Scanner]\n{\n  string Title = The\"big\"one;\n}\nend\n",
         "Put the whole text in quotes, and a backslash before each quote in it."},
     FindingPage{
-        "string-over-lines", Severity::kWarning,
-        "A string goes on over the end of its line. It is read with the line feed in it; most often its\n"
-        "closing quote was forgotten.",
-        "[kmt_svc_scan Scanner]\n{\n  string Title = \"one\ntwo\";\n}\nend\n",
+        "string-over-lines", Severity::kError,
+        "A string goes on over the end of its line, and what stands behind it then does not fit: most often\n"
+        "its closing quote was forgotten. What follows is read as if the string ended with its line.",
+        "[kmt_svc_scan Scanner]\n{\n  string Title = \"one;\n  string Note = \"two\";\n}\nend\n",
         "Close the string on its line; a line feed in a text is written \\n."},
     FindingPage{"syntax-length", Severity::kError,
                 "A token is too long. Names have at most 1023 bytes, values and texts 1024, comments 1023.",
@@ -56,12 +56,10 @@ constexpr std::array kPages = {
         "limit", Severity::kError,
         "The text is larger than who reads it allows: in bytes, in elements, or in the memory that it takes.",
         "", "Part the job, or raise the limit."},
-    FindingPage{
-        "header-form", Severity::kError,
-        "The form of the header and what follows do not fit. Only < ? SIL and < ! SIL have a section, and\n"
-        "behind < ! SIL nothing but the section stands.",
-        "< SIL 4.2.00 ASCII job >\n< ? >\n< /? >\n< /SIL >\n",
-        "Choose the header's form by what the file holds."},
+    FindingPage{"header-form", Severity::kError,
+                "This is no header: the mark that begins one is followed by SIL, or by ? or ! and then SIL.",
+                "< SLI 4.2.00 ASCII job >\n< /SIL >\n",
+                "Write < SIL 4.2.00 ASCII NAME >, or leave the header out together with the end marker."},
     FindingPage{
         "header-version", Severity::kWarning,
         "The version in the header is not 4.2.00. It is kept; whether a device takes it is not known.",
@@ -130,13 +128,14 @@ constexpr std::array kPages = {
         "[kmt_svc_scan Scanner]\n{\n  enum_sided Sides = TWO_SIDE;\n}\nend\n",
         "Nothing, where a newer device knows it. Else take a name that sil types SERVICE TYPE lists."},
     FindingPage{
-        "value-unsafe", Severity::kLoss,
-        "A value in a template that a program has built would be written so that something else is read\n"
-        "back.",
-        "", "Set another value, or a type that can hold this one."},
+        "value-unsafe", Severity::kWarning,
+        "The value is kept, but would be written so that something else, or nothing, is read back. In a\n"
+        "template that a program has built this is a loss.",
+        "[kmt_svc_scan Scanner]\n{\n  ref_collection Documents = \":\";\n}\nend\n",
+        "Choose another value, or a type that can hold this one."},
     FindingPage{"value-dropped", Severity::kLoss, "The value is not kept, and its type does not say why.",
-                "[kmt_svc_scan Scanner]\n{\n  timestamp Due = 2009-01-01/00/00/00;\n}\nend\n",
-                "Write the value as sil types SERVICE TYPE says."},
+                "[kmt_svc_scan Scanner]\n{\n  kmt_svc_scan Inner = 5;\n}\nend\n",
+                "Choose a type that has values; here the type is a kind of block."},
     FindingPage{"value-rounded", Severity::kNote,
                 "A real is kept with the precision of a single, and is written back as another decimal.",
                 "[kmt_svc_scan Scanner]\n{\n  real Ratio = 0.123456789;\n}\nend\n",
@@ -146,15 +145,15 @@ constexpr std::array kPages = {
         "[kmt_svc_scan Scanner]\nend (KMT_STATUS_DONE)\n",
         "Take a name that sil types built-in kmt_enum_status lists; here KMT_STATUS_COMPLETED was meant."},
     FindingPage{
-        "status-unsafe", Severity::kLoss,
-        "The name of a status, or the text behind it, in a template that a program has built would be\n"
-        "written so that something else is read back.",
-        "", "Choose a text that is one word."},
-    FindingPage{
-        "status-text-lost", Severity::kLoss,
-        "Of the text behind a status only the last word is kept, and behind that of a service no empty one.",
-        "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {after two tries})\n",
-        "Put the text in quotes: {\"after two tries\"}."},
+        "status-unsafe", Severity::kWarning,
+        "The name of a status, or the text behind it, is kept, but would be written without its quotes and\n"
+        "then be read as something else. In a template that a program has built this is a loss.",
+        "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ERROR {\"two words\"})\n",
+        "Choose a text that is one word."},
+    FindingPage{"status-text-lost", Severity::kLoss,
+                "Of several words behind a status only the last one is kept.",
+                "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {after two tries})\n",
+                "Make it one word, such as after_two_tries."},
     FindingPage{"comment-moves", Severity::kNote,
                 "The comment is kept, but written elsewhere when the library writes the template.",
                 "[kmt_svc_scan Scanner]\n{\n  integer Copies = 2;\n  # behind the attribute\n}\nend\n",

@@ -17,6 +17,7 @@ struct AspectName {
   Aspect aspect;
 };
 constexpr std::array kAspects = {
+    AspectName{"name", Aspect::kName},
     AspectName{"type", Aspect::kType},
     AspectName{"status", Aspect::kStatus},
     AspectName{"status-text", Aspect::kStatusText},

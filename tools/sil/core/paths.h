@@ -23,7 +23,18 @@ namespace sil {
 enum class Root { kBody, kHeader, kSection };
 
 /// What of an element is meant; of an attribute, kNone means its values.
-enum class Aspect { kNone, kType, kStatus, kStatusText, kCompulsory, kComment, kVersion, kIdentifier, kForm };
+enum class Aspect {
+  kNone,
+  kName,
+  kType,
+  kStatus,
+  kStatusText,
+  kCompulsory,
+  kComment,
+  kVersion,
+  kIdentifier,
+  kForm
+};
 
 struct Step {
   enum class Kind { kName, kAny, kNumber, kUnnamed };

@@ -37,6 +37,13 @@ class Writer {
     line_begin_ = out_.size();
   }
 
+  // A mark behind the last column begins a line.
+  void fold(std::size_t indent) {
+    if (column() <= kFoldColumn) return;
+    end_line();
+    out_.append(indent, ' ');
+  }
+
   void write_line(std::string_view line) {
     out_ += line;
     end_line();
@@ -86,7 +93,9 @@ class Writer {
   }
 
   void write_service(const Service &service) {
-    write_line("[" + service.type + " " + service.name + "]");
+    out_ += "[" + service.type + " " + service.name;
+    fold(0);
+    write_line("]");
     write_comment(service.comment, kInvocationIndent);
     for (const Invocation &invocation : service.invocations) write_invocation(invocation);
     out_ += "end";
@@ -95,7 +104,9 @@ class Writer {
   }
 
   void write_invocation(const Invocation &invocation) {
-    write_line(" " + invocation.name.value_or("") + "{");
+    out_ += " " + invocation.name.value_or("");
+    fold(kInvocationIndent);
+    write_line("{");
     write_comment(invocation.comment, kAttributeIndent);
     for (const Attribute &attribute : invocation.attributes) write_attribute(attribute, kAttributeIndent);
     out_ += " }";
@@ -110,7 +121,10 @@ class Writer {
       out_.append(indent, ' ');
     }
     out_ += attribute.type + " " + attribute.name;
-    if (!attribute.values.empty()) out_ += " =";
+    if (!attribute.values.empty()) {
+      fold(kValueIndent);
+      out_ += " =";
+    }
     if (attribute.comment) end_line();
     write_comment(attribute.comment, kValueIndent);
     write_values(attribute);
