@@ -15,24 +15,25 @@
 
 namespace sil {
 
-inline constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+/// No element. Numbers of tokens and elements are shorter than offsets, since there are so many.
+inline constexpr std::uint32_t kNowhere = ~0U;
 
 struct SourceToken {
   jt_range range{};
-  std::int32_t role = 0;        // JT_ROLE_...
-  std::uint32_t element = ~0U;  // the innermost one that it stands in
+  std::int32_t role = 0;             // JT_ROLE_...
+  std::uint32_t element = kNowhere;  // the innermost one that it stands in
 
   bool is_comment() const { return role == JT_ROLE_COMMENT; }
-  bool is_in_element() const { return element != ~0U; }
+  bool is_in_element() const { return element != kNowhere; }
 };
 
 struct SourceElement {
-  std::int32_t kind = 0;  // JT_SOURCE_...
+  std::int32_t kind = 0;            // JT_SOURCE_...
+  std::uint32_t parent = kNowhere;  // by its number
+  std::uint32_t first_token = 0;
+  std::uint32_t behind_last_token = 0;
+  std::uint32_t behind_last_descendant = 0;  // the number of the next element that is not in this one
   jt_range range{};
-  std::size_t parent = kNowhere;
-  std::size_t first_token = 0;
-  std::size_t behind_last_token = 0;
-  std::size_t behind_last_descendant = 0;  // the number of the next element that is not in this one
 };
 
 struct SourceFinding {
@@ -75,8 +76,11 @@ struct Document {
 /// All that is told of a text: what a check of it goes on to behind errors included.
 Document read_document(std::string_view text);
 
-/// The same, as far as a strict reading of the calls goes: only what was found is gathered.
+/// Only what is found.
 std::vector<SourceFinding> find_in(std::string_view text, bool &decodes);
+
+/// Whether anything is found that is at least so bad; cheaper than to ask what.
+bool has_findings(std::string_view text, std::int32_t mildest);
 
 /// Whether a text has these tokens, in this order and in the same parts.
 bool has_same_tokens(const Document &document, std::string_view text);
