@@ -58,6 +58,7 @@ using Said = std::pair<std::int32_t, std::string>;
 
 std::vector<Said> said_of(std::string_view text, const std::vector<SourceFinding> &findings) {
   std::vector<Said> said;
+  said.reserve(findings.size());
   for (const SourceFinding &finding : findings)
     said.emplace_back(finding.code,
                       text.substr(finding.range.begin, finding.range.end - finding.range.begin));
