@@ -268,11 +268,8 @@ class Setter {
 
   // Comments are nobody's to remove.
   bool remove(std::size_t begin, std::size_t end, std::string text = "") {
-    const bool has_comment =
-        std::any_of(document_.tokens.begin(), document_.tokens.end(), [=](const SourceToken &token) {
-          return token.is_comment() && token.range.begin >= begin && token.range.end <= end;
-        });
-    if (has_comment) return fail(refused("a comment stands in what would be removed; remove that first"));
+    if (document_.has_comment_in(begin, end))
+      return fail(refused("a comment stands in what would be removed; remove that first"));
     replace({begin, end}, std::move(text));
     return true;
   }
