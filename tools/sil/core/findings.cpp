@@ -340,9 +340,11 @@ bool is_free_token(const Document &document, const SourceToken &token) {
 }
 
 const std::vector<std::string> &Describer::suggestions_for(const SourceFinding &told) {
-  std::string word(document_.piece(told.range));
+  static const std::vector<std::string> kNothing;
+  if (told.candidates == JT_CANDIDATES_NONE) return kNothing;
+  const std::string word(document_.piece(told.range));
   const auto [answer, is_new] = answers_.try_emplace(Question{told.candidates, told.scope, word});
-  if (!is_new || told.candidates == JT_CANDIDATES_NONE) return answer->second;
+  if (!is_new) return answer->second;
   const auto [names, is_first] = candidates_.try_emplace({told.candidates, told.scope});
   if (is_first) names->second = candidates_of(told.candidates, told.scope);
   answer->second = nearest(word, names->second);
