@@ -10,11 +10,12 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "callgrind.h"
-#include "jt.h"
+#include "jt.hpp"
 
 namespace {
 
@@ -56,12 +57,15 @@ struct Kind {
   const char *suffix;
 };
 
-constexpr Kind kIntegers = {"integer", "integer", "", ""};
-constexpr Kind kStrings = {"string", "string", "value-", ""};
-constexpr Kind kReals = {"real", "real", "", ".5"};
-constexpr Kind kUnknown = {"unknown type", "future", "word-", ""};
-constexpr Kind kServices = {"service", nullptr, "name-", ""};
-constexpr Kind kAttributes = {"attribute", nullptr, "name-", ""};
+constexpr Kind kKinds[] = {{"integer", "integer", "", ""},    {"string", "string", "value-", ""},
+                           {"real", "real", "", ".5"},        {"unknown type", "future", "word-", ""},
+                           {"service", nullptr, "name-", ""}, {"attribute", nullptr, "name-", ""}};
+using Kinds = std::span<const Kind>;
+constexpr Kinds kOfKnownType = Kinds(kKinds).first(3);
+constexpr Kinds kOfValues = Kinds(kKinds).first(4);
+constexpr Kinds kNamed = Kinds(kKinds).last(2);
+constexpr const Kind *kServices = &kNamed[0];
+constexpr const Kind *kAttributes = &kNamed[1];
 
 constexpr char kScan[] = "Scan";
 constexpr char kValues[] = "values";
@@ -75,9 +79,6 @@ struct Row {
 // One measurement: a template with one service, one invocation and, for values, one attribute.
 struct Run : Row {
   Run(const Row &row, std::size_t all);
-  ~Run() { jt_close_parsing_utility(space); }
-  Run(const Run &) = delete;
-  Run &operator=(const Run &) = delete;
 
   std::string text(std::size_t number) const {
     return kind->prefix + std::to_string(1000000 + number) + kind->suffix;
@@ -90,7 +91,8 @@ struct Run : Row {
   }
 
   const std::size_t count;
-  jt_parser_space *const space = jt_open_parsing_utility("jt_call_cost");
+  const jt::Session session{"jt_call_cost"};
+  jt_parser_space *const space = session.get();
   const int32_t job = jt_create_template(space);
   jt_node *attribute = nullptr;
   const jt_type *type = nullptr;
@@ -112,19 +114,19 @@ Run::Run(const Row &row, std::size_t all) : Row(row), count(all) {
 using Call = int (*)(const Run &run, const char *text);
 
 int add(const Run &run, const char *text) {
-  if (run.kind == &kServices) return jt_add_service(run.space, run.job, "kmt_svc_scan", text);
-  if (run.kind == &kAttributes) return jt_add_attribute(run.space, run.job, kScan, "string", text);
+  if (run.kind == kServices) return jt_add_service(run.space, run.job, "kmt_svc_scan", text);
+  if (run.kind == kAttributes) return jt_add_attribute(run.space, run.job, kScan, "string", text);
   return jt_add_attribute_value_string(run.space, run.job, kScan, kValues, text);
 }
 
 int find(const Run &run, const char *text) {
-  if (run.kind == &kServices) return jt_exists_service(run.space, run.job, text);
+  if (run.kind == kServices) return jt_exists_service(run.space, run.job, text);
   return jt_exists_attribute(run.space, run.job, kScan, text);
 }
 
 int remove(const Run &run, const char *text) {
-  if (run.kind == &kServices) return jt_delete_service(run.space, run.job, text);
-  if (run.kind == &kAttributes) return jt_delete_attribute(run.space, run.job, kScan, text);
+  if (run.kind == kServices) return jt_delete_service(run.space, run.job, text);
+  if (run.kind == kAttributes) return jt_delete_attribute(run.space, run.job, kScan, text);
   return jt_delete_attribute_value_string(run.space, run.job, kScan, kValues, text);
 }
 
@@ -216,29 +218,22 @@ struct Measured {
   const char *name;
   void (*step)(const Run &run, std::size_t i, InstructionCounter &counter);
   int halves;  // of the siblings, that are there before; the steps are for one half
-  std::vector<const Kind *> kinds;
-  std::vector<Order> orders;
-  std::vector<Mix> mixes;
+  Kinds kinds;
+  Order last_order;  // those before it are measured too, as are the mixes
+  Mix last_mix;
 };
 
-const std::vector<const Kind *> kOfValues = {&kIntegers, &kStrings, &kReals, &kUnknown};
-const std::vector<const Kind *> kOfKnownType = {&kIntegers, &kStrings, &kReals};
-const std::vector<const Kind *> kNamed = {&kServices, &kAttributes};
-const std::vector<Order> kAllOrders = {kFront, kBack, kScattered, kAlternating};
-const std::vector<Order> kCursors = {kFront, kBack, kScattered};
-const std::vector<Mix> kAllMixes = {kNone, kOne, kHalf, kAll};
-
 const Measured kMeasured[] = {
-    {"add a value", add_value, 1, kOfValues, {kFront}, kAllMixes},
-    {"insert at the cursor", insert, 1, kOfValues, kAllOrders, kAllMixes},
-    {"override, equal afterwards", make_equal, 2, kOfKnownType, kAllOrders, kAllMixes},
-    {"override, equal before", make_different, 2, kOfKnownType, kAllOrders, kAllMixes},
-    {"delete a value", by_text<remove>, 2, kOfValues, kAllOrders, kAllMixes},
-    {"delete at the cursor", remove_there, 2, kOfValues, kCursors, kAllMixes},
-    {"insert and delete", insert_and_remove, 2, kOfValues, kCursors, kAllMixes},
-    {"add a name", by_text<add>, 0, kNamed, kAllOrders, {kNone}},
-    {"find a name", by_text<find>, 2, kNamed, kAllOrders, {kNone}},
-    {"delete a name", by_text<remove>, 2, kNamed, kAllOrders, {kNone}},
+    {"add a value", add_value, 1, kOfValues, kFront, kAll},
+    {"insert at the cursor", insert, 1, kOfValues, kAlternating, kAll},
+    {"override, equal afterwards", make_equal, 2, kOfKnownType, kAlternating, kAll},
+    {"override, equal before", make_different, 2, kOfKnownType, kAlternating, kAll},
+    {"delete a value", by_text<remove>, 2, kOfValues, kAlternating, kAll},
+    {"delete at the cursor", remove_there, 2, kOfValues, kScattered, kAll},
+    {"insert and delete", insert_and_remove, 2, kOfValues, kScattered, kAll},
+    {"add a name", by_text<add>, 0, kNamed, kAlternating, kNone},
+    {"find a name", by_text<find>, 2, kNamed, kAlternating, kNone},
+    {"delete a name", by_text<remove>, 2, kNamed, kAlternating, kNone},
 };
 
 // Adds the siblings that are there before, and sets the cursor of values on the last. The search at the end
@@ -294,9 +289,9 @@ double measure_rows(const Measured &measured, const std::vector<Row> &rows,
 
 std::vector<Row> rows_of(const Measured &measured) {
   std::vector<Row> rows;
-  for (const Kind *const kind : measured.kinds) {
-    for (const Order order : measured.orders) {
-      for (const Mix mix : measured.mixes) rows.push_back({kind, order, mix});
+  for (const Kind &kind : measured.kinds) {
+    for (int order = kFront; order <= measured.last_order; ++order) {
+      for (int mix = kNone; mix <= measured.last_mix; ++mix) rows.push_back({&kind, Order(order), Mix(mix)});
     }
   }
   return rows;

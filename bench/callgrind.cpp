@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -23,15 +24,10 @@ std::string out_file() { return program() + ".callgrind"; }
 void run_under_callgrind(char **arguments) {
   if (RUNNING_ON_VALGRIND != 0) return;
   setenv("LD_BIND_NOW", "1", 1);  // looking up functions of libraries is nothing to count
-  std::string words[] = {"valgrind",
-                         "-q",
-                         "--tool=callgrind",
-                         "--instr-atstart=no",
-                         "--collect-atstart=no",
-                         "--callgrind-out-file=" + out_file(),
-                         program()};
-  std::vector<char *> command;
-  for (std::string &word : words) command.push_back(word.data());
+  std::string self = program(), out = "--callgrind-out-file=" + out_file();
+  char options[][24] = {"valgrind", "-q", "--tool=callgrind", "--instr-atstart=no", "--collect-atstart=no"};
+  std::vector<char *> command(std::begin(options), std::end(options));
+  command.insert(command.end(), {out.data(), self.data()});
   do command.push_back(*++arguments);
   while (*arguments != nullptr);
   execvp(command[0], command.data());
@@ -44,13 +40,10 @@ double InstructionCounter::mean() const {
   CALLGRIND_DUMP_STATS;
   const std::string path = out_file() + "." + std::to_string(++files);
   std::ifstream file(path);
-  constexpr char kTotals[] = "totals: ";
-  double total = 0;
-  for (std::string line; std::getline(file, line);) {
-    if (line.starts_with(kTotals)) total = std::stod(line.substr(sizeof kTotals - 1));
-  }
+  const std::string text(std::istreambuf_iterator<char>(file), {});
   std::filesystem::remove(path);
-  return total / calls_;
+  const std::string totals = "totals: ";
+  return std::stod(text.substr(text.find(totals) + totals.size())) / calls_;
 }
 
 }  // namespace bench

@@ -10,10 +10,10 @@
 int main() {
   for (const bench::Shape &shape : bench::shapes()) {
     const std::string text = shape.make();
-    bench::take_heap_use();
+    const double before = bench::heap_in_use();
     jt_parser_space *const space = jt_open_parsing_utility("jt_footprint");
     if (jt_decode_template(space, text.c_str()) == 0) return EXIT_FAILURE;
-    const auto bytes = static_cast<double>(bench::take_heap_use());
+    const double bytes = bench::heap_in_use() - before;
     std::printf("%s\t%.1f\n", shape.name, bytes / static_cast<double>(bench::parts(shape, text)));
     jt_close_parsing_utility(space);
   }

@@ -1,15 +1,17 @@
-// Counts what the heap holds for any library of the program: the program defines malloc() and its kin itself,
-// above those of the C library.
+// How much of the heap is in use, for any library of the program: the C library's own count.
 #ifndef JT_BENCH_HEAP_H
 #define JT_BENCH_HEAP_H
 
-#include <cstddef>
+#include <malloc.h>
 
 namespace bench {
 
-// Bytes that are in use since this was called the last time, less those that were released. They are those
-// that the blocks can hold; the C library's own bytes before each block are not among them.
-std::ptrdiff_t take_heap_use();
+// In bytes, with those that the C library adds to each block. It keeps some small blocks that were freed for
+// the next call and counts them as used.
+inline double heap_in_use() {
+  const struct mallinfo2 use = mallinfo2();
+  return static_cast<double>(use.uordblks + use.hblkhd);
+}
 
 }  // namespace bench
 

@@ -46,9 +46,6 @@ struct LibraryRow {
 // jt, then the others.
 std::span<const LibraryRow> libraries();
 
-std::unique_ptr<Library> make_pugixml();
-std::unique_ptr<Library> make_converting_pugixml();
-
 // Ends the program with a message when a condition does not hold: a figure of anything but the same facts
 // would be worth nothing.
 void require(bool holds, std::string_view what);

@@ -14,12 +14,9 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <list>
-#include <optional>
 #include <vector>
 
 #include "callgrind.h"
@@ -40,53 +37,36 @@ struct Task {
   bool is_hostile;
   std::string text;
   std::size_t parts;  // that a figure is divided by: attributes, values or bytes
-  double heap;        // that the library holds after a parse
 };
 
 double seconds() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// Makes sure that a library writes its own text again, and so has understood all of it; that of a hostile shape
-// is not its own. Gives the heap that it holds in between.
-double heap_of(const Task &task) {
-  bench::take_heap_use();
+// One iteration is one life of a tree, of which one step is measured. The first life warms up; it makes sure
+// that the library writes its own text again, and so has understood all of it. Hostile text is not its own.
+void run(benchmark::State &state, const Task &task, Step measured) {
+  const double before = bench::heap_in_use();
   const auto library = task.library->make();
   require(library->parse(task.text), "parsing " + task.name);
-  const auto bytes = static_cast<double>(bench::take_heap_use());
+  if (measured == kParse) state.counters["heap"] = bench::heap_in_use() - before;
   require(task.is_hostile || library->save() == task.text, "saving " + task.name);
   library->destroy();
-  return bytes;
-}
-
-// One iteration is one life of a tree, of which one step is measured. The first life warms up.
-void run(benchmark::State &state, const Task &task, Step measured) {
-  const auto library = task.library->make();
-  std::optional<bench::InstructionCounter> counter;
-  bool is_warm = false;
+  const bool counts = RUNNING_ON_VALGRIND != 0;
+  bench::InstructionCounter counter;
   const auto take = [&](Step step, auto call) {
-    if (step != measured || !is_warm) {
-      require(call(), task.name);
-    } else if (counter) {
-      require((*counter)(call), task.name);
-      state.SetIterationTime(0);
-    } else {
-      const double begin = seconds();
-      require(call(), task.name);
-      state.SetIterationTime(seconds() - begin);
-    }
+    if (step != measured) return call();
+    const double begin = seconds();
+    const bool is_done = counts ? counter(call) : call();
+    state.SetIterationTime(seconds() - begin);
+    return is_done;
   };
-  const auto live = [&] {
-    take(kParse, [&] { return library->parse(task.text); });
-    if (measured == kSave) take(kSave, [&] { return !library->save().empty(); });
+  for (auto iteration : state) {
+    require(take(kParse, [&] { return library->parse(task.text); }), task.name);
+    if (measured == kSave) require(take(kSave, [&] { return !library->save().empty(); }), task.name);
     take(kDestroy, [&] { return library->destroy(), true; });
-  };
-  live();
-  is_warm = true;
-  if (RUNNING_ON_VALGRIND != 0) counter.emplace();
-  for (auto iteration : state) live();
-  if (counter) state.counters["instructions"] = counter->mean();
-  if (measured == kParse) state.counters["heap"] = task.heap;
+  }
+  if (counts) state.counters["instructions"] = counter.mean();
   state.counters["parts"] = static_cast<double>(task.parts);
 }
 
@@ -160,8 +140,7 @@ std::list<Task> make_tasks() {
     for (const bench::LibraryRow &library : bench::libraries()) {
       if (shape.is_hostile && &library != bench::libraries().data()) break;
       const std::string name = std::string(shape.name) + "/" + library.name;
-      tasks.push_back({name, &library, shape.is_hostile, texts.*library.text, parts, 0});
-      tasks.back().heap = heap_of(tasks.back());
+      tasks.push_back({name, &library, shape.is_hostile, texts.*library.text, parts});
     }
   }
   return tasks;

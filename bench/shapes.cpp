@@ -1,77 +1,80 @@
-// One job of eight services, job.txt, is the source of all shapes that are measured beside other libraries.
-// Larger ones repeat it with numbered services, and each repetition takes the next of the values of each
-// attribute.
+// Examples that a client would send make one job, the source of all shapes that are measured beside other
+// libraries. Larger ones repeat it with numbered services, and in each repetition every attribute has the
+// values of the next one of its type in such a service.
 #include "shapes.h"
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <regex>
 #include <set>
-#include <sstream>
-#include <utility>
 
 namespace bench {
 namespace {
 
-// An attribute of the job. The first one of a service begins it: "TYPE NAME" and its invocation.
+constexpr const char *kExamples[] = {"copy", "fax", "ocr_of_a_scan", "scan_to_folders", "scan_to_mail"};
+
+// An attribute of the job. The first one of an invocation begins it.
 struct Row {
-  std::string service;
-  std::string invocation;
-  bool is_wide;
-  bool is_compulsory;
+  std::string service;  // of the invocation: "TYPE NAME"
+  std::string begins;   // the name of the invocation and a brace
+  std::string star;
   std::string type;
   std::string name;
-  std::size_t values;
-  std::vector<std::string> alternatives;
+  const std::vector<std::string> *values;  // of its type
+  std::size_t own;                         // which of them it has
 };
 
-std::vector<Row> read_job() {
-  std::vector<Row> job;
+struct Job {
+  Job();
+
+  std::vector<Row> rows;
+  std::map<std::string, std::vector<std::string>> values;  // of "TYPE SERVICE", the types of both
+};
+
+Job::Job() {
+  const std::regex statement(R"(\[ (\S+ \S+) \]|(\S* ?\{)\n|(\*?) *(\w+) +(\w+) += ([^;]+);)");
   Row row;
-  std::ifstream file(JT_BENCH_JOB);
-  for (std::string line; std::getline(file, line);) {
-    std::istringstream words(line);
-    std::string first, second;
-    words >> first >> second;
-    if (line[0] == '[') {
-      row.service = first.substr(1) + " " + second;
-      std::getline(words >> std::ws, row.invocation, ']');
-    } else if (line[0] != '#') {
-      row.is_wide = first == "wide";
-      row.is_compulsory = second != "*";
-      words >> row.type >> row.name >> row.values >> std::ws;
-      for (std::string value; std::getline(words, value, '|');) row.alternatives.push_back(value);
-      job.push_back(std::exchange(row, {}));
+  for (const char *const name : kExamples) {
+    std::ifstream file(std::string(JT_EXAMPLES) + "/" + name + ".sil");
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    for (std::sregex_iterator at(text.begin(), text.end(), statement), end; at != end; ++at) {
+      const std::smatch &match = *at;
+      if (match[1].matched) row.service = match[1];
+      if (match[2].matched) row.begins = match[2];
+      if (!match[6].matched) continue;
+      const std::string service = row.service.substr(0, row.service.find(' '));
+      std::vector<std::string> &of_type = values[match[4].str() + " " + service];
+      rows.push_back({row.service, row.begins, match[3], match[4], match[5], &of_type, of_type.size()});
+      of_type.push_back(match[6]);
+      row.begins.clear();
     }
   }
-  return job;
 }
 
-const std::vector<Row> &job() {
-  static const std::vector<Row> rows = read_job();
-  return rows;
+const Job &job() {
+  static const Job made;
+  return made;
 }
 
 // The attribute as its turn comes, under a name of its own.
 std::string attribute(const Row &row, const std::string &name, std::size_t turn) {
-  std::string text = (row.is_compulsory ? "" : "*") + row.type + " " + name + " = ";
-  const char *const quote = row.type == "string" ? "\"" : "";
-  for (std::size_t i = 0; i < row.values; ++i) {
-    if (i > 0) text += ", ";
-    text += quote + row.alternatives[(turn + i) % row.alternatives.size()] + quote;
-  }
-  return text + ";\n";
+  const std::vector<std::string> &values = *row.values;
+  return row.star + row.type + " " + name + " = " + values[(row.own + turn) % values.size()] + ";\n";
 }
 
 constexpr char kEnd[] = "}\nend\n";
 
+// An invocation is alone in its service.
 std::string jobs(std::size_t count) {
   std::string text;
+  std::size_t services = 0;
   for (std::size_t i = 0; i < count; ++i) {
-    const std::string number = count > 1 ? std::to_string(i + 1) : "";
-    for (const Row &row : job()) {
-      if (!row.service.empty()) {
-        text += (text.empty() ? "" : kEnd) + ("[" + row.service + number + "]\n") + row.invocation + "{\n";
+    for (const Row &row : job().rows) {
+      if (!row.begins.empty()) {
+        text += text.empty() ? "[" : std::string(kEnd) + "[";
+        text += row.service + std::to_string(++services) + "]\n" + row.begins + "\n";
       }
       text += attribute(row, row.name, i);
     }
@@ -85,33 +88,30 @@ std::string one_invocation(const std::string &attributes) {
 
 constexpr std::size_t kSiblings = 100000;
 
-// Attributes of one invocation, whose types are those of a scan and the base types, each under a name that is
-// made of its number.
-template <typename Name>
-std::string wide_of(Name name) {
-  std::vector<Row> rows;
-  std::ranges::copy_if(job(), std::back_inserter(rows), &Row::is_wide);
+// Names of the job in a row, as the digits of the number: they do not count up.
+std::string real_name(std::size_t number) {
+  static const std::vector<std::string> words = [] {
+    std::set<std::string> names;
+    for (const Row &row : job().rows) names.insert(row.name);
+    return std::vector<std::string>(names.begin(), names.end());
+  }();
+  std::string name;
+  for (; number > 0 || name.empty(); number /= words.size()) name += words[number % words.size()];
+  return name;
+}
+
+// Attributes of one invocation, of the types of a scan and the base types.
+std::string wide(bool has_real_names) {
+  std::vector<Row> rows = job().rows;
+  std::erase_if(rows, [](const Row &row) {
+    return !row.service.starts_with("kmt_svc_scan ") && row.type.starts_with("enum_");
+  });
   std::string text;
   for (std::size_t i = 0; i < kSiblings; ++i) {
     const Row &row = rows[i % rows.size()];
-    text += attribute(row, name(row, i), i / rows.size());
+    text += attribute(row, has_real_names ? real_name(i) : row.name + std::to_string(i), i / rows.size());
   }
   return one_invocation(text);
-}
-
-std::string wide() {
-  return wide_of([](const Row &row, std::size_t i) { return row.name + std::to_string(i); });
-}
-
-// Names that do not count up: three names of the job in a row.
-std::string wide_real_names() {
-  std::set<std::string> known;
-  for (const Row &row : job()) known.insert(row.name);
-  const std::vector<std::string> names(known.begin(), known.end());
-  return wide_of([&](const Row &, std::size_t i) {
-    const std::size_t next = i / names.size();
-    return names[i % names.size()] + names[next % names.size()] + names[next / names.size()];
-  });
 }
 
 std::string long_list() {
@@ -149,8 +149,8 @@ constexpr Shape kShapes[] = {
     {"typical", [] { return jobs(1); }, false},
     {"medium", [] { return jobs(24); }, false},
     {"large", [] { return jobs(2400); }, false},
-    {"wide", wide, false},
-    {"wide, real names", wide_real_names, false},
+    {"wide", [] { return wide(false); }, false},
+    {"wide, real names", [] { return wide(true); }, false},
     {"long", long_list, false},
     {"{}{}{}", [] { return repeated(kScan, "{}", "end"); }, true},
     {"1,1,1", [] { return one_invocation(repeated("integer A=1", ",1", ";")); }, true},
@@ -163,10 +163,13 @@ constexpr Shape kShapes[] = {
 }  // namespace
 
 std::vector<std::string> enumerated_names() {
+  const std::regex name("[^, \n]+");
   std::vector<std::string> names;
-  for (const Row &row : job()) {
-    if (row.type.find("enum_") == std::string::npos) continue;
-    names.insert(names.end(), row.alternatives.begin(), row.alternatives.end());
+  for (const auto &[type, lists] : job().values) {
+    if (!type.starts_with("enum_")) continue;
+    for (const std::string &list : lists) {
+      names.insert(names.end(), std::sregex_token_iterator(list.begin(), list.end(), name), {});
+    }
   }
   return names;
 }

@@ -9,7 +9,7 @@ corpus=build/fuzz/corpus/$name
 dictionary=fuzz/sil.dict
 seeds=fuzz/seeds/$name
 case $name in
-  decode | roundtrip) seeds="$seeds examples examples/rejected" ;;
+  decode | roundtrip | source) seeds="$seeds examples examples/rejected" ;;
   values) dictionary=fuzz/values.dict ;;
 esac
 mkdir -p "$corpus"

@@ -2310,6 +2310,8 @@ class Finding {
 /// Owns findings in the order in which they were told, as a forward range. It is a listener: what it is told it
 /// adds, in one block of the heap each, and without memory it ends the call.
 class Findings {
+  struct Entry;
+
  public:
   /// No findings.
   Findings() noexcept = default;
@@ -2340,9 +2342,39 @@ class Findings {
   }
 
   /// A place in a walk.
-  class Iterator;
+  class Iterator {
+   public:
+    using iterator_concept = std::forward_iterator_tag;  ///< any number of walks
+    using value_type = Finding;                          ///< what it stands on
+    using difference_type = std::ptrdiff_t;              ///< as every iterator has it
+
+    /// Behind the last.
+    Iterator() noexcept = default;
+
+    /// The finding.
+    Finding operator*() const noexcept { return Finding(at_->record); }
+    /// To the next one.
+    Iterator &operator++() noexcept {
+      at_ = at_->next;
+      return *this;
+    }
+    /// To the next one; gives the place before.
+    Iterator operator++(int) noexcept { return std::exchange(*this, Iterator(at_->next)); }
+    /// The same place.
+    friend bool operator==(const Iterator &a, const Iterator &b) noexcept { return a.at_ == b.at_; }
+    /// Behind the last.
+    friend bool operator==(const Iterator &at, std::default_sentinel_t) noexcept { return at.at_ == nullptr; }
+
+   private:
+    friend class Findings;
+
+    explicit Iterator(const Entry *at) noexcept : at_(at) {}
+
+    const Entry *at_ = nullptr;
+  };
+
   /// The first. Not of a temporary, but a range-based for may have one.
-  Iterator begin() const &noexcept;
+  Iterator begin() const &noexcept { return Iterator(first_); }
   /// Not of a temporary.
   Iterator begin() const && = delete;
   /// Behind the last.
@@ -2352,7 +2384,11 @@ class Findings {
   /// Whether there is none.
   bool empty() const noexcept { return size_ == 0; }
   /// How many are just as bad as that. O(size()).
-  std::size_t count(Severity severity) const noexcept;
+  std::size_t count(Severity severity) const noexcept {
+    std::size_t found = 0;
+    for (const Finding finding : *this) found += finding.severity() == severity ? 1 : 0;
+    return found;
+  }
   /// Whether one could not be added.
   bool lacked_memory() const noexcept { return lacked_memory_; }
 
@@ -2386,46 +2422,6 @@ class Findings {
   std::size_t size_ = 0;
   bool lacked_memory_ = false;
 };
-
-/// A place in a walk over findings.
-class Findings::Iterator {
- public:
-  using iterator_concept = std::forward_iterator_tag;  ///< any number of walks
-  using value_type = Finding;                          ///< what it stands on
-  using difference_type = std::ptrdiff_t;              ///< as every iterator has it
-
-  /// Behind the last.
-  Iterator() noexcept = default;
-
-  /// The finding.
-  Finding operator*() const noexcept { return Finding(at_->record); }
-  /// To the next one.
-  Iterator &operator++() noexcept {
-    at_ = at_->next;
-    return *this;
-  }
-  /// To the next one; gives the place before.
-  Iterator operator++(int) noexcept { return std::exchange(*this, Iterator(at_->next)); }
-  /// The same place.
-  friend bool operator==(const Iterator &a, const Iterator &b) noexcept = default;
-  /// Behind the last.
-  friend bool operator==(const Iterator &at, std::default_sentinel_t) noexcept { return at.at_ == nullptr; }
-
- private:
-  friend class Findings;
-
-  explicit Iterator(const Entry *at) noexcept : at_(at) {}
-
-  const Entry *at_ = nullptr;
-};
-
-inline Findings::Iterator Findings::begin() const &noexcept { return Iterator(first_); }
-
-inline std::size_t Findings::count(Severity severity) const noexcept {
-  std::size_t found = 0;
-  for (const Finding finding : *this) found += finding.severity() == severity ? 1 : 0;
-  return found;
-}
 
 /// How a text is decoded. What is 0 is no limit.
 struct SourceOptions {
@@ -2733,7 +2729,7 @@ struct BlocksOf {
 }  // namespace detail
 /// \endcond
 
-/// An allocator for a session over a std::pmr::memory_resource, or over anything else with its allocate(bytes,
+/// An allocator for a session over a `std::pmr::memory_resource`, or over anything else with its allocate(bytes,
 /// alignment) and deallocate(block, bytes, alignment). The resource must outlive the session. An allocate() that
 /// throws has no memory to give. jt_allocator
 template <typename Resource>

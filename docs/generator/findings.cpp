@@ -5,7 +5,7 @@
 namespace jt_docs {
 namespace {
 
-// What would be invisible on a page or end a block of code there.
+// A byte order mark would be invisible on a page.
 std::string shown(std::string_view text) {
   return std::regex_replace(std::string(text), std::regex("^\xEF\xBB\xBF"), R"(\xEF\xBB\xBF)");
 }

@@ -191,7 +191,8 @@ def main():
         return ElementTree.parse(Path(xml) / f"{name}.xml").find("compounddef")
 
     for page in PAGES:
-        group = read("group__" + ("records" if page == "jt" else page.removeprefix("jt_")))
+        chapter = "records" if page == "jt" else page.removeprefix("jt_")
+        group = read("group__" + chapter.replace("_", "__"))  # as Doxygen names its files
         members = group.findall("sectiondef/memberdef")
         records = [record for record in map(read, (inner.get("refid") for inner in group.findall("innerclass")))
                    if record.find("sectiondef") is not None]

@@ -1,6 +1,6 @@
 // The engine that runs the machines of the grammar over a text. It is made twice: for a decode that nobody
 // listens to, and for one with an observer, which is told of every token and may go on behind an error. So the
-// first pays nothing for the second. tests/sil/decode_entry_test.cpp and tests/sil/source_test.cpp
+// first pays nothing for the second. tests/sil/decode_entry_test.cpp and tests/sil/source_agreement_test.cpp
 #ifndef JT_SIL_ENGINE_H
 #define JT_SIL_ENGINE_H
 

@@ -24,6 +24,11 @@ class Lookahead {
     cursor_.end = cursor.end;
   }
 
+  // What was read last is not taken along: its buffer is large.
+  Lookahead(const Lookahead &other) : Lookahead(other.cursor_, other.cursor_.position) {}
+  ~Lookahead() = default;
+  Lookahead &operator=(const Lookahead &) = delete;
+
   Token next() {
     Token token = look_at_token(cursor_);
     while (token.kind == TokenKind::kComment) token = look_at_token(cursor_);
@@ -168,7 +173,7 @@ class Recovery {
   std::string_view written() const {
     return {begin(), static_cast<std::size_t>(decoder_.cursor.token_end - begin())};
   }
-  TokenKind next_kind() { return Lookahead(decoder_.cursor, decoder_.cursor.position).next().kind; }
+  TokenKind next_kind() const { return Lookahead(decoder_.cursor, decoder_.cursor.position).next().kind; }
   bool begins_statement() const {
     Lookahead ahead(decoder_.cursor, decoder_.cursor.position);
     const Token next = ahead.next();
@@ -176,14 +181,14 @@ class Recovery {
   }
   // The beginning of marks of a header or a section that lack their "<".
   bool is_form() const {
-    const TokenKind next = Lookahead(decoder_.cursor, decoder_.cursor.position).next().kind;
+    const TokenKind next = next_kind();
     const bool is_mark = token_.kind == TokenKind::kQuestion || token_.kind == TokenKind::kExclamation;
     if (state_ == State::kSectionBegin) return is_mark && next == TokenKind::kGreater;
     return next == TokenKind::kWord && (is_mark || same_name(token_.text, "SIL"));
   }
   // The same of the marks that close a section.
   bool is_closing_form() const {
-    const TokenKind next = Lookahead(decoder_.cursor, decoder_.cursor.position).next().kind;
+    const TokenKind next = next_kind();
     return token_.text == "/" && (next == TokenKind::kQuestion || next == TokenKind::kExclamation);
   }
   Landmark landmark() const { return landmark_at(decoder_, token_, decoder_.cursor); }
@@ -383,6 +388,7 @@ bool Recovery::on_service_head() {
   if (state_ == State::kServiceNamed && is_text && next == TokenKind::kCloseBracket) return passed(state_);
   if (state_ == State::kServiceType) decoder_.type = unknown_type();
   if (state_ != State::kServiceNamed) {
+    source_.forget_name();
     decoder_.kept = decoder_.type != unknown_type() ? view_of(decoder_.type->name) : std::string_view();
   }
   const bool is_closed = token_.kind == TokenKind::kCloseBracket;

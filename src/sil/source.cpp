@@ -188,7 +188,7 @@ bool SourceDecoder::accept_silently(const Row &row) {
 void SourceDecoder::shorten_string() {
   const jt_range range = range_of();
   const std::size_t line_end = end_of_line(range.begin);
-  if (line_end >= range.end || !runs_into_error(decoder_)) return;
+  if (!runs_into_error(decoder_)) return;
   ran_over_lines_ = true;
   last_string_ = {range.begin, line_end};
   decoder_.cursor.token_end = teller_.text().data() + line_end;
@@ -197,7 +197,7 @@ void SourceDecoder::shorten_string() {
 bool SourceDecoder::accepted(const Row &row, const Token &token) {
   if (may_have_ended(row.from) && row.opens != Opens::kStatus) teller_.close(last_end_);
   if (row.role >= Role::kHeld || token.kind == TokenKind::kEndOfText) return accept_silently(row);
-  if (token.kind == TokenKind::kString && row.opens == Opens::kValue) shorten_string();
+  if (token.kind == TokenKind::kString && row.opens == Opens::kValue && takes_lines_along()) shorten_string();
   const jt_range range = range_of();
   tell_held(row.opens);
   tell_gap(range.begin);

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "base/error_store.h"
@@ -84,6 +85,7 @@ class SourceDecoder {
     if (element != nullptr && element->bookmark < 0) remember_node_of(*element);
   }
   void settle() { is_settled_ = true; }
+  void forget_name() { name_ = {}; }  // the next node has none in the text
 
  private:
   // Tokens and elements (source.cpp).
@@ -102,7 +104,12 @@ class SourceDecoder {
   void remember_value(OpenElement &element);
   void remember_name(const OpenElement &element);
   [[gnu::cold]] void tell_handles();
-  [[gnu::noinline]] void shorten_string();
+  bool takes_lines_along() const {
+    const char *const begin = decoder_.cursor.token_begin;
+    const auto size = static_cast<std::size_t>(decoder_.cursor.token_end - begin);
+    return std::memchr(begin, '\n', size) != nullptr || std::memchr(begin, '\r', size) != nullptr;
+  }
+  [[gnu::cold]] void shorten_string();
   [[gnu::cold]] bool re_read_string(std::size_t line_end, State &state);
   [[gnu::cold]] std::int32_t report_no_memory();
   [[gnu::cold]] void begin_failure();
@@ -129,11 +136,12 @@ class SourceDecoder {
                                           jt_finding &finding);
   [[gnu::cold]] void describe_end(const Token &token, State state, jt_finding &finding);
   [[gnu::cold]] void describe_unclosed(State state, jt_finding &finding);
-  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding);
+  [[gnu::cold]] void describe_type(const Token &token, jt_finding &finding) const;
   [[gnu::cold]] void describe_bad_string(jt_finding &finding);
   [[gnu::cold]] bool is_missing_before(const Token &token, State state, std::size_t begin) const;
   [[gnu::cold]] std::size_t end_of_line(std::size_t offset) const;
-  [[gnu::cold]] jt_range first_namesake() const;
+  [[gnu::cold]] std::size_t number_of_namesake() const;
+  [[gnu::cold]] void describe_taken_name(State state, jt_finding &finding);
 
   jt_parser_space &space_;
   Teller &teller_;

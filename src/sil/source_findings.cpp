@@ -154,7 +154,8 @@ void SourceDecoder::tell_unknown_service() {
   const bool is_new = element != nullptr && element->kind == JT_SOURCE_INVOCATION &&
                       element->head_end == last_end_ && invocation.first_child == nullptr;
   if (!is_new || service.first_child != &invocation || !has_known_type(service)) return;
-  const std::size_t number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
+  const auto number = static_cast<std::size_t>(teller_.open_at(teller_.depth() - 2).number);
+  if (number >= names_.size()) return;
   jt_finding finding = finding_of(JT_FINDING_SERVICE_UNKNOWN, names_[number].name);
   finding.candidates = JT_CANDIDATES_SERVICES;
   tell(finding);
@@ -194,14 +195,27 @@ void describe_expected(const Machine &machine, State state, jt_finding &finding,
 
 }  // namespace
 
-jt_range SourceDecoder::first_namesake() const {
+// The number of the element that has the first node of a name. What stands in for one that is not whole may have
+// none.
+std::size_t SourceDecoder::number_of_namesake() const {
   const std::int32_t bookmark = decoder_.first_of_name->bookmark;
   if (purpose_ == Purpose::kCheck) {
-    return names_[static_cast<std::size_t>(element_of_[static_cast<std::size_t>(bookmark)])].name;
+    const auto at = static_cast<std::size_t>(bookmark);
+    const bool is_known = at < element_of_.size() && element_of_[at] >= 0;
+    return is_known ? static_cast<std::size_t>(element_of_[at]) : kNothing;
   }
   std::size_t number = 0;
-  while (names_[number].bookmark != bookmark) ++number;
-  return names_[number].name;
+  while (number < names_.size() && names_[number].bookmark != bookmark) ++number;
+  return number < names_.size() ? number : kNothing;
+}
+
+void SourceDecoder::describe_taken_name(State state, jt_finding &finding) {
+  finding.code = JT_FINDING_NAME_DUPLICATE;
+  if (state != State::kAttributeName) finding.range = name_;
+  const std::size_t first = number_of_namesake();
+  if (first == kNothing || names_[first].name.end == 0) return;
+  finding.has_second = 1;
+  finding.second = names_[first].name;
 }
 
 // The text ends, or a service or its end begins, where a block or a status is still open.
@@ -220,21 +234,26 @@ void SourceDecoder::describe_unclosed(State state, jt_finding &finding) {
   finding.second = {block->begin, std::max(block->head_end, block->begin + 1)};
 }
 
-void SourceDecoder::describe_type(const Token &token, jt_finding &finding) {
+void SourceDecoder::describe_type(const Token &token, jt_finding &finding) const {
   finding.code = is_type_of_a_service(token.text) ? JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE
                                                   : JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN;
   finding.candidates = JT_CANDIDATES_TYPES;
   finding.scope = service_of_table(decoder_.scope);
 }
 
-// Nothing is missing in front of everything. A mark is missing where only marks can follow, and where the next statement or line begins too early.
+// A mark is missing where only marks can follow, and in the midst of something where the next statement or line
+// begins too early. Between statements and blocks nothing is missing: what stands there does not belong there.
 bool SourceDecoder::is_missing_before(const Token &token, State state, std::size_t begin) const {
+  const Repair repair = facts_of(state).repair;
   const bool mark_follows = state == State::kServiceNamed || state == State::kInvocationNamed ||
                             state == State::kAttributeNamed || state == State::kAfterValue;
+  const bool is_between = repair == Repair::kText || repair == Repair::kType || repair == Repair::kService ||
+                          repair == Repair::kServices;
+  if (token.kind == TokenKind::kEndOfText) return last_end_ > 0;
+  if (mark_follows || is_between) return mark_follows;
   const std::string_view gap = teller_.text().substr(last_end_, begin - last_end_);
-  if (last_end_ == 0) return false;
-  return mark_follows || token.kind == TokenKind::kEndOfText || token.kind == TokenKind::kEnd ||
-         token.kind == TokenKind::kCloseBrace || gap.find_first_of("\r\n") != std::string_view::npos;
+  return token.kind == TokenKind::kEnd || token.kind == TokenKind::kCloseBrace ||
+         gap.find_first_of("\r\n") != std::string_view::npos;
 }
 
 void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &token, State state,
@@ -242,6 +261,7 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
   const Repair repair = facts_of(state).repair;
   const bool ends_block = ends_block_with(decoder_, token);
   const bool is_word = token.kind == TokenKind::kWord;
+  const bool in_service = repair == Repair::kService || repair == Repair::kServiceHead;
   describe_expected(machine, state, finding, expected_, sizeof(expected_));
   if (repair == Repair::kMarker) finding.code = JT_FINDING_END_MARKER;
   if (state == State::kHeaderForm || state == State::kHeaderWord) finding.code = JT_FINDING_HEADER_FORM;
@@ -251,21 +271,20 @@ void SourceDecoder::describe_wrong_token(const Machine &machine, const Token &to
   if (state == State::kServiceType && is_word) {
     finding.code = JT_FINDING_SERVICE_TYPE_UNKNOWN;
     finding.candidates = JT_CANDIDATES_SERVICES;
-  } else if (ends_block && repair != Repair::kServices) {
+  } else if (ends_block && repair != Repair::kServices && !(token.kind == TokenKind::kEnd && in_service)) {
     describe_unclosed(state, finding);
   } else if (repair == Repair::kType && (is_word || token.kind == TokenKind::kOpenBrace)) {
     const char *const behind = decoder_.cursor.position;
     if (token.kind == TokenKind::kOpenBrace || begins_block(decoder_, behind)) {
       describe_unclosed(state, finding);
-      if (finding.code == JT_FINDING_SYNTAX_UNCLOSED) finding.range = {last_end_, last_end_};
     } else if (find_type_in_scope(decoder_.scope, token.text).type == nullptr) {
       describe_type(token, finding);
     }
   }
-  const bool can_be_missing = finding.code == JT_FINDING_SYNTAX_EXPECTED ||
-                              finding.code == JT_FINDING_SYNTAX_UNCLOSED ||
-                              finding.code == JT_FINDING_END_MARKER;
-  if (can_be_missing && is_missing_before(token, state, finding.range.begin)) {
+  const bool can_be_missing =
+      finding.code == JT_FINDING_SYNTAX_EXPECTED || finding.code == JT_FINDING_END_MARKER;
+  const bool is_unclosed = finding.code == JT_FINDING_SYNTAX_UNCLOSED;
+  if (is_unclosed || (can_be_missing && is_missing_before(token, state, finding.range.begin))) {
     finding.range = {last_end_, last_end_};
   }
 }
@@ -303,10 +322,7 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   jt_finding finding = finding_of(JT_FINDING_SYNTAX_EXPECTED, range_of());
   finding.found_is_end = token.kind == TokenKind::kEndOfText ? 1 : 0;
   if (decoder_.trouble == Trouble::kNameTaken) {
-    finding.code = JT_FINDING_NAME_DUPLICATE;
-    if (state != State::kAttributeName) finding.range = name_;
-    finding.has_second = 1;
-    finding.second = first_namesake();
+    describe_taken_name(state, finding);
   } else if (decoder_.trouble == Trouble::kTooLong) {
     finding.code = JT_FINDING_SYNTAX_LENGTH;
   } else if (decoder_.trouble == Trouble::kBlockEnd) {
@@ -327,10 +343,11 @@ jt_finding SourceDecoder::error_at(const Machine &machine, const Token &token, O
   return finding;
 }
 
-// Nothing is said of what the scope of a block would decide, where that is not known; but a decode that fails
-// always has its finding.
+// Nothing is said of what the scope of a block would decide, where that is not known, nor of a name that nobody
+// wrote before; but a decode that fails always has its finding.
 bool SourceDecoder::is_worth_telling(const jt_finding &finding) const {
   if (!has_failed_) return true;
+  if (finding.code == JT_FINDING_NAME_DUPLICATE && finding.has_second == 0) return false;
   const bool asks_scope = finding.code == JT_FINDING_ATTRIBUTE_TYPE_UNKNOWN ||
                           finding.code == JT_FINDING_ATTRIBUTE_TYPE_OF_OTHER_SERVICE;
   const jt_node &block =

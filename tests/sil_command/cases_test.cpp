@@ -7,11 +7,9 @@
 //     -- status          the exit status; 0 where it is left out
 //     -- after FILE      what is in a file afterwards
 //     -- FILE            a file that is there before
-//
-// JT_SIL_COMMAND in the environment is the command in place of the one that was built.
 #include <map>
 
-#include "support/program.h"
+#include "sil_command/shell.h"
 
 namespace jt_test {
 namespace {
@@ -39,12 +37,6 @@ bool is_about_the_run(const std::string &name) {
   return name == "cmd" || name == "out" || name == "err" || name == "status" || name.starts_with("after ");
 }
 
-std::string with_sil() {
-  const char *const installed = std::getenv("JT_SIL_COMMAND");
-  const std::string command = installed != nullptr ? installed : JT_EMULATOR " " JT_SIL;
-  return "sil() { " + command + " \"$@\"; }; export EXAMPLES=" JT_SOURCE_DIR "/examples; ";
-}
-
 std::vector<std::string> all_cases() {
   std::vector<std::string> names;
   for (const fs::directory_entry &entry : fs::directory_iterator(kCases))
@@ -64,8 +56,7 @@ TEST_P(SilCommand, DoesWhatTheCaseSays) {
     fs::create_directories(fs::path(scratch.file(name)).parent_path());
     scratch.write(name, text);
   }
-  const ProgramRun run =
-      run_program({"sh", "-c", "cd " + scratch.file(".") + " || exit 99; " + with_sil() + parts["cmd"]});
+  const ProgramRun run = run_in_shell(scratch.file("."), parts["cmd"]);
   EXPECT_EQ(run.out, parts["out"]);
   EXPECT_EQ(run.err, parts["err"]);
   EXPECT_EQ(std::to_string(run.exit_status) + "\n", parts.contains("status") ? parts["status"] : "0\n");

@@ -39,6 +39,19 @@ TEST(Catalogue, SaysHowValuesOfEveryTypeAreWritten) {
     for (const std::string &type : types_in(scope)) EXPECT_NE(form_of(type), "") << scope << " " << type;
 }
 
+TEST(Catalogue, SaysTheRangesOfTheLibrary) {
+  EXPECT_EQ(form_of("INTEGER"), "a whole number from -2147483648 to 2147483647");
+  EXPECT_EQ(form_of("timestamp"), "YYYY/MM/DD/HH/MM/SS, nineteen characters");
+  EXPECT_EQ(form_of("struct_timeofday"), "hour:minute; hour 0 to 23; minute 0 to 59");
+  EXPECT_EQ(form_of("struct_gutter"), "width/width/unit; width 0 to 25 MM, 0 to 100 IN, 0 to 1000 MIL");
+  EXPECT_EQ(form_of("enum_sided"), "a name of the list");
+}
+
+TEST(Catalogue, KnowsNoFormOfABlockAndOfWhatIsNoType) {
+  EXPECT_EQ(form_of("kmt_svc_scan"), "");
+  EXPECT_EQ(form_of("enum_siced"), "");
+}
+
 TEST(Catalogue, ListsTheNamesOfAScopeWithTheirNumbers) {
   const std::vector<EnumeratedName> names = names_in_scope("");
   const auto mil =

@@ -125,8 +125,11 @@ TEST(FromJson, RefusesATextWithANul) {
 }
 
 TEST(FromJson, RefusesAValueThatItsTypeDoesNotRead) {
-  EXPECT_EQ(written_values("struct_timeofday", "\"25:00\""),
-            kAt + std::string("this is no value of the type struct_timeofday: H:M from 0:0 to 23:59\n"));
+  EXPECT_EQ(
+      written_values("struct_timeofday", "\"25:00\""),
+      kAt +
+          std::string(
+              "this is no value of the type struct_timeofday: hour:minute; hour 0 to 23; minute 0 to 59\n"));
   EXPECT_EQ(written_values("timestamp", "\"2009-01-01/00/00/00\""),
             kAt + std::string(
                       "this is no value of the type timestamp: YYYY/MM/DD/HH/MM/SS, nineteen characters\n"));

@@ -61,8 +61,8 @@ void print_types(const std::string &scope, bool as_json, Output &output) {
     json.member("form", form_of(type));
     json.close_object();
     if (!as_json)
-      output.print(type + std::string(38 - std::min<std::size_t>(36, type.size()), ' ') +
-                   std::string(form_of(type)) + "\n");
+      output.print(type + std::string(38 - std::min<std::size_t>(36, type.size()), ' ') + form_of(type) +
+                   "\n");
   }
   json.close_array();
   if (as_json) output.print(json.take());
@@ -75,7 +75,7 @@ void print_type(const std::string &scope, const std::string &type, bool as_json,
   json.member("form", form_of(type));
   json.key("names");
   json.open_array();
-  if (!as_json) output.print(type + ": " + std::string(form_of(type)) + "\n");
+  if (!as_json) output.print(type + ": " + form_of(type) + "\n");
   for (const EnumeratedName &name :
        is_enumerated(type) ? names_in_scope(scope_of_names(scope, type)) : std::vector<EnumeratedName>()) {
     json.open_object();

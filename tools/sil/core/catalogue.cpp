@@ -1,4 +1,4 @@
-// The library's lists, and the one that it does not have: how values are written.
+// The library's lists, and words for what its forms of values are called.
 #include "core/catalogue.h"
 
 #include <algorithm>
@@ -11,25 +11,24 @@
 namespace sil {
 namespace {
 
-struct Form {
-  std::string_view type;
+// Forms that are better said in words. The ranges of a timestamp are those of its digits.
+struct Words {
   std::string_view form;
+  std::string_view words;
+  bool has_ranges;
 };
-constexpr std::array kForms = {
-    Form{"boolean", "TRUE or FALSE"},
-    Form{"integer", "a whole number from -2147483648 to 2147483647"},
-    Form{"real", "digits with or without a point, no sign, no exponent"},
-    Form{"string", "any text of at most 1024 bytes"},
-    Form{"timestamp", "YYYY/MM/DD/HH/MM/SS, nineteen characters"},
-    Form{"struct_timeofday", "H:M from 0:0 to 23:59"},
-    Form{"ref_invocation", "NAME or NAME:QUALIFIER"},
-    Form{"ref_collection", "the name of a collection"},
-    Form{"struct_rectangle",
-         "X/Y/WIDTH/HEIGHT/UNIT; at most 350/500/350/500/MM, width and height from 25 on"},
-    Form{"struct_gutter", "FRONT/BACK/UNIT; at most 25 MM, 100 IN, 1000 MIL"},
-    Form{"struct_borders",
-         "A/B/C/D/UNIT, then nothing, /FLIPV, /FLIPH, /FLIPB or the other side's; at most 50 MM"},
-    Form{"struct_magnification", "AUTOISO, AUTOANA, NONE, MANISO/P or MANANA/P/P; P from 25 to 400"},
+constexpr std::array kWords = {
+    Words{"TRUE|FALSE", "TRUE or FALSE", true},
+    Words{"integer", "a whole number", true},
+    Words{"decimal", "digits with or without a point, no sign, no exponent", true},
+    Words{"text", "any text of at most 1024 bytes", true},
+    Words{"name", "a name of the list", true},
+    Words{"collection", "the name of a collection", true},
+    Words{"mode[/percentage[/percentage]]",
+          "AUTOISO, AUTOANA, NONE, MANISO/percentage or MANANA/percentage/percentage", true},
+    Words{"margin/margin/margin/margin/unit[/side]",
+          "margin/margin/margin/margin/unit, then nothing, /FLIPV, /FLIPH, /FLIPB or the other side's", true},
+    Words{"year/month/day/hour/minute/second", "YYYY/MM/DD/HH/MM/SS, nineteen characters", false},
 };
 
 constexpr std::string_view kEnumeratedPrefix = "enum_";
@@ -41,6 +40,36 @@ void add_types(const char *service, std::vector<std::string> &names) {
   const jt_type *const rows = jt_catalogue_types(service, &count);
   for (int32_t i = 0; i < count; ++i)
     if (rows[i].eval != nullptr) names.emplace_back(rows[i].name);
+}
+
+// Wherever it is one; a type has the same form in every service.
+const jt_type *type_anywhere(const std::string &type) {
+  const jt_type *found = type_in("", type);
+  for (int32_t i = 0; found == nullptr && jt_catalogue_service(i) != nullptr; ++i)
+    found = type_in(jt_catalogue_service(i), type);
+  return found;
+}
+
+std::string text_of(const jt_value_range &range) {
+  const std::string limits = std::to_string(range.least) + " to " + std::to_string(range.most);
+  return range.unit == nullptr ? limits : limits + " " + range.unit;
+}
+
+// The ranges of each part, in the order in which the parts come first.
+std::vector<std::pair<std::string, std::string>> ranges_by_part(const jt_type *type) {
+  std::vector<std::pair<std::string, std::string>> parts;
+  jt_value_range range{};
+  range.size = sizeof(range);
+  for (int32_t i = 0; jt_catalogue_range(type, i, &range) != 0; ++i) {
+    const auto part =
+        std::find_if(parts.begin(), parts.end(), [&](const auto &one) { return one.first == range.part; });
+    if (part == parts.end()) {
+      parts.emplace_back(range.part, text_of(range));
+    } else {
+      part->second += ", " + text_of(range);
+    }
+  }
+  return parts;
 }
 
 bool is_catalogued(const std::string &service) {
@@ -100,10 +129,17 @@ bool is_enumerated(std::string_view type) {
          same_name(type, "kmt_enum_status");
 }
 
-std::string_view form_of(std::string_view type) {
-  for (const Form &row : kForms)
-    if (same_name(row.type, type)) return row.form;
-  return is_enumerated(type) ? "a name of the list" : "";
+std::string form_of(std::string_view type) {
+  const jt_type *const row = type_anywhere(std::string(type));
+  const char *const form = row == nullptr ? nullptr : jt_catalogue_form(row);
+  if (form == nullptr) return "";
+  const auto *const words =
+      std::find_if(kWords.begin(), kWords.end(), [&](const Words &one) { return one.form == form; });
+  std::string text(words == kWords.end() ? form : words->words);
+  if (words != kWords.end() && !words->has_ranges) return text;
+  for (const auto &[part, ranges] : ranges_by_part(row))
+    text += part == form ? " from " + ranges : "; " + part + " " + ranges;
+  return text;
 }
 
 }  // namespace sil

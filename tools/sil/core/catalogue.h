@@ -39,7 +39,7 @@ std::vector<EnumeratedName> names_in_scope(const std::string &scope);
 bool is_enumerated(std::string_view type);
 
 /// How a value of that type is written, and between which bounds; empty where nothing is known of it.
-std::string_view form_of(std::string_view type);
+std::string form_of(std::string_view type);
 
 }  // namespace sil
 

@@ -57,7 +57,7 @@ constexpr std::array kPages = {
         "The text is larger than who reads it allows: in bytes, in elements, or in the memory that it takes.",
         "", "Part the job, or raise the limit."},
     FindingPage{"header-form", Severity::kError,
-                "No header begins like this: behind \"<\" stands SIL, or \"?\" or \"!\" and SIL.",
+                "This is no header: the mark that begins one is followed by SIL, or by ? or ! and then SIL.",
                 "< SLI 4.2.00 ASCII job >\n< /SIL >\n",
                 "Write < SIL 4.2.00 ASCII NAME >, or leave the header out together with the end marker."},
     FindingPage{
@@ -153,7 +153,7 @@ constexpr std::array kPages = {
     FindingPage{"status-text-lost", Severity::kLoss,
                 "Of several words behind a status only the last one is kept.",
                 "[kmt_svc_scan Scanner]\nend (KMT_STATUS_ABORTED {after two tries})\n",
-                "Make it one word: {after_two_tries}."},
+                "Make it one word, such as after_two_tries."},
     FindingPage{"comment-moves", Severity::kNote,
                 "The comment is kept, but written elsewhere when the library writes the template.",
                 "[kmt_svc_scan Scanner]\n{\n  integer Copies = 2;\n  # behind the attribute\n}\nend\n",

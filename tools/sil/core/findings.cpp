@@ -228,7 +228,7 @@ std::string behind(const Context &in) {
 
 std::string type(const Context &in) { return in_ticks(in.told.type); }
 
-std::string form(const Context &in) { return std::string(form_of(in.told.type)); }
+std::string form(const Context &in) { return form_of(in.told.type); }
 
 std::string scope(const Context &in) {
   return in.told.scope.empty() ? "the built-in list" : in_ticks(in.told.scope);

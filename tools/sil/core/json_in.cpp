@@ -387,7 +387,7 @@ std::optional<Value> Reader::other_value(const JsonValue &json, const std::strin
   std::string copy = value.text;
   jt_value *const read = type.eval(session_.get(), copy.data());
   if (read == nullptr) {
-    const std::string_view form = form_of(type.name);
+    const std::string form = form_of(type.name);
     find(at, "this is no value of the type " + std::string(type.name) + (form.empty() ? "" : ": ") +
                  std::string(form));
     return {};
