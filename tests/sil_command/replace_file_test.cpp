@@ -194,5 +194,55 @@ TEST_F(ReplaceFile, ChangesNothingWhenTheDiskIsFull) {
   EXPECT_EQ(names_in_folder(), std::vector<std::string>{"job.sil"});
 }
 
+// A process that is interrupted where it is told to be; its end as waitpid() tells it.
+int end_of_interrupted(int jt_test::Interruptions::*moment, int signal, const std::function<void()> &act) {
+  const pid_t process = fork();
+  if (process == 0) {
+    std::signal(signal, SIG_DFL);
+    clean_up_on_signals();
+    jt_test::interruptions().*moment = signal;
+    act();
+    _exit(0);
+  }
+  int ended = 0;
+  waitpid(process, &ended, 0);
+  return ended;
+}
+
+TEST_F(ReplaceFile, LeavesTheOldTextWhenItIsInterruptedBeforeTheRenaming) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const auto moment :
+         {&jt_test::Interruptions::before_fsync, &jt_test::Interruptions::before_rename}) {
+      const int ended = end_of_interrupted(moment, signal, [this] { replace("new"); });
+      EXPECT_TRUE(WIFSIGNALED(ended) && WTERMSIG(ended) == signal) << ended;
+      EXPECT_EQ(read_whole(path_), "old");
+      EXPECT_EQ(names_in_folder(), std::vector<std::string>{"job.sil"});
+    }
+  }
+}
+
+TEST_F(ReplaceFile, LeavesTheNewTextWhenItIsInterruptedBehindTheRenaming) {
+  const int ended =
+      end_of_interrupted(&jt_test::Interruptions::behind_rename, SIGINT, [this] { replace("new"); });
+  EXPECT_TRUE(WIFSIGNALED(ended) && WTERMSIG(ended) == SIGINT) << ended;
+  EXPECT_EQ(read_whole(path_), "new");
+  EXPECT_EQ(names_in_folder(), std::vector<std::string>{"job.sil"});
+}
+
+// What nohup and a shell in the background ask for.
+TEST_F(ReplaceFile, GoesOnWhereSignalsAreIgnored) {
+  const pid_t process = fork();
+  if (process == 0) {
+    std::signal(SIGHUP, SIG_IGN);
+    clean_up_on_signals();
+    jt_test::interruptions().before_rename = SIGHUP;
+    _exit(replace("new").problem.empty() ? 0 : 1);
+  }
+  int ended = 0;
+  waitpid(process, &ended, 0);
+  EXPECT_EQ(ended, 0);
+  EXPECT_EQ(read_whole(path_), "new");
+}
+
 }  // namespace
 }  // namespace sil

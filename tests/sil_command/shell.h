@@ -7,10 +7,13 @@
 
 namespace jt_test {
 
-inline std::string with_sil() {
+inline std::string sil_command() {
   const char *const installed = std::getenv("JT_SIL_COMMAND");
-  const std::string command = installed != nullptr ? installed : JT_EMULATOR " " JT_SIL;
-  return "sil() { " + command + " \"$@\"; }; export EXAMPLES=" JT_SOURCE_DIR "/examples; ";
+  return installed != nullptr ? installed : JT_EMULATOR " " JT_SIL;
+}
+
+inline std::string with_sil() {
+  return "sil() { " + sil_command() + " \"$@\"; }; export EXAMPLES=" JT_SOURCE_DIR "/examples; ";
 }
 
 // Runs what a person types, in that folder.

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstddef>
 #include <utility>
 
@@ -21,7 +22,16 @@ Refusals &refusals() {
   return all;
 }
 
+Interruptions &interruptions() {
+  static Interruptions all;
+  return all;
+}
+
 namespace {
+
+void interrupt(int signal) {
+  if (signal != 0) std::raise(signal);
+}
 
 bool refuses(int &problem) {
   errno = problem;
@@ -33,10 +43,16 @@ bool refuses(int &problem) {
 
 extern "C" {
 
-int __wrap_fsync(int file) { return jt_test::refuses(jt_test::refusals().fsync) ? -1 : __real_fsync(file); }
+int __wrap_fsync(int file) {
+  jt_test::interrupt(jt_test::interruptions().before_fsync);
+  return jt_test::refuses(jt_test::refusals().fsync) ? -1 : __real_fsync(file);
+}
 
 int __wrap_rename(const char *from, const char *to) {
-  return jt_test::refuses(jt_test::refusals().rename) ? -1 : __real_rename(from, to);
+  jt_test::interrupt(jt_test::interruptions().before_rename);
+  const int result = jt_test::refuses(jt_test::refusals().rename) ? -1 : __real_rename(from, to);
+  jt_test::interrupt(jt_test::interruptions().behind_rename);
+  return result;
 }
 
 int __wrap_fchown(int file, uid_t user, gid_t group) {

@@ -1,4 +1,5 @@
-// Calls of the system on files that can be told to fail, for executables that are linked with --wrap.
+// Calls of the system on files that can be told to fail, or to be interrupted, for executables that are linked with
+// --wrap.
 #ifndef JT_TESTS_SUPPORT_REFUSING_FILES_H
 #define JT_TESTS_SUPPORT_REFUSING_FILES_H
 
@@ -12,6 +13,14 @@ struct Refusals {
   int fsetxattr = 0;
 };
 Refusals &refusals();
+
+/// The signal that comes before a call does its work, or behind it; 0 is none.
+struct Interruptions {
+  int before_fsync = 0;
+  int before_rename = 0;
+  int behind_rename = 0;
+};
+Interruptions &interruptions();
 
 }  // namespace jt_test
 

@@ -14,6 +14,8 @@
 #include <mutex>
 #include <thread>
 
+#include "replace_file.h"
+
 namespace sil {
 namespace {
 
@@ -113,6 +115,7 @@ class Works {
     const std::size_t threads =
         std::min<std::size_t>(std::max(1U, std::thread::hardware_concurrency()), files.size());
     window_ = 2 * threads;
+    const HeldSignals held;
     for (std::size_t i = 0; i < threads; ++i) threads_.emplace_back([this] { run(); });
   }
 

@@ -124,22 +124,13 @@ class Replacement {
     const std::string pattern = (path.parent_path() / ("." + path.filename().native() + ".XXXXXX")).native();
     if (pattern.size() >= kLongestPath) return fail("has a path that is too long");
     // A signal between the making and the noting of the name would leave the file behind.
-    hold_signals(SIG_BLOCK);
+    const HeldSignals held;
     std::string name = pattern;
-    const int file = mkostemp(name.data(), O_CLOEXEC);
-    const int problem = errno;
-    if (file >= 0) name.copy(unfinished, name.size());
-    if (file >= 0) unfinished[name.size()] = '\0';
-    hold_signals(SIG_UNBLOCK);
-    errno = problem;
-    return new_.take(file) || fail(system_problem("no new file can be made beside it"));
-  }
-
-  static void hold_signals(int how) {
-    sigset_t signals;
-    sigemptyset(&signals);
-    for (const int signal : kEndingSignals) sigaddset(&signals, signal);
-    pthread_sigmask(how, &signals, nullptr);
+    if (!new_.take(mkostemp(name.data(), O_CLOEXEC)))
+      return fail(system_problem("no new file can be made beside it"));
+    name.copy(unfinished, name.size());
+    unfinished[name.size()] = '\0';
+    return true;
   }
 
   bool fill_new() {
@@ -188,12 +179,23 @@ class Replacement {
 
 }  // namespace
 
+HeldSignals::HeldSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int signal : kEndingSignals) sigaddset(&signals, signal);
+  pthread_sigmask(SIG_BLOCK, &signals, &before_);
+}
+
+HeldSignals::~HeldSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
 Replaced replace_file(const std::string &path, const Stamp &read, std::string_view text) {
   return Replacement(path, read, text).run();
 }
 
 void clean_up_on_signals() {
-  for (const int signal : kEndingSignals) std::signal(signal, end_without_a_trace);
+  // What nohup and a shell in the background have told to be ignored stays so.
+  for (const int signal : kEndingSignals)
+    if (std::signal(signal, end_without_a_trace) == SIG_IGN) std::signal(signal, SIG_IGN);
   // A file that may not grow further is a write that fails, which is said.
   std::signal(SIGXFSZ, SIG_IGN);
 }

@@ -3,6 +3,7 @@
 #ifndef SIL_REPLACE_FILE_H
 #define SIL_REPLACE_FILE_H
 
+#include <csignal>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,19 @@ Replaced replace_file(const std::string &path, const Stamp &read, std::string_vi
 
 /// From then on a signal that ends the process takes an unfinished new file away with it.
 void clean_up_on_signals();
+
+/// Holds the signals back that would end the program, from this thread and those that it starts. A thread that is
+/// started so never sees them: whoever writes files is the one to clean up.
+class HeldSignals {
+ public:
+  HeldSignals();
+  HeldSignals(const HeldSignals &) = delete;
+  HeldSignals &operator=(const HeldSignals &) = delete;
+  ~HeldSignals();
+
+ private:
+  sigset_t before_;
+};
 
 }  // namespace sil
 
