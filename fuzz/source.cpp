@@ -1,7 +1,7 @@
 // Any bytes, decoded with a listener and checked. The text ends where an unreadable page begins, so that reading
 // one byte behind it ends the process. Whatever comes of it: result, status and messages are those of the plain
 // decode, a refused text has an error and an accepted one none, tokens are told in their order and do not overlap,
-// all that is opened is closed.
+// all that is opened is closed; and a template of which a check tells nothing is read back as it is written.
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -99,6 +99,28 @@ jt_listener record_for(Listener &listener) {
   return {sizeof(jt_listener), &listener, on_open, on_close, on_token, on_finding, on_handle};
 }
 
+std::int32_t count_finding(void *context, const jt_finding * /*finding*/) {
+  ++*static_cast<int *>(context);
+  return 0;
+}
+
+// A template of which nothing is told is read back as it is written.
+void check_promise(const jt_fuzz::Session &session, std::int32_t handle, const char *written) {
+  int findings = 0;
+  jt_listener listener{};
+  listener.size = sizeof(listener);
+  listener.context = &findings;
+  listener.finding = count_finding;
+  const bool loses_nothing = jt_check_template(session.space, handle, &listener) == 1;
+  check(loses_nothing || findings > 0, "a loss is told");
+  if (findings > 0) return;
+  const std::int32_t again = jt_decode_template(session.space, written);
+  check(again != 0, "what loses nothing is read back");
+  const jt_fuzz::OwnedText rewritten(jt_encode_template(session.space, again));
+  check(rewritten != nullptr && std::string_view(rewritten.get()) == written, "as it was written");
+  check(jt_destroy_template(session.space, again) == 1, "a template is destroyed");
+}
+
 struct Fate {
   bool accepted;
   std::int32_t status;
@@ -115,6 +137,7 @@ Fate fate_of(const jt_fuzz::Session &session, std::int32_t handle, bool is_tree)
     const jt_fuzz::OwnedText written(jt_encode_template(session.space, handle));
     check(written != nullptr, "what was decoded is encoded");
     fate.written = written.get();
+    check_promise(session, handle, written.get());
     check(jt_destroy_template(session.space, handle) == 1, "a template is destroyed");
   }
   check(session.is_empty(), "nothing is left of a text");
