@@ -40,7 +40,7 @@ enum Mix { kNone, kOne, kHalf, kAll };
 constexpr const char *kMixNames[] = {"none equal", "two equal", "half equal", "all equal"};
 
 // Which sibling the call of that number is for.
-std::size_t place(Order order, std::size_t number, std::size_t count) {
+std::size_t place(int order, std::size_t number, std::size_t count) {
   const std::size_t back = count - 1 - number;
   // The stride has no factor in common with the counts.
   const std::size_t places[] = {number, back, number * 7919 % count,
@@ -64,7 +64,7 @@ using Kinds = std::span<const Kind>;
 constexpr Kinds kOfKnownType = Kinds(kKinds).first(3);
 constexpr Kinds kOfValues = Kinds(kKinds).first(4);
 constexpr Kinds kNamed = Kinds(kKinds).last(2);
-constexpr const Kind *kServices = &kNamed[0];
+constexpr const Kind *kServices = kNamed.data();
 constexpr const Kind *kAttributes = &kNamed[1];
 
 constexpr char kScan[] = "Scan";
@@ -72,8 +72,8 @@ constexpr char kValues[] = "values";
 
 struct Row {
   const Kind *kind;
-  Order order;
-  Mix mix;
+  int order;
+  int mix;
 };
 
 // One measurement: a template with one service, one invocation and, for values, one attribute.
@@ -291,7 +291,7 @@ std::vector<Row> rows_of(const Measured &measured) {
   std::vector<Row> rows;
   for (const Kind &kind : measured.kinds) {
     for (int order = kFront; order <= measured.last_order; ++order) {
-      for (int mix = kNone; mix <= measured.last_mix; ++mix) rows.push_back({&kind, Order(order), Mix(mix)});
+      for (int mix = kNone; mix <= measured.last_mix; ++mix) rows.push_back({&kind, order, mix});
     }
   }
   return rows;

@@ -118,7 +118,7 @@
 /// The version of the library: its first number.
 #define JT_VERSION_MAJOR 4
 /// Its second number.
-#define JT_VERSION_MINOR 2
+#define JT_VERSION_MINOR 3
 /// Its third number.
 #define JT_VERSION_PATCH 0
 
@@ -263,7 +263,8 @@ JT_API jt_parser_space *jt_open_session(const char *label, const jt_allocator *a
 /// \cost O(nodes alive).
 JT_API int32_t jt_close_parsing_utility(jt_parser_space *space);
 
-/// The version of the library: two lines, `VERSION 4.2.00` and a notice, each with its line feed.
+/// The version of the language and of the first calls: two lines, `VERSION 4.2.00` and a notice, each with its line
+/// feed. It stays as it is; #JT_VERSION_MINOR counts what has come since.
 ///
 /// \param space  The session.
 /// \return The text; null for a null session.

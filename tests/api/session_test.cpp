@@ -153,11 +153,6 @@ TEST_F(SessionCalls, TheVersionIsALineAndANoticeOfOneLine) {
   EXPECT_EQ(notice.find('\n'), notice.size() - 1);
 }
 
-TEST_F(SessionCalls, TheVersionIsThatOfTheHeader) {
-  const std::string version = std::to_string(JT_VERSION_MAJOR) + "." + std::to_string(JT_VERSION_MINOR);
-  EXPECT_EQ(std::string(jt_get_version(space)).substr(8, version.size()), version);
-}
-
 TEST_F(SessionCalls, TheCopyrightHasItsShape) {
   const std::string text = jt_get_copyright(space);
   EXPECT_EQ(text.size(), 658U);

@@ -9,7 +9,7 @@ namespace {
 
 TEST(PublicHeader, StatesTheVersion) {
   EXPECT_EQ(JT_VERSION_MAJOR, 4);
-  EXPECT_EQ(JT_VERSION_MINOR, 2);
+  EXPECT_EQ(JT_VERSION_MINOR, 3);
   EXPECT_EQ(JT_VERSION_PATCH, 0);
 }
 

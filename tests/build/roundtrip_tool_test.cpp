@@ -174,7 +174,7 @@ TEST(RoundTripTool, SaysWhyItsHelpAndVersionCannotBePrinted) {
 TEST(RoundTripTool, TellsItsVersion) {
   const ProgramRun run = tool({"--version"});
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_EQ(run.out, "jt-roundtrip 4.2.0\n");
+  EXPECT_EQ(run.out, "jt-roundtrip 4.3.0\n");
   EXPECT_EQ(run.err, "");
 }
 

@@ -11,7 +11,7 @@ program=$2/client
 PKG_CONFIG_LIBDIR=$(dirname "$(find "$prefix" -name jt.pc)")
 export PKG_CONFIG_LIBDIR
 
-pkg-config --exists 'jt >= 4.2 jt < 5'
+pkg-config --exists 'jt >= 4.3 jt < 5'
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir jt)
 export LD_LIBRARY_PATH
 [ -f "$LD_LIBRARY_PATH/libjt.so.4" ]

@@ -10,9 +10,10 @@ namespace {
 
 // The codes that are left but notes, with the text at each.
 std::string visible(std::string_view text, bool is_strict = false) {
-  const Document document = read_document(text);
+  Document document = read_document(text);
+  hide_suppressed(document, is_strict);
   std::string said;
-  for (const SourceFinding &finding : visible_findings(document, is_strict))
+  for (const SourceFinding &finding : document.findings)
     if (finding.severity != JT_SEVERITY_NOTE)
       said.append(jt_finding_name(finding.code))
           .append(" ")

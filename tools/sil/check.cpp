@@ -78,14 +78,15 @@ std::string findings_of(const std::string &name, std::string_view text, const Wi
   if (!may_have_suppressions &&
       !has_findings(text, wish.wants_notes ? JT_SEVERITY_NOTE : JT_SEVERITY_WARNING))
     return "";
-  const Document document = read_document(text);
+  Document document = read_document(text);
+  hide_suppressed(document, wish.is_strict);
   const Lines lines(text);
   Describer describer(document, lines, wish.is_redacted);
   const PaintPart paint = [&](Part part, std::string_view piece) {
     return wish.is_standard_output_taken ? std::string(piece) : output.in(colour_of(part), piece);
   };
   std::string found;
-  for (const SourceFinding &told : visible_findings(document, wish.is_strict)) {
+  for (const SourceFinding &told : document.findings) {
     if (!is_wanted(told, wish)) continue;
     Finding finding = describer.describe(told);
     if (wish.is_strict && finding.severity == JT_SEVERITY_LOSS) finding.severity = JT_SEVERITY_ERROR;

@@ -7,7 +7,7 @@ foreach(version 3 5 4.99)
 endforeach()
 find_package(jt 4.0 CONFIG REQUIRED)
 # A second time changes nothing: two parts of a project may both ask for it.
-find_package(jt 4.2.0 CONFIG REQUIRED)
+find_package(jt 4.3.0 CONFIG REQUIRED)
 cmake_path(IS_PREFIX CMAKE_PREFIX_PATH ${jt_DIR} NORMALIZE is_there)
 if(NOT is_there)
   message(FATAL_ERROR "found ${jt_DIR}, not what is in ${CMAKE_PREFIX_PATH}")

@@ -14,33 +14,21 @@ struct Cure {
   std::string_view put_in;
 };
 
-bool begins_attribute(const Document &document, std::size_t offset) {
-  return std::any_of(document.elements.begin(), document.elements.end(),
-                     [offset](const SourceElement &element) {
-                       return element.kind == JT_SOURCE_ATTRIBUTE && element.range.begin == offset;
-                     });
-}
-
-bool begins_service(const Document &document, std::size_t offset) {
-  return std::any_of(document.elements.begin(), document.elements.end(),
-                     [offset](const SourceElement &element) {
-                       return element.kind == JT_SOURCE_SERVICE && element.range.begin == offset;
-                     });
-}
-
-bool has_comment_between(const Document &document, std::size_t begin, std::size_t end) {
-  return std::any_of(document.tokens.begin(), document.tokens.end(), [=](const SourceToken &token) {
-    return token.is_comment() && token.range.begin >= begin && token.range.end <= end;
-  });
+// Elements are in the order in which they begin.
+bool begins_statement(const Document &document, std::size_t offset) {
+  const auto element =
+      std::lower_bound(document.elements.begin(), document.elements.end(), offset,
+                       [](const SourceElement &each, std::size_t at) { return each.range.begin < at; });
+  return element != document.elements.end() && element->range.begin == offset &&
+         (element->kind == JT_SOURCE_ATTRIBUTE || element->kind == JT_SOURCE_SERVICE);
 }
 
 bool is_missing_semicolon(const Document &document, const SourceFinding &finding) {
   const bool is_missing = finding.code == JT_FINDING_SYNTAX_EXPECTED &&
                           finding.range.begin == finding.range.end &&
                           finding.expected.find(';') != std::string::npos && !finding.found_is_end;
-  return is_missing &&
-         (begins_attribute(document, finding.found.begin) || begins_service(document, finding.found.begin)) &&
-         !has_comment_between(document, finding.range.begin, finding.found.begin);
+  return is_missing && begins_statement(document, finding.found.begin) &&
+         !document.has_comment_in(finding.range.begin, finding.found.begin);
 }
 
 std::vector<Cure> cures_for(const Document &document) {
@@ -58,6 +46,7 @@ using Said = std::pair<std::int32_t, std::string>;
 
 std::vector<Said> said_of(std::string_view text, const std::vector<SourceFinding> &findings) {
   std::vector<Said> said;
+  said.reserve(findings.size());
   for (const SourceFinding &finding : findings)
     said.emplace_back(finding.code,
                       text.substr(finding.range.begin, finding.range.end - finding.range.begin));

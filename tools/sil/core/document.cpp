@@ -178,6 +178,19 @@ bool is_ended(const Document &document, const SourceElement &element) {
 
 }  // namespace
 
+std::size_t Document::token_from(std::size_t offset) const {
+  const auto found =
+      std::lower_bound(tokens.begin(), tokens.end(), offset,
+                       [](const SourceToken &token, std::size_t at) { return token.range.begin < at; });
+  return static_cast<std::size_t>(found - tokens.begin());
+}
+
+bool Document::has_comment_in(std::size_t begin, std::size_t end) const {
+  for (std::size_t i = token_from(begin); i < tokens.size() && tokens[i].range.begin < end; ++i)
+    if (tokens[i].is_comment()) return true;
+  return false;
+}
+
 Document read_document(std::string_view text) {
   Document document;
   document.text = text;

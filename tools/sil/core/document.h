@@ -63,6 +63,10 @@ struct Document {
   bool is_mark(const SourceToken &token, char mark) const {
     return token.role == JT_ROLE_PUNCTUATION && text[token.range.begin] == mark;
   }
+  /// The number of the first token that begins there or behind.
+  std::size_t token_from(std::size_t offset) const;
+  /// Whether a comment begins in a piece of the text.
+  bool has_comment_in(std::size_t begin, std::size_t end) const;
   /// What the token stands in; 0 for what is in nothing.
   std::int32_t kind_around(const SourceToken &token) const {
     return token.is_in_element() ? elements[token.element].kind : 0;

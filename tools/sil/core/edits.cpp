@@ -33,10 +33,12 @@ class Setter {
   explicit Setter(const Editable &editable) : document_(editable.document), model_(editable.model) {}
 
   Edited run(const std::vector<std::string> &assignments) {
-    for (const std::string &assignment : assignments)
-      if (!read(assignment)) return std::move(failure_);
-    for (const auto &[attribute, wish] : wishes_)
-      if (!set_values(attribute, wish)) return std::move(failure_);
+    const bool are_read = std::all_of(assignments.begin(), assignments.end(),
+                                      [this](const std::string &assignment) { return read(assignment); });
+    const bool are_set = are_read && std::all_of(wishes_.begin(), wishes_.end(), [this](const auto &entry) {
+                           return set_values(entry.first, entry.second);
+                         });
+    if (!are_set) return std::move(failure_);
     if (!has_one_change_each()) return wrong_use("two of the changes are of one place");
     return {Edited::Result::kDone, with_replacements(document_.text, std::move(replacements_)), ""};
   }
@@ -69,9 +71,9 @@ class Setter {
     to_element.value = 0;
     const std::variant<Found, Missing> found = resolve(model_, to_element);
     if (const Missing *const missing = std::get_if<Missing>(&found)) return fail(refused(missing->message));
-    for (const Place &place : std::get<Found>(found).places)
-      if (!set(place, path, value)) return false;
-    return true;
+    const std::vector<Place> &places = std::get<Found>(found).places;
+    return std::all_of(places.begin(), places.end(),
+                       [&](const Place &place) { return set(place, path, value); });
   }
 
   bool set(const Place &place, const Path &path, const std::string &value) {
@@ -266,11 +268,8 @@ class Setter {
 
   // Comments are nobody's to remove.
   bool remove(std::size_t begin, std::size_t end, std::string text = "") {
-    const bool has_comment =
-        std::any_of(document_.tokens.begin(), document_.tokens.end(), [=](const SourceToken &token) {
-          return token.is_comment() && token.range.begin >= begin && token.range.end <= end;
-        });
-    if (has_comment) return fail(refused("a comment stands in what would be removed; remove that first"));
+    if (document_.has_comment_in(begin, end))
+      return fail(refused("a comment stands in what would be removed; remove that first"));
     replace({begin, end}, std::move(text));
     return true;
   }

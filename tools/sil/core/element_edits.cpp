@@ -73,11 +73,7 @@ class LinesAround {
     return text_.substr(begin, end - begin).find_first_not_of(" \t") == std::string_view::npos;
   }
 
-  bool is_comment_at(std::size_t offset) const {
-    return std::any_of(document_.tokens.begin(), document_.tokens.end(), [offset](const SourceToken &token) {
-      return token.is_comment() && token.range.begin == offset;
-    });
-  }
+  bool is_comment_at(std::size_t offset) const { return document_.has_comment_in(offset, offset + 1); }
 
   const Document &document_;
   std::string_view text_;

@@ -103,12 +103,12 @@ std::vector<std::string> words_of(std::string_view text) {
   return words;
 }
 
-const Block *block_opened_by(std::string_view opening) {
-  const auto row = std::find_if(kBlocks.begin(), kBlocks.end(), [&](const Block &block) {
+const Block &block_opened_by(std::string_view opening) {
+  const auto *const row = std::find_if(kBlocks.begin(), kBlocks.end(), [&](const Block &block) {
     return !opening.empty() && opening[0] == block.opening;
   });
   // An invocation may begin with its name.
-  return row == kBlocks.end() ? &kBlocks[1] : &*row;
+  return row == kBlocks.end() ? kBlocks[1] : *row;
 }
 
 std::string services_with(const std::string &type) {
@@ -149,6 +149,173 @@ std::vector<std::string> candidates_of(std::int32_t kind, const std::string &sco
 
 constexpr std::array<std::string_view, 4> kSeverities = {"error", "loss", "warning", "note"};
 
+// ---- Where ----
+
+const SourceToken *token_at(const Document &document, std::size_t offset) {
+  const std::vector<SourceToken> &tokens = document.tokens;
+  const auto behind =
+      std::upper_bound(tokens.begin(), tokens.end(), offset,
+                       [](std::size_t at, const SourceToken &token) { return at < token.range.begin; });
+  if (behind == tokens.begin() || std::prev(behind)->range.end <= offset) return nullptr;
+  return &*std::prev(behind);
+}
+
+// The last one that ends there or before and is no comment.
+const SourceToken *token_before(const Document &document, std::size_t offset) {
+  const std::vector<SourceToken> &tokens = document.tokens;
+  auto behind =
+      std::upper_bound(tokens.begin(), tokens.end(), offset,
+                       [](std::size_t at, const SourceToken &token) { return at < token.range.end; });
+  while (behind != tokens.begin() && std::prev(behind)->is_comment()) --behind;
+  return behind == tokens.begin() ? nullptr : &*std::prev(behind);
+}
+
+// ---- What is put into messages ----
+
+struct Context {
+  const Document &document;
+  const SourceFinding &told;
+  bool is_redacted;
+
+  std::string_view piece() const { return document.piece(told.range); }
+  bool is_missing() const { return told.range.begin == told.range.end; }
+};
+
+std::string word_for(const Context &in, std::string_view piece, bool is_free) {
+  if (in.is_redacted && is_free) return std::string(kRedacted);
+  if (piece.size() <= kMostOfAWord) return in_ticks(printable(piece));
+  return in_ticks(printable(piece.substr(0, kMostOfAWord)) + "...");
+}
+
+// What was not read as a token may be anything.
+std::string shown(const Context &in, jt_range range) {
+  const SourceToken *const token = token_at(in.document, range.begin);
+  return word_for(in, in.document.piece(range), token == nullptr || is_free_token(in.document, *token));
+}
+
+std::string_view whole_token(const Context &in) {
+  const SourceToken *const token = token_at(in.document, in.told.range.begin);
+  return in.document.piece(token == nullptr ? in.told.range : token->range);
+}
+
+std::string word(const Context &in) { return shown(in, in.told.range); }
+
+std::string value(const Context &in) { return in_ticks(printable(whole_token(in))); }
+
+std::string found(const Context &in) {
+  const bool is_end = in.told.found_is_end || in.told.found.begin == in.told.found.end;
+  return is_end ? "the end of the text" : shown(in, in.told.found);
+}
+
+std::string expected(const Context &in) {
+  std::vector<std::string> parts;
+  for (const std::string &mark : words_of(in.told.expected)) parts.push_back(in_ticks(mark));
+  const auto has_role = [&](std::int32_t role) {
+    return (in.told.expected_roles >> static_cast<unsigned>(role) & 1U) != 0;
+  };
+  for (const RoleName &row : kRoleNames)
+    if (has_role(row.role)) parts.emplace_back(row.name);
+  if (has_role(JT_ROLE_MARKER))
+    parts.emplace_back(in.told.code == JT_FINDING_END_MARKER ? "`/SIL`" : "`SIL`");
+  return parts.empty() ? "something else" : as_choice(parts);
+}
+
+std::string behind(const Context &in) {
+  const SourceToken *const before = token_before(in.document, in.told.range.begin);
+  if (!in.is_missing() || before == nullptr) return "";
+  return " behind " + word_for(in, in.document.piece(*before), is_free_token(in.document, *before));
+}
+
+std::string type(const Context &in) { return in_ticks(in.told.type); }
+
+std::string form(const Context &in) { return form_of(in.told.type); }
+
+std::string scope(const Context &in) {
+  return in.told.scope.empty() ? "the built-in list" : in_ticks(in.told.scope);
+}
+
+std::string others(const Context &in) { return services_with(std::string(in.piece())); }
+
+std::string most(const Context &in) { return std::string(most_bytes_of(in.piece())); }
+
+std::string nearest_integer(const Context &in) {
+  return whole_token(in).starts_with('-') ? "-2147483648" : "2147483647";
+}
+
+std::string wrong_string(const Context &in) {
+  return bad_string(in.piece(), in.document.text.substr(in.told.range.end));
+}
+
+std::string unused(const Context &in) {
+  return (in.piece().starts_with('#') ? "this comment" : word(in)) + " hides nothing";
+}
+
+std::string wrong_end(const Context &in) {
+  if (in.is_missing() && in.told.expected.empty()) return "the end marker `< /SIL >` is missing";
+  const bool is_nothing_expected = in.told.expected.empty() && in.told.expected_roles == 0;
+  if (is_nothing_expected) return "nothing may follow the end marker, found " + found(in);
+  return "the end marker is `< /SIL >`: expected " + expected(in) + ", found " + found(in);
+}
+
+const Block &open_block(const Context &in) {
+  return block_opened_by(in.told.second ? in.document.piece(*in.told.second) : "");
+}
+
+std::string block(const Context &in) { return std::string(open_block(in).name); }
+
+// The mark that closes the block, unless something else is missing before.
+std::string closing(const Context &in) {
+  const std::string_view mark = open_block(in).closing;
+  const std::vector<std::string> marks = words_of(in.told.expected);
+  const bool may_close = marks.empty() || std::find(marks.begin(), marks.end(), mark) != marks.end();
+  return may_close ? in_ticks(mark) : expected(in);
+}
+
+struct Placeholder {
+  std::string_view key;
+  std::string (*text)(const Context &);
+};
+constexpr std::array kPlaceholders = {
+    Placeholder{"word", word},
+    Placeholder{"value", value},
+    Placeholder{"found", found},
+    Placeholder{"expected", expected},
+    Placeholder{"behind", behind},
+    Placeholder{"type", type},
+    Placeholder{"form", form},
+    Placeholder{"scope", scope},
+    Placeholder{"others", others},
+    Placeholder{"most", most},
+    Placeholder{"nearest", nearest_integer},
+    Placeholder{"string", wrong_string},
+    Placeholder{"unused", unused},
+    Placeholder{"end", wrong_end},
+    Placeholder{"block", block},
+    Placeholder{"closing", closing},
+};
+
+std::string text_for(std::string_view key, const Context &in) {
+  return std::find_if(kPlaceholders.begin(), kPlaceholders.end(),
+                      [key](const Placeholder &row) { return row.key == key; })
+      ->text(in);
+}
+
+std::string message_of(const Context &in) {
+  std::string message;
+  std::string_view rest = kMessages[static_cast<std::size_t>(in.told.code)];
+  for (std::size_t at = rest.find('{'); at != std::string_view::npos; at = rest.find('{')) {
+    const std::size_t end = rest.find('}', at);
+    message += rest.substr(0, at);
+    message += text_for(rest.substr(at + 1, end - at - 1), in);
+    rest.remove_prefix(end + 1);
+  }
+  return message.append(rest);
+}
+
+std::string label_of_second(const SourceFinding &told) {
+  return told.code == JT_FINDING_NAME_DUPLICATE ? "the first one is here" : "opened here";
+}
+
 }  // namespace
 
 std::string_view name_of_severity(std::int32_t severity) {
@@ -172,126 +339,24 @@ bool is_free_token(const Document &document, const SourceToken &token) {
   }
 }
 
-// ---- Where ----
-
-const SourceToken *Describer::token_at(std::size_t offset) const {
-  const std::vector<SourceToken> &tokens = document_.tokens;
-  const auto behind =
-      std::upper_bound(tokens.begin(), tokens.end(), offset,
-                       [](std::size_t at, const SourceToken &token) { return at < token.range.begin; });
-  if (behind == tokens.begin() || std::prev(behind)->range.end <= offset) return nullptr;
-  return &*std::prev(behind);
-}
-
-const SourceToken *Describer::token_before(std::size_t offset) const {
-  const std::vector<SourceToken> &tokens = document_.tokens;
-  auto behind =
-      std::upper_bound(tokens.begin(), tokens.end(), offset,
-                       [](std::size_t at, const SourceToken &token) { return at < token.range.end; });
-  while (behind != tokens.begin() && std::prev(behind)->is_comment()) --behind;
-  return behind == tokens.begin() ? nullptr : &*std::prev(behind);
-}
-
-// ---- What ----
-
-std::string Describer::word_for(std::string_view piece, bool is_free) const {
-  if (is_redacted_ && is_free) return std::string(kRedacted);
-  if (piece.size() <= kMostOfAWord) return in_ticks(printable(piece));
-  return in_ticks(printable(piece.substr(0, kMostOfAWord)) + "...");
-}
-
-std::string Describer::shown(jt_range range) const {
-  const SourceToken *const token = token_at(range.begin);
-  // What was not read as a token may be anything.
-  const bool is_free = token == nullptr || is_free_token(document_, *token);
-  return word_for(document_.piece(range), is_free);
-}
-
-std::string Describer::found_in(const SourceFinding &told) const {
-  return told.found_is_end || told.found.begin == told.found.end ? "the end of the text" : shown(told.found);
-}
-
-// What the range is a piece of.
-std::string_view Describer::whole_token(const SourceFinding &told) const {
-  const SourceToken *const token = token_at(told.range.begin);
-  return document_.piece(token == nullptr ? told.range : token->range);
-}
-
-std::string Describer::expectation_of(const SourceFinding &told) const {
-  std::vector<std::string> parts;
-  for (const std::string &mark : words_of(told.expected)) parts.push_back(in_ticks(mark));
-  for (const RoleName &row : kRoleNames)
-    if ((told.expected_roles >> static_cast<unsigned>(row.role) & 1U) != 0) parts.emplace_back(row.name);
-  if ((told.expected_roles >> JT_ROLE_MARKER & 1U) != 0)
-    parts.emplace_back(told.code == JT_FINDING_END_MARKER ? "`/SIL`" : "`SIL`");
-  return parts.empty() ? "something else" : as_choice(parts);
-}
-
-std::string Describer::value_for(std::string_view key, const SourceFinding &told) const {
-  const std::string_view piece = document_.piece(told.range);
-  if (key == "word") return shown(told.range);
-  if (key == "found") return found_in(told);
-  if (key == "expected") return expectation_of(told);
-  if (key == "type") return in_ticks(told.type);
-  if (key == "form") return form_of(told.type);
-  if (key == "scope") return told.scope.empty() ? "the built-in list" : in_ticks(told.scope);
-  if (key == "others") return services_with(std::string(piece));
-  if (key == "most") return std::string(most_bytes_of(piece));
-  if (key == "nearest") return whole_token(told).starts_with('-') ? "-2147483648" : "2147483647";
-  if (key == "value") return in_ticks(printable(whole_token(told)));
-  if (key == "string") return bad_string(piece, document_.text.substr(told.range.end));
-  if (key == "unused")
-    return piece.starts_with('#') ? "this comment hides nothing" : shown(told.range) + " hides nothing";
-  if (key == "behind") {
-    const SourceToken *const before = token_before(told.range.begin);
-    if (told.range.begin != told.range.end || before == nullptr) return "";
-    return " behind " + word_for(document_.piece(*before), is_free_token(document_, *before));
-  }
-  if (key == "end") {
-    if (piece.empty() && told.expected.empty()) return "the end marker `< /SIL >` is missing";
-    if (told.expected.empty() && told.expected_roles == 0)
-      return "nothing may follow the end marker, found " + found_in(told);
-    return "the end marker is `< /SIL >`: expected " + expectation_of(told) + ", found " + found_in(told);
-  }
-  const Block *const block = block_opened_by(told.second ? document_.piece(*told.second) : "");
-  if (key == "block") return std::string(block->name);
-  const std::vector<std::string> marks = words_of(told.expected);
-  const bool may_close =
-      marks.empty() || std::find(marks.begin(), marks.end(), block->closing) != marks.end();
-  return may_close ? in_ticks(block->closing) : expectation_of(told);
-}
-
-std::string Describer::message_of(const SourceFinding &told) const {
-  std::string message;
-  std::string_view rest = kMessages[static_cast<std::size_t>(told.code)];
-  for (std::size_t at = rest.find('{'); at != std::string_view::npos; at = rest.find('{')) {
-    const std::size_t end = rest.find('}', at);
-    message += rest.substr(0, at);
-    message += value_for(rest.substr(at + 1, end - at - 1), told);
-    rest.remove_prefix(end + 1);
-  }
-  return message.append(rest);
-}
-
 const std::vector<std::string> &Describer::suggestions_for(const SourceFinding &told) {
-  std::string word(document_.piece(told.range));
+  static const std::vector<std::string> kNothing;
+  if (told.candidates == JT_CANDIDATES_NONE) return kNothing;
+  const std::string word(document_.piece(told.range));
   const auto [answer, is_new] = answers_.try_emplace(Question{told.candidates, told.scope, word});
-  if (!is_new || told.candidates == JT_CANDIDATES_NONE) return answer->second;
+  if (!is_new) return answer->second;
   const auto [names, is_first] = candidates_.try_emplace({told.candidates, told.scope});
   if (is_first) names->second = candidates_of(told.candidates, told.scope);
   answer->second = nearest(word, names->second);
   return answer->second;
 }
 
-std::string Describer::label_of_second(const SourceFinding &told) const {
-  return told.code == JT_FINDING_NAME_DUPLICATE ? "the first one is here" : "opened here";
-}
-
 Finding Describer::describe(const SourceFinding &told) {
   Finding finding;
   finding.code = told.code;
   finding.severity = told.severity;
-  finding.label = {told.range, lines_.position_of(told.range.begin), message_of(told)};
+  finding.label = {told.range, lines_.position_of(told.range.begin),
+                   message_of({document_, told, is_redacted_})};
   finding.suggestions = suggestions_for(told);
   if (told.second)
     finding.second = {*told.second, lines_.position_of(told.second->begin), label_of_second(told)};

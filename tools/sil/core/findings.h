@@ -43,17 +43,7 @@ class Describer {
  private:
   using Question = std::tuple<std::int32_t, std::string, std::string>;
 
-  std::string message_of(const SourceFinding &told) const;
-  std::string expectation_of(const SourceFinding &told) const;
-  std::string word_for(std::string_view piece, bool is_free) const;
-  std::string shown(jt_range range) const;
-  std::string_view whole_token(const SourceFinding &told) const;
-  std::string found_in(const SourceFinding &told) const;
-  std::string value_for(std::string_view key, const SourceFinding &told) const;
   const std::vector<std::string> &suggestions_for(const SourceFinding &told);
-  std::string label_of_second(const SourceFinding &told) const;
-  const SourceToken *token_before(std::size_t offset) const;
-  const SourceToken *token_at(std::size_t offset) const;
 
   const Document &document_;
   const Lines &lines_;

@@ -2,6 +2,7 @@
 #include "core/suppressions.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/text.h"
 
@@ -116,24 +117,25 @@ std::int32_t code_named(std::string_view name) {
   return -1;
 }
 
-std::vector<SourceFinding> visible_findings(const Document &document, bool is_strict) {
+void hide_suppressed(Document &document, bool is_strict) {
   std::vector<Suppression> suppressions = Reader(document).run();
   const std::int32_t hardest = is_strict ? JT_SEVERITY_LOSS : JT_SEVERITY_ERROR;
-  std::vector<SourceFinding> visible;
-  for (const SourceFinding &finding : document.findings) {
+  std::vector<SourceFinding> &findings = document.findings;
+  std::erase_if(findings, [&](const SourceFinding &finding) {
     bool is_hidden = false;
     for (Suppression &suppression : suppressions) {
       if (finding.severity <= hardest || !covers(suppression, finding)) continue;
       is_hidden = suppression.is_used = true;
     }
-    if (!is_hidden) visible.push_back(finding);
-  }
-  for (const Suppression &suppression : suppressions)
-    if (!suppression.is_used) visible.push_back(unused(suppression));
-  std::stable_sort(visible.begin(), visible.end(), [](const SourceFinding &a, const SourceFinding &b) {
-    return a.range.begin < b.range.begin;
+    return is_hidden;
   });
-  return visible;
+  for (const Suppression &suppression : suppressions)
+    if (!suppression.is_used) findings.push_back(unused(suppression));
+  const auto is_before = [](const SourceFinding &a, const SourceFinding &b) {
+    return a.range.begin < b.range.begin;
+  };
+  if (!std::is_sorted(findings.begin(), findings.end(), is_before))
+    std::stable_sort(findings.begin(), findings.end(), is_before);
 }
 
 }  // namespace sil

@@ -3,15 +3,15 @@
 #ifndef SIL_CORE_SUPPRESSIONS_H
 #define SIL_CORE_SUPPRESSIONS_H
 
-#include <vector>
+#include <string_view>
 
 #include "core/document.h"
 
 namespace sil {
 
-/// The findings that no comment hides, and one for each code of a comment that hides nothing, in the order of the
-/// text. Errors cannot be hidden; with `is_strict`, losses cannot either.
-std::vector<SourceFinding> visible_findings(const Document &document, bool is_strict);
+/// Leaves the document the findings that no comment hides, and one for each code of a comment that hides nothing, in
+/// the order of the text. Errors cannot be hidden; with `is_strict`, losses cannot either.
+void hide_suppressed(Document &document, bool is_strict);
 
 /// The code of a name, or -1.
 std::int32_t code_named(std::string_view name);
