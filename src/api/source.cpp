@@ -51,7 +51,7 @@ int32_t jt_decode_source(jt_parser_space *space, const char *text, size_t size,
   jt_core::Teller teller(*space, {text, size}, listener);
   jt_core::SourceDecoder decoder(*space, teller, jt_core::options_from(options),
                                  jt_core::SourceDecoder::Purpose::kDecode);
-  const jt_node *const root = decoder.run(nullptr);
+  const jt_node *const root = decoder.run();
   return root != nullptr ? bookmark_to_opaque(root->bookmark) : 0;
 }
 
@@ -66,7 +66,7 @@ int32_t jt_check_source(jt_parser_space *space, const char *text, size_t size,
   jt_core::Teller teller(*space, {text, size}, listener);
   jt_core::SourceDecoder decoder(*session.get(), teller, jt_core::options_from(options),
                                  jt_core::SourceDecoder::Purpose::kCheck);
-  return decoder.run(&session.get()->errors) != nullptr ? 1 : 0;
+  return decoder.run() != nullptr ? 1 : 0;
 }
 
 int32_t jt_check_template(jt_parser_space *space, int32_t handle, const jt_listener *listener) {

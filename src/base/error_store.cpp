@@ -68,12 +68,14 @@ std::string_view beginning_of(const char *text) {
 void report(jt_parser_space *space, std::string_view message, std::string_view detail) {
   if (space == nullptr) return;
   ErrorStore &errors = errors_of(*space);
+  if (errors.is_muted) return;
   errors.status = status_of(message);
   record(errors, message, detail);
 }
 
 void report_joined(jt_parser_space *space, std::string_view begin, std::string_view middle,
                    std::string_view end, std::string_view detail) {
+  if (space == nullptr || errors_of(*space).is_muted) return;
   Entry message;
   for (const std::string_view part : {begin, middle, end}) message.append(part, JT_MESSAGE_SIZE);
   report(space, {message.text.data(), message.length}, detail);

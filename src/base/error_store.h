@@ -17,6 +17,7 @@ struct ErrorStore {
   std::int32_t status;
   std::array<std::array<char, JT_MESSAGE_SIZE>, JT_HISTORY_LENGTH> messages;  // newest first
   std::int32_t previous;  // the message that get_previous_error() hands out next
+  bool is_muted;          // nothing is recorded
 };
 
 // Where a session keeps its errors; defined with its record, which is not known here.

@@ -259,7 +259,9 @@ bool SourceDecoder::re_read_string(std::size_t line_end, State &state) {
 // From here on the reports are none that a decode would make.
 void SourceDecoder::begin_failure() {
   has_failed_ = true;
-  if (reports_behind_error_ != nullptr) space_.reports = reports_behind_error_;
+  if (purpose_ == Purpose::kDecode) return;
+  space_.reports = nullptr;
+  space_.errors.is_muted = true;
 }
 
 // There is no memory, or no more than the options allow, which is reported: the code of what is found.
@@ -300,8 +302,7 @@ void SourceDecoder::tell_handles() {
 }
 
 // A check ends with the nodes that it made.
-jt_node *SourceDecoder::run(ErrorStore *reports_behind_error) {
-  reports_behind_error_ = reports_behind_error;
+jt_node *SourceDecoder::run() {
   if (!is_within_limits()) return nullptr;
   if (options_.most_nodes != 0 || options_.most_heap != 0) set_limits(space_, limits_of(options_));
   jt_node *root = decode();

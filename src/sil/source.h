@@ -9,7 +9,6 @@
 #include <cstring>
 #include <string_view>
 
-#include "base/error_store.h"
 #include "base/growing_array.h"
 #include "sil/engine.h"
 #include "sil/findings.h"
@@ -48,7 +47,7 @@ class SourceDecoder {
   SourceDecoder(jt_parser_space &space, Teller &teller, const jt_source_options &options, Purpose purpose);
 
   // The root of the text; null when it is in error. A check leaves its nodes to its session.
-  jt_node *run(ErrorStore *reports_behind_error);
+  jt_node *run();
 
   // ---- For the engine ----
 
@@ -148,7 +147,6 @@ class SourceDecoder {
   Decoder decoder_;
   jt_source_options options_;
   Purpose purpose_;
-  ErrorStore *reports_behind_error_ = nullptr;
   RemarkList remarks_;
   GrowingArray<NamedPlace> names_;         // by the element's number
   GrowingArray<std::int32_t> element_of_;  // by bookmark, of a check; not of its limits

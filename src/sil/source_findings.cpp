@@ -171,8 +171,9 @@ constexpr TokenSet kMarks = one_of(TokenKind::kWord) - 1;
 void describe_expected(const Machine &machine, State state, jt_finding &finding, char *marks,
                        std::size_t most) {
   TokenSet set = 0;
-  for (const Row *row = machine.rows; row->from != State::kFinished; ++row) {
-    if (row->from != state) continue;
+  const Row *row = machine.rows;
+  while (row->from != state && row->from != State::kFinished) ++row;
+  for (; row->from == state; ++row) {
     const bool is_mark = row->role == Role::kPunctuation || row->role == Role::kStar ||
                          row->role == Role::kHeld || row->role == Role::kNextStage;
     const bool takes_anything = (row->tokens & kMarks) == (kAnyText & kMarks);

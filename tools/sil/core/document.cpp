@@ -236,10 +236,10 @@ bool tokens_fit(const Document &document) {
 
 std::size_t count_line_ends(std::string_view text) {
   std::size_t count = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = line_end_at(text, at);
-    count += length == 0 ? 0 : 1;
-    at += std::max<std::size_t>(length, 1);
+  char before = '\0';
+  for (const char c : text) {
+    if (c == '\r' || (c == '\n' && before != '\r')) ++count;
+    before = c;
   }
   return count;
 }

@@ -195,10 +195,14 @@ class Layouter {
 
   // ---- Writing ----
 
-  std::size_t column() const { return out_.size() - (out_.rfind('\n') + 1); }
+  std::size_t column() const { return out_.size() - line_begin_; }
 
   void write(const SourceToken &token) {
-    out_ += document_.piece(token);
+    const std::string_view piece = document_.piece(token);
+    out_ += piece;
+    // A string may go over lines.
+    const std::size_t last_line = piece.rfind('\n');
+    if (last_line != std::string_view::npos) line_begin_ = out_.size() - piece.size() + last_line + 1;
     before_ = &token;
     end_of_last_ = token.range.end;
   }
@@ -249,6 +253,7 @@ class Layouter {
 
   void write_line_end(bool has_empty_line, std::size_t indent) {
     if (!out_.empty()) out_ += has_empty_line ? "\n\n" : "\n";
+    line_begin_ = out_.size();
     out_.append(indent, ' ');
   }
 
@@ -267,6 +272,7 @@ class Layouter {
   std::string out_;
   const SourceToken *before_ = nullptr;  // the last token that is no comment
   std::size_t end_of_last_ = 0;          // behind the last token or comment
+  std::size_t line_begin_ = 0;           // in what is written
 };
 
 }  // namespace
