@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <utility>
 
 namespace sil {
 namespace {
@@ -83,8 +84,8 @@ bool copy_attribute(int from, int to, const char *name) {
 
 class Replacement {
  public:
-  Replacement(const std::string &path, const Stamp &read, std::string_view text)
-      : read_(read), text_(text), target_(path) {}
+  Replacement(std::string path, const Stamp &read, std::string_view text)
+      : read_(read), text_(text), target_(std::move(path)) {}
 
   Replaced run() {
     const bool is_done = follow_links() && check_old() && make_new() && fill_new() && take_place();
