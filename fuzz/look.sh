@@ -11,6 +11,7 @@ seeds=fuzz/seeds/$name
 case $name in
   decode | roundtrip | source) seeds="$seeds examples examples/rejected" ;;
   values) dictionary=fuzz/values.dict ;;
+  json) seeds="$seeds examples" dictionary=fuzz/json.dict ;;
 esac
 mkdir -p "$corpus"
 

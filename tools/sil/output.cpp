@@ -78,6 +78,8 @@ std::string Output::in(Colour colour, std::string_view text) const {
 
 bool write_all(int file, std::string_view bytes) {
   while (!bytes.empty()) {
+    // The bytes are the caller's, which outlive the call.
+    // cppcheck-suppress invalidLifetime
     const ssize_t written = write(file, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return false;

@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <utility>
 
 namespace sil {
 namespace {
@@ -83,14 +84,11 @@ bool copy_attribute(int from, int to, const char *name) {
 
 class Replacement {
  public:
-  Replacement(const std::string &path, const Stamp &read, std::string_view text) : read_(read), text_(text) {
-    std::error_code problem;
-    target_ = std::filesystem::canonical(path, problem).native();
-    if (problem) result_.problem = problem.message();
-  }
+  Replacement(std::string path, const Stamp &read, std::string_view text)
+      : read_(read), text_(text), target_(std::move(path)) {}
 
   Replaced run() {
-    const bool is_done = result_.problem.empty() && check_old() && make_new() && fill_new() && take_place();
+    const bool is_done = follow_links() && check_old() && make_new() && fill_new() && take_place();
     if (!is_done && unfinished[0] != '\0') unlink(unfinished);
     unfinished[0] = '\0';
     return std::move(result_);
@@ -100,6 +98,12 @@ class Replacement {
   bool fail(std::string problem) {
     result_.problem = std::move(problem);
     return false;
+  }
+
+  bool follow_links() {
+    std::error_code problem;
+    target_ = std::filesystem::canonical(target_, problem).native();
+    return !problem || fail(problem.message());
   }
 
   bool is_changed() const {

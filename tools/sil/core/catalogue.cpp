@@ -137,8 +137,13 @@ std::string form_of(std::string_view type) {
       std::find_if(kWords.begin(), kWords.end(), [&](const Words &one) { return one.form == form; });
   std::string text(words == kWords.end() ? form : words->words);
   if (words != kWords.end() && !words->has_ranges) return text;
-  for (const auto &[part, ranges] : ranges_by_part(row))
-    text += part == form ? " from " + ranges : "; " + part + " " + ranges;
+  for (const auto &[part, ranges] : ranges_by_part(row)) {
+    if (part == form) {
+      text.append(" from ").append(ranges);
+    } else {
+      text.append("; ").append(part).append(" ").append(ranges);
+    }
+  }
   return text;
 }
 

@@ -49,7 +49,7 @@ void JsonWriter::quote(std::string_view value) {
     std::size_t escape = 0;
     while (escape < kLetters.size() && kLetters[escape] != c) escape += 2;
     const auto byte = static_cast<unsigned char>(c);
-    if (escape < kLetters.size()) {
+    if (escape + 1 < kLetters.size()) {
       out_ += '\\';
       out_ += kLetters[escape + 1];
     } else if (byte < ' ' || byte == 0x7F) {
