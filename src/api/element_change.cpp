@@ -88,7 +88,7 @@ std::int32_t set_status_text(jt_parser_space *space, jt_node &node, const char *
   if (node.status == nullptr || status_text(nullptr, node.status).empty())
     return refuse(space, message::kStatusMissing);
   if (!may_stand_in_braces(node, text)) return refuse(space, message::kNotReadBack, text);
-  char *const copy = keep_text(space, heap_of(node), text);
+  char *const copy = keep_text(space, heap_of(node), view_of(text));
   if (copy == nullptr) return 0;
   release_text(node, node.overridden_value);
   node.overridden_value = copy;
@@ -101,7 +101,7 @@ std::int32_t set_status_text(jt_parser_space *space, jt_node &node, const char *
 // A client's own type may write into the text that it reads, and need not be able to read any.
 jt_value *read_foreign_value(jt_parser_space *space, const jt_type &type, const char *text) {
   if (type.eval == nullptr) return nullptr;
-  char *const copy = copy_text(space, text);
+  char *const copy = copy_text(space, view_of(text));
   jt_value *const value = copy != nullptr ? type.eval(space, copy) : nullptr;
   er_free(copy);
   return value;
@@ -110,15 +110,15 @@ jt_value *read_foreign_value(jt_parser_space *space, const jt_type &type, const 
 std::int32_t set_known_value(jt_parser_space *space, jt_node &node, const char *text) {
   const ValueFamily *const family = family_of(node.type);
   KeptSink sink(heap_of(node));
-  jt_value *const value =
-      family != nullptr ? family->read(space, text, sink).value : read_foreign_value(space, *node.type, text);
+  jt_value *const value = family != nullptr ? family->read(space, view_of(text), sink).value
+                                            : read_foreign_value(space, *node.type, text);
   if (value == nullptr) return 0;
   replace_value(*space, *node.parent, node, value, family != nullptr ? ReleasedBy::kHeap : ReleasedBy::kType);
   return 1;
 }
 
 std::int32_t set_pending_value(jt_parser_space *space, jt_node &node, const char *text) {
-  char *const copy = keep_text(space, heap_of(node), text);
+  char *const copy = keep_text(space, heap_of(node), view_of(text));
   if (copy == nullptr) return 0;
   unindex_child(*node.parent, node);
   release_text(node, node.pending_value);

@@ -59,7 +59,7 @@ jt_node *header_at(jt_parser_space *space, std::int32_t handle, const char *miss
 
 // ---- Words and attributes ---------------------------------------------------------------------------------
 
-bool is_word(jt_parser_space *space, const char *text) {
+bool is_word(jt_parser_space *space, std::string_view text) {
   return is_header_word(text) || refuse(space, message::kNotReadBack, text) != 0;
 }
 
@@ -67,12 +67,13 @@ bool is_word(jt_parser_space *space, const char *text) {
 std::int32_t change_word(jt_parser_space *space, std::int32_t handle, const char *text,
                          std::string_view HeaderWords::*which) {
   jt_node *const header = header_at(space, handle, text == nullptr ? message::kNullValue : nullptr);
-  if (header == nullptr || !is_word(space, text)) return 0;
+  const std::string_view word = view_of(text);
+  if (header == nullptr || !is_word(space, word)) return 0;
   const char *const version = version_of(*header);
   const char *const identifier = identifier_of(*header);
   if (version == nullptr || identifier == nullptr) return refuse(space, message::kHeaderMissing);
   HeaderWords words = {version, identifier};
-  words.*which = text;
+  words.*which = word;
   return set_words(*space, *header, words) ? 1 : 0;
 }
 
@@ -102,8 +103,9 @@ int32_t jt_set_header(jt_parser_space *space, int32_t handle, int32_t form, cons
     jt_core::remove_header(*space, *root);
     return 1;
   }
-  if (!jt_core::is_word(space, version) || !jt_core::is_word(space, identifier)) return 0;
-  return jt_core::set_header(*space, *root, static_cast<std::int16_t>(form), {version, identifier}) ? 1 : 0;
+  const jt_core::HeaderWords words = {jt_core::view_of(version), jt_core::view_of(identifier)};
+  if (!jt_core::is_word(space, words.version) || !jt_core::is_word(space, words.identifier)) return 0;
+  return jt_core::set_header(*space, *root, static_cast<std::int16_t>(form), words) ? 1 : 0;
 }
 
 int32_t jt_set_header_version(jt_parser_space *space, int32_t handle, const char *version) {

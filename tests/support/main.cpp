@@ -15,6 +15,8 @@ bool set_locale(const char *name) {
     std::fprintf(stderr, "There is no locale %s here.\n", name);
     return false;
   }
+  // What the system says of its own errors is in its language; the tests know one.
+  std::setlocale(LC_MESSAGES, "C");
   std::printf("locale %s: decimal point '%s', lower case of 'I' 0x%02x\n", name,
               std::localeconv()->decimal_point, static_cast<unsigned>(std::tolower('I')));
   return true;

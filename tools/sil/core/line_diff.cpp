@@ -3,7 +3,9 @@
 #include "core/line_diff.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <vector>
 
 namespace sil {
@@ -65,8 +67,8 @@ class Comparison {
     const auto most = std::min<std::int64_t>(width_ + height_, kMostChanges);
     std::vector<std::int64_t> reached(2 * static_cast<std::size_t>(most) + 3, 0);
     for (std::int64_t changes = 0; changes <= most; ++changes) {
-      history_.emplace_back(reached.begin() + (most + 1 - changes - 1),
-                            reached.begin() + (most + 1 + changes + 2));
+      history_.emplace_back(std::next(reached.begin(), static_cast<std::ptrdiff_t>(most - changes)),
+                            std::next(reached.begin(), static_cast<std::ptrdiff_t>(most + changes + 3)));
       for (std::int64_t k = -changes; k <= changes; k += 2) {
         std::int64_t x = first_x(history_.back(), changes, k);
         while (x < width_ && x - k < height_ && x - k >= 0 && is_same(x, x - k)) ++x;
