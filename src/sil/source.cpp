@@ -91,6 +91,8 @@ RemarkList::RemarkList() {
   };
 }
 
+// The decoder is set when it begins, and marks are written before they are told.
+// cppcheck-suppress uninitMemberVar
 SourceDecoder::SourceDecoder(jt_parser_space &space, Teller &teller, const jt_source_options &options,
                              Purpose purpose)
     : space_(space),

@@ -64,7 +64,7 @@ bool remark_numbers(Reading reading, std::string_view text, std::span<const Numb
 }
 
 void remark_fields(Reading reading, std::string_view text, std::string_view rest, NumberRange range) {
-  text.remove_suffix(static_cast<std::size_t>(text.end() - rest.begin()));
+  text = text.substr(0, static_cast<std::size_t>(rest.data() - text.data()));
   while (text.find(kFieldSeparator) != std::string_view::npos) {
     remark_number(reading, text, range, Outside::kWarned);
   }
@@ -78,7 +78,7 @@ void remark_misfit(Reading reading, std::string_view text, std::string_view rest
 void remark_unfit_name(Reading reading, std::string_view text, std::string_view name) {
   remark_fields(reading, text, name);
   if (!name.empty()) return remark(reading, Remark::kUnknownName, name, true);
-  const std::string_view rest(name.data(), static_cast<std::size_t>(text.end() - name.begin()));
+  const std::string_view rest = text.substr(static_cast<std::size_t>(name.data() - text.data()));
   remark(reading, Remark::kMalformed, rest, true);
 }
 

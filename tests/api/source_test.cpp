@@ -288,7 +288,7 @@ TEST_F(SourceTest, OptionsAreReadAsFarAsTheirSizeSays) {
 TEST_F(SourceTest, NoByteOfOptionsIsReadBehindTheirSize) {
   const jt_source_options options = options_of(0, true);
   GuardedText guarded(sizeof(options));
-  for (std::size_t size = sizeof(std::size_t); size <= sizeof(options); size += sizeof(std::size_t)) {
+  for (std::size_t size = 2 * sizeof(std::size_t); size <= sizeof(options); size += sizeof(std::size_t)) {
     std::string bytes(reinterpret_cast<const char *>(&options), size - 1);
     std::memcpy(bytes.data(), &size, sizeof(size));
     char *const at = guarded.ending_at_guard(bytes);

@@ -126,7 +126,7 @@ TEST_P(Heap, AnAllocatorWithoutMemoryIsNotTheBound) {
     EXPECT_EQ(heap.allocate(10), nullptr);
     EXPECT_EQ(heap.allocate_zeroed(10), nullptr);
   }
-  EXPECT_EQ(heap.allocate(SIZE_MAX / 2), nullptr);
+  EXPECT_EQ(heap.allocate(SIZE_MAX - 64), nullptr);
   EXPECT_FALSE(heap.bound_reached);
 }
 
@@ -147,7 +147,7 @@ TEST(HeapOfAnAllocator, HandingOverWithoutMemoryLeavesTheBlockWhereItIs) {
   jt_core::Heap heap = {};
   heap.allocator = allocator.record();
   void *const block = heap.allocate(6);
-  EXPECT_EQ(heap.hand_over(block, SIZE_MAX / 2), nullptr);
+  EXPECT_EQ(heap.hand_over(block, SIZE_MAX - 64), nullptr);
   EXPECT_EQ(allocator.blocks(), 1U);
   heap.release(block);
 }
